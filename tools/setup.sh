@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that Dialwright needs and that are missing.
 #
-#   tools/setup.sh [GROUP ...]     groups: program (the default), check, desktop, bench
+#   tools/setup.sh [--list] [GROUP ...]     groups: program (the default), check, desktop, bench
 #
+# With --list it only tells what is missing.
 # It does nothing, and quickly, when all is there. It works as root, or with sudo as a plain user.
 set -euo pipefail
 
@@ -42,6 +43,11 @@ groups[bench]="
   libbenchmark-dev      # the stop-watch
 "
 
+list=
+if [ "${1-}" = --list ]; then
+  list=yes
+  shift
+fi
 [ $# -gt 0 ] || set -- program
 wanted=()
 for group; do
@@ -55,7 +61,7 @@ for group; do
 done
 
 if ! command -v dpkg-query >/dev/null; then
-  echo "setup: this is no Debian system; these packages or their like are needed: ${wanted[*]}" >&2
+  [ -n "$list" ] || echo "setup: this is no Debian system; these packages or their like are needed: ${wanted[*]}" >&2
   exit 0
 fi
 
@@ -69,6 +75,10 @@ missing_of() {
 
 read -ra missing <<<"$(missing_of "${wanted[@]}")"
 [ ${#missing[@]} -gt 0 ] || exit 0
+if [ -n "$list" ]; then
+  printf '%s\n' "${missing[@]}"
+  exit 0
+fi
 
 if [ "$(id -u)" = 0 ]; then
   as_root=(env)
