@@ -26,7 +26,7 @@ groups[check]="
   ccache                # one compilation for all work trees
   libgtest-dev          # the tests
   clang-format          # the layout of the code
-  clang-tidy            # the linter
+  clang-tidy-19         # the linter, of a version that reads all of C++20
   python3               # the checks that look at the program from outside
   python3-ezdxf         # an independent reader of our DXF
   librsvg2-bin          # an independent reader of our SVG

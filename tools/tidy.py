@@ -65,7 +65,7 @@ class Tidy:
         """Tidies one source; gives what was found in it."""
         mark = self.mark(path)
         done = subprocess.run(
-            ["clang-tidy", "--quiet", str(path), "--", "-xc++", *self.flags[str(path)]],
+            ["clang-tidy-19", "--quiet", str(path), "--", "-xc++", *self.flags[str(path)]],
             cwd=self.root, capture_output=True, text=True, check=False)
         if done.returncode == 0:
             mark.touch()
