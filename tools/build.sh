@@ -18,6 +18,9 @@ flock "$lock"
 
 log=$build/build.log
 make_it() {
+  if ! grep -qsFx "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$build/CMakeCache.txt"; then
+    rm -rf "$build"/{CMakeCache.txt,CMakeFiles,build.ninja} # none yet, or the folder was moved
+  fi
   if [ $# -gt 0 ] || [ ! -e "$build/build.ninja" ]; then
     cmake --preset "$preset" "$@" || return
   fi
