@@ -1,0 +1,50 @@
+// The display list's tables.
+#include "sheet/display_list.hpp"
+
+namespace dialwright {
+
+namespace {
+
+template <class Record>
+std::size_t bytesOf(const std::vector<Record>& records) {
+  return records.size() * sizeof(Record);
+}
+
+}  // namespace
+
+std::string_view TextRecord::recorded() const {
+  std::size_t end = 0;
+  for (std::size_t characters = 0; end < text.size() && characters < kLength; ++characters) {
+    ++end;
+    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) ++end;
+  }
+  return std::string_view(text).substr(0, end);
+}
+
+DisplayList::DisplayList() { layer("0"); }
+
+LayerId DisplayList::layer(std::string_view name) {
+  if (name.empty()) return {};
+  const auto [found, added] = numbers_.try_emplace(std::string(name), static_cast<std::uint32_t>(names_.size()));
+  if (added) names_.push_back(found->first);
+  return {found->second};
+}
+
+void DisplayList::clear() {
+  order_.clear();
+  points.clear();
+  lines.clear();
+  boxes.clear();
+  circles.clear();
+  vertices.clear();
+  texts.clear();
+}
+
+std::size_t DisplayList::bytes() const {
+  std::size_t bytes = bytesOf(order_) + bytesOf(points) + bytesOf(lines) + bytesOf(boxes) + bytesOf(circles) +
+                      bytesOf(vertices) + bytesOf(texts);
+  for (const TextRecord& text : texts) bytes += text.text.size();
+  return bytes;
+}
+
+}  // namespace dialwright

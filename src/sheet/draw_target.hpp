@@ -1,0 +1,34 @@
+// What the sheet draws on: a screen, a printer, or a recorder in a test.
+#pragma once
+
+#include <string_view>
+
+#include "sheet/colour.hpp"
+
+namespace dialwright {
+
+// A circle or an arc in target units. Angles are radians, counter-clockwise from the x axis; an end angle of 0 means the
+// whole circle, a negative angle that the arc is closed by a radius at that end.
+struct TargetCircle {
+  double x, y, radius;
+  double aspect;
+  double startAngle, endAngle;
+  Rgb colour;
+  Rgb fill;  // kNoFill for none
+};
+
+// Positions are in twips from the target's top-left corner, x to the right and y downwards.
+class DrawTarget {
+ public:
+  virtual ~DrawTarget() = default;
+
+  virtual void clear() = 0;
+  virtual void line(double x1, double y1, double x2, double y2, Rgb colour, int width) = 0;
+  virtual void point(double x, double y, Rgb colour) = 0;
+  virtual void circle(const TargetCircle& circle) = 0;
+  virtual void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) = 0;
+  // The text's upper left corner stands at (x, y).
+  virtual void text(double x, double y, std::string_view text, Rgb colour) = 0;
+};
+
+}  // namespace dialwright
