@@ -8,6 +8,9 @@
 #include <string_view>
 
 #include "app/drivers.hpp"
+#include "persist/dizionario.hpp"
+#include "persist/parametri.hpp"
+#include "persist/project.hpp"
 #include "shell/clicks.hpp"
 #include "shell/run.hpp"
 
@@ -59,14 +62,23 @@ class Program {
   // The Run button.
   RunResult CmdRun_Click();
 
+  // Stores the panel's chief inputs for the next starts. Throws FileError.
+  void SalvaDefault();
+
+  // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
+  LoadResult CaricaProgetto(const std::filesystem::path& path);
+
   // A new, empty sheet of the size that the program started with.
   void NuovoFoglio();
 
  private:
+  void loadLanguage();
   Ports portsOfRun() const;
 
   ProgramConfig config_;
   std::filesystem::path cartellaDXF_;
+  Dizionario dictionary_;
+  Parametri store_;
   Panel panel_;
   DialParams params_;
   SheetPlot sheet_;
