@@ -132,6 +132,8 @@ std::string Dizionario::T(std::string_view text) const {
   return found == entries_.end() ? std::string(text) : found->second;
 }
 
+bool Dizionario::has(std::string_view text) const { return entries_.contains(upperCase(text)); }
+
 void TraduciFinestra(Panel& panel, std::string_view window, std::string_view key,
                      const fs::path& folder, Dizionario& dictionary) {
   if (key.empty()) return;
