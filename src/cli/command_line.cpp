@@ -10,7 +10,6 @@
 #include "cli/errors.hpp"
 #include "cli/request.hpp"
 #include "cli/words.hpp"
-#include "persist/safe_file.hpp"
 
 namespace dialwright {
 
@@ -115,11 +114,12 @@ int parseFailure(const CLI::App& app, const CLI::ParseError& error, int argc, ch
   if (!first.empty() && first[0] != '-' && std::find(words.begin(), words.end(), first) == words.end()) {
     return usageError(suggest(app, first));
   }
-  if (error.get_name() == "ExtrasError") {
-    for (const CLI::App* sub : app.get_subcommands()) {
-      const std::vector<std::string> extras = sub->remaining();
-      if (!extras.empty()) return usageError(suggest(app, extras.front()));
-    }
+  // A word too many stands at the end of the parser's sentence.
+  const std::string sentence = error.what();
+  const std::size_t extra = sentence.find(": -");
+  const bool tooMany = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+  if (tooMany && extra != std::string::npos) {
+    return usageError(suggest(app, sentence.substr(extra + 2, sentence.find(' ', extra + 2) - extra - 2)));
   }
   return usageError(error.what());
 }
