@@ -85,7 +85,7 @@ class Output {
   }
 
  private:
-  static constexpr std::size_t kBlock = 64 * 1024;
+  static constexpr std::size_t kBlock = 65536;
 
   void send(std::string_view bytes) const {
     while (!bytes.empty()) {
