@@ -107,7 +107,7 @@ void SheetPlot::xLine(double x1, double y1, double x2, double y2, Rgb colour, co
 
 void SheetPlot::draw(const LineRecord& line) {
   Segment segment{line.x1, line.y1, line.x2, line.y2};
-  if (line.layer != axesLayer_ && line.layer != pagesLayer_) {
+  if (mirrors(line.layer)) {
     segment = {line.x1 * signX_, line.y1 * signY_, line.x2 * signX_, line.y2 * signY_};
   }
   drawClipped(segment, line.colour, line.width);
