@@ -13,10 +13,12 @@ struct Project {
   SheetPlot sheet;
   std::string bytes;
 
-  Project() {
+  // With a text of that many characters in one field.
+  explicit Project(std::int64_t length) {
     DialParams params;
     clickItem(panel, params, Item::mnuVertSph,
               [](std::string_view text) { return std::string(text); });
+    panel.setText(Field::txtLocation, std::string(static_cast<std::size_t>(length), 'x'));
     bytes = progettoDi(panel, sheet);
   }
 };
@@ -26,7 +28,7 @@ void countBytes(benchmark::State& state, const Project& project) {
 }
 
 void threeCopies(benchmark::State& state) {
-  const Project project;
+  const Project project(state.range());
   for (auto _ : state) {
     std::string copy = Ricomponi(Ricomponi(Ricomponi(project.bytes)));
     benchmark::DoNotOptimize(copy.data());
@@ -35,7 +37,7 @@ void threeCopies(benchmark::State& state) {
 }
 
 void saving(benchmark::State& state) {
-  const Project project;
+  const Project project(state.range());
   for (auto _ : state) {
     std::string bytes = progettoDi(project.panel, project.sheet);
     benchmark::DoNotOptimize(bytes.data());
@@ -44,7 +46,7 @@ void saving(benchmark::State& state) {
 }
 
 void loading(benchmark::State& state) {
-  Project project;
+  Project project(state.range());
   for (auto _ : state) {
     bool loaded = leggiProgetto(project.bytes, project.panel, project.sheet);
     benchmark::DoNotOptimize(loaded);
@@ -52,9 +54,9 @@ void loading(benchmark::State& state) {
   countBytes(state, project);
 }
 
-BENCHMARK(threeCopies);
-BENCHMARK(saving);
-BENCHMARK(loading);
+BENCHMARK(threeCopies)->Arg(4)->Arg(1'000'000);
+BENCHMARK(saving)->Arg(4)->Arg(1'000'000);
+BENCHMARK(loading)->Arg(4)->Arg(1'000'000);
 
 }  // namespace
 }  // namespace dialwright

@@ -71,6 +71,19 @@ TEST(ReplaceFile, KeepsPermissionsAndLinks) {
   EXPECT_EQ(status.st_mode & 0777, 0640u);
 }
 
+TEST(ReplaceFile, KeepsTheOwner) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
+  const Folder folder;
+  folder.put("file", "old");
+  ASSERT_EQ(::chown((folder / "file").c_str(), 1234, 4321), 0);
+  replaceFile(folder / "file", "new");
+  struct stat status {};
+  ASSERT_EQ(::stat((folder / "file").c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, 1234u);
+  EXPECT_EQ(status.st_gid, 4321u);
+  EXPECT_EQ(folder.get("file"), "new");
+}
+
 TEST(ReplaceFile, LeavesReadOnlyFilesAndFoldersAlone) {
   const Folder folder;
   folder.put("file", "old");
