@@ -1,4 +1,5 @@
-// Starting the viewer in a session of its own, so that it outlives the program and leaves no zombie behind.
+// Starting the viewer in a session of its own, so that it outlives the program and leaves no zombie
+// behind.
 #include "app/viewer.hpp"
 
 #include <fcntl.h>

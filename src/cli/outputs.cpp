@@ -4,13 +4,13 @@
 #include <array>
 #include <iostream>
 
-#include "cli/errors.hpp"
 #include "app/viewer.hpp"
+#include "cli/errors.hpp"
 #include "persist/safe_file.hpp"
-#include "shell/names.hpp"
 #include "sheet/dxf.hpp"
 #include "sheet/entity_list.hpp"
 #include "sheet/svg.hpp"
+#include "shell/names.hpp"
 
 namespace dialwright {
 
@@ -24,10 +24,14 @@ struct FormatRow {
 };
 
 constexpr std::array kFormats = {
-    FormatRow{"dxf", [](Program& p, const Request&, const Sink& sink) { DXF_Generate(p.sheet(), p.params().PiGreco, sink); }},
-    FormatRow{"svg", [](Program& p, const Request& r, const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
-    FormatRow{"csv", [](Program& p, const Request&, const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
-    FormatRow{"txt", [](Program& p, const Request&, const Sink& sink) { writeTexts(p.sheet().list(), sink); }},
+    FormatRow{"dxf", [](Program& p, const Request&,
+                        const Sink& sink) { DXF_Generate(p.sheet(), p.params().PiGreco, sink); }},
+    FormatRow{"svg", [](Program& p, const Request& r,
+                        const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
+    FormatRow{"csv", [](Program& p, const Request&,
+                        const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
+    FormatRow{"txt", [](Program& p, const Request&,
+                        const Sink& sink) { writeTexts(p.sheet().list(), sink); }},
 };
 
 std::string allEndings() {
@@ -49,12 +53,14 @@ std::vector<Output> outputsOf(const Request& request) {
   std::vector<Output> outputs;
   for (const std::string& path : request.outputs) {
     if (path == "-") {
-      if (request.format.empty()) throw UsageError("-o - needs --format; there are " + allEndings());
+      if (request.format.empty())
+        throw UsageError("-o - needs --format; there are " + allEndings());
       outputs.push_back({path, &formatOf(request.format, "--format") - kFormats.data()});
       continue;
     }
     const std::string ending = std::filesystem::path(path).extension().string();
-    if (ending.size() < 2) throw UsageError(path + ": the file's ending chooses the format; there are " + allEndings());
+    if (ending.size() < 2)
+      throw UsageError(path + ": the file's ending chooses the format; there are " + allEndings());
     outputs.push_back({path, &formatOf(ending.substr(1), path) - kFormats.data()});
   }
   return outputs;
@@ -68,7 +74,9 @@ void writeOutputs(Program& program, const std::vector<Output>& outputs, const Re
         std::cout.write(chunk.data(), static_cast<std::streamsize>(chunk.size()));
       });
       std::cout.flush();
-      if (!std::cout) throw CommandFailure("standard output took no more: the disk may be full or the reader gone");
+      if (!std::cout)
+        throw CommandFailure(
+            "standard output took no more: the disk may be full or the reader gone");
       continue;
     }
     replaceFile(output.path, [&](const Sink& sink) { format.write(program, request, sink); });

@@ -16,7 +16,8 @@ struct Output {
   std::ptrdiff_t format;  // row of the table of formats
 };
 
-// The outputs of a request, before anything is run. Throws UsageError for an ending without a format.
+// The outputs of a request, before anything is run. Throws UsageError for an ending without a
+// format.
 std::vector<Output> outputsOf(const Request& request);
 
 // Writes them in order. Throws CommandFailure with a sentence that names the path and the cause.
