@@ -4,23 +4,11 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/fault.hpp"
+#include "numerics/projection.hpp"
 #include "sheet/sheet_plot.hpp"
 #include "shell/run.hpp"
 
 namespace dialwright {
-
-// A point of the dial's plane in metres, x to the right and y upwards.
-struct Punto {
-  double x = 0;
-  double y = 0;
-};
-
-// target := value, each coordinate by itself: one that failed keeps its old value.
-inline void assign(Punto& target, Punto value) {
-  assign(target.x, value.x);
-  assign(target.y, value.y);
-}
 
 // The drawing window of the panel; the curves are drawn inside it only.
 struct Window {
