@@ -116,6 +116,7 @@ void SheetFrame::draw(const Segment& segment, Rgb colour, int lineWidth, DrawTar
 }
 
 void SheetFrame::draw(const PointRecord& point, DrawTarget& target) const {
+  if (!holds(point.x, point.y)) return;
   target.point(toTargetX(point.x * signX), toTargetY(point.y * signY),
                black ? kBlack : point.colour);
 }

@@ -55,7 +55,8 @@ struct SheetFrame {
   // The line's ends with the signs that its layer takes.
   Segment mirrored(const LineRecord& line) const;
 
-  // Draw one record. What overflows is not drawn; polyline items never are.
+  // Draw one record. What overflows is not drawn; polyline items never are. A point is tested where
+  // it stands in its record, not where the signs take it.
   void draw(const LineRecord& line, DrawTarget& target) const;
   void draw(const PointRecord& point, DrawTarget& target) const;
   void draw(const BoxRecord& box, DrawTarget& target) const;
