@@ -69,6 +69,11 @@ Rgb inkFor(Inks inks, Rgb colour) {
 
 }  // namespace
 
+void setSource(cairo_t* cairo, Rgb colour) {
+  cairo_set_source_rgb(cairo, redOf(colour) / 255.0, greenOf(colour) / 255.0,
+                       blueOf(colour) / 255.0);
+}
+
 CairoTarget::CairoTarget(cairo_t* cairo, const StrokeLook& look) : cairo_(cairo), look_(look) {
   cairo_new_path(cairo_);
   cairo_set_line_cap(cairo_, CAIRO_LINE_CAP_ROUND);
@@ -102,10 +107,7 @@ void CairoTarget::take(const Pen& pen) {
   ++pieces_;
 }
 
-void CairoTarget::ink(Rgb colour) {
-  const Rgb shown = inkFor(look_.inks, colour);
-  cairo_set_source_rgb(cairo_, redOf(shown) / 255.0, greenOf(shown) / 255.0, blueOf(shown) / 255.0);
-}
+void CairoTarget::ink(Rgb colour) { setSource(cairo_, inkFor(look_.inks, colour)); }
 
 // The middle of the pixel that a coordinate falls on.
 double CairoTarget::snap(double at) const {
@@ -167,7 +169,7 @@ void CairoTarget::circle(const TargetCircle& circle) {
   flush();
   arcPath(circle);
   if (circle.fill >= 0) {
-    ink(circle.fill);
+    setSource(cairo_, circle.fill);  // a fill is a ground, not an ink
     cairo_fill_preserve(cairo_);
   }
   pen_ = {circle.colour, 1, false};

@@ -24,6 +24,9 @@ struct StrokeLook {
   double pixel = 0;
 };
 
+// The colour of what is painted next.
+void setSource(cairo_t* cairo, Rgb colour);
+
 // The context maps twips to the surface; whoever made it owns it. What was drawn is on the surface
 // after `flush` or at the end of this target's life.
 class CairoTarget : public DrawTarget {

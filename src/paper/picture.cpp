@@ -26,9 +26,7 @@ SheetFrame frameAt(const SheetPlot& sheet, int n) {
 }
 
 void paintGround(cairo_t* cairo, const SheetPlot& sheet, Inks inks) {
-  const Rgb ground = inks == Inks::Own ? sheet.BackColor : kWhite;
-  cairo_set_source_rgb(cairo, redOf(ground) / 255.0, greenOf(ground) / 255.0,
-                       blueOf(ground) / 255.0);
+  setSource(cairo, inks == Inks::Own ? sheet.BackColor : kWhite);
   cairo_paint(cairo);
 }
 
