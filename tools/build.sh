@@ -16,6 +16,9 @@ mkdir -p "$build"
 exec {lock}>"$build/build.lock"
 flock "$lock"
 
+# A user without a home has nowhere else to keep compilations.
+[ -w "${HOME:-/nonexistent}" ] || export CCACHE_DIR=${CCACHE_DIR:-$PWD/build/ccache}
+
 log=$build/build.log
 make_it() {
   if ! grep -qsFx "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$build/CMakeCache.txt"; then

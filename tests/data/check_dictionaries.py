@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks that the language files in data/ are whole: same keys, same order, nothing blank.
 
-Usage: check_dictionaries.py [FOLDER]; the folder defaults to the project's data/.
+Usage: check_dictionaries.py [ROOT]; ROOT, the project's folder, defaults to the one that this file is in.
 """
 
 import pathlib
@@ -77,7 +77,7 @@ def compare(path, keys, model_path, model):
 
 
 def main():
-    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT / "data"
+    folder = (pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT) / "data"
     paths = [folder / f"DB{language}Q2006.txt" for language in LANGUAGES]
     try:
         lists = [keys_of(path) for path in paths]

@@ -1,0 +1,564 @@
+// Program 1: a vertical declining dial by plane analytic geometry. The declination curves are conics in the substyle's
+// frame, the hour lines straight lines, and the construction triangle of the style is shown. The origin G of the dial's
+// coordinates is the foot of the perpendicular style.
+#include "dials/flat/verticale_luce.hpp"
+
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "dials/flat/substyle_frame.hpp"
+#include "dials/pen.hpp"
+#include "dials/site.hpp"
+#include "dials/sun.hpp"
+#include "numerics/numbers.hpp"
+#include "shell/clicks.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr Rgb kEquinoctialBlue = rgb(49, 172, 238);
+constexpr Rgb kItalicPink = rgb(255, 128, 255);
+constexpr Rgb kYellow = 65535;
+
+constexpr double kSunLineGap = 0.01;       // longest segment of a line traced by sun positions, metres
+constexpr double kHourMark = 0.002;        // radius
+constexpr double kHourLineBottom = -0.8;   // ordinate
+constexpr double kSideWall = 80;           // degrees of declination from which the centre is of no use
+constexpr double kAnalemmaPi = 3.1415926536;
+
+// A declination pair and its colour number.
+struct Pair {
+  Declination conic;
+  double declination;
+  int colour;
+};
+constexpr std::array<Pair, 3> kPairs = {{{Declination::Solstice, kSolstice, 12},
+                                         {Declination::Twentieth, kTwentieth, 13},
+                                         {Declination::Eleventh, kEleventh, 11}}};
+
+enum class HourSystem { Italic, Babylonian, Temporary };
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  double number(Field field) const { return run_.number(field); }
+  bool hasCentre() const { return std::abs(p_.DeclGradi) != 90; }
+
+  void PreparaVerticale();
+  void locateCentre();
+  Punto gnomonicCentre() const;
+  Punto noonOnEquinoctial() const;
+  double elevationByPosition() const;
+
+  void StiloConico();
+  void coneOfStyle(double elevation, Rgb colour);
+  void linesOfConicStyle();
+  void conicHours(double side, const Ink& ink);
+
+  void OreAstronomiche();
+  Punto hourPoint(double H, double f);
+  void LineeOrarie();
+  void CurveDeclinazione();
+  void curvesAtEquator();
+  void sunLines(Sweep hours, HourSystem system, Rgb colour);
+  void Analemma();
+  void analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point, double& v);
+  void analemmaAtEquator(const SunOfDay& sun, Punto& point);
+  void LineaEquinoziale();
+  void LineaSustilare();
+  void LineaMeridiana();
+  void SchemaGnomonico();
+  void letters(Punto N, Punto N2, Punto P, Punto C2);
+  void legend();
+  void ChiudiVerticale();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  Window window_;
+  Punto centre_;  // C, where the hour lines meet
+};
+
+void Drawing::all() {
+  PreparaVerticale();
+  if (on(Field::CkConic)) StiloConico();
+  const bool otherHours = on(Field::ck_Italiche) || on(Field::ck_babiloniche) || on(Field::ckTemp);
+  if (on(Field::chkOreAstronomiche) && !otherHours) OreAstronomiche();
+  if (on(Field::Ck_DayLightCurves)) CurveDeclinazione();
+  if (on(Field::ckTemp)) sunLines(run_.sweep(1, 12, 1), HourSystem::Temporary, palette(6));
+  if (on(Field::ck_Lemniscate)) {
+    // Each whole hour plots the same figure again: it thickens the points of an exported drawing.
+    for ([[maybe_unused]] const double hour : run_.sweep(6, 18, 1)) Analemma();
+  }
+  if (on(Field::ck_Equinoziale)) LineaEquinoziale();
+  if (on(Field::ck_Sustilare)) LineaSustilare();
+  LineaMeridiana();
+  SchemaGnomonico();
+  if (on(Field::ck_Orizzonte)) sheet_.xLine(-sheet_.ShiftX(), 0, sheet_.ShiftX(), 0, palette(2));
+  dot(sheet_, {0, 0}, palette(12));
+  const auto hours = [this] {
+    return run_.sweep(number(Field::TxtInizio), number(Field::TxtFine), 1, {.bound = Field::TxtFine});
+  };
+  if (on(Field::ck_Italiche)) sunLines(hours(), HourSystem::Italic, kItalicPink);
+  if (on(Field::ck_babiloniche)) sunLines(hours(), HourSystem::Babylonian, palette(13));
+  ChiudiVerticale();
+}
+
+void Drawing::PreparaVerticale() {
+  assign(p_.Stilo, number(Field::TxtStilo));
+  p_.ElevStilo = elevationByPosition();
+  if (p_.LatGradi == 0) {
+    p_.Sustilare = p_.OrarioSustilare = (p_.PiGreco / 2) * p_.SegnoDecl;
+  } else {
+    assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
+    assign(p_.OrarioSustilare, -arctan(over(std::tan(p_.Sustilare), std::sin(p_.ElevStilo))));
+  }
+  if (p_.ElevStilo != 0) {
+    assign(p_.IpotenusaStilo, over(p_.Stilo, std::sin(p_.ElevStilo)));
+    locateCentre();
+  }
+  setConics(p_);
+  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
+  p_.PuntoRiferimentoX = p_.PuntoRiferimentoY = 0;
+}
+
+double Drawing::elevationByPosition() const { return -p_.ArcSin(-std::cos(p_.LatRad) * std::cos(p_.DeclRad)); }
+
+void Drawing::locateCentre() {
+  const double distance = over(p_.Stilo, std::tan(p_.ElevStilo));
+  assign(centre_, {-distance * std::sin(p_.Sustilare), distance * std::cos(p_.Sustilare)});
+}
+
+// N2: the gnomonic centre, where the style's length falls when it is laid into the plane along the substyle.
+Punto Drawing::gnomonicCentre() const {
+  const double E2 = elevationByPosition();
+  const double B =
+      p_.LatRad == 0 ? p_.PiGreco / 2 : p_.ArcTanPieno(std::sin(p_.DeclRad), std::tan(p_.LatRad));
+  const double reach = p_.Stilo * (std::tan(E2) + over(1, std::cos(E2)));
+  Punto N2;
+  assign(N2, {reach * std::sin(B), -reach * std::cos(B)});
+  return N2;
+}
+
+// M: where the noon line meets the equinoctial.
+Punto Drawing::noonOnEquinoctial() const {
+  const double x = -p_.Stilo * std::tan(p_.DeclRad);
+  Punto M;
+  assign(M, {x, std::tan(p_.Sustilare) * x - over(p_.DistPiedeCentro, std::cos(p_.Sustilare))});
+  return M;
+}
+
+// --- The conical style, whose shadow's edge italic and babylonian hours touch.
+
+void Drawing::StiloConico() {
+  p_.ReclinRad = 0;
+  if (p_.LatRad != 0) linesOfConicStyle();
+  sheet_.ForeColor = kYellow;
+  sheet_.Dati("", 0, 0.5);
+  sheet_.Dati("ecc. " + textOf(rounded(p_.Eccentricita, 4)));
+  if (p_.LatGradi == 0 || p_.LatGradi == 90) return;
+  if (on(Field::ck_Italiche)) conicHours(-1, {kItalicPink, sheet_.layer("ita")});
+  if (on(Field::ck_babiloniche)) conicHours(+1, {palette(13), sheet_.layer("bab")});
+}
+
+void Drawing::coneOfStyle(double elevation, Rgb colour) {
+  ConicSet& conic = p_.conic(Declination::Latitude);
+  const double t = std::tan(p_.LatRad);
+  setConic(conic, p_.Stilo, elevation, t * t);
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  for (const double u : run_.sweep(-1, 1, 0.002)) {
+    const double R = radicand(conic, u);
+    if (!(R > 0)) continue;
+    const double half = std::sqrt(R);
+    dot(sheet_, turn(u, -conic.A1 / 2 + half), colour);
+    dot(sheet_, turn(u, -conic.A1 / 2 - half), colour);
+  }
+}
+
+void Drawing::linesOfConicStyle() {
+  const bool level = std::abs(p_.DeclGradi) == 90 || std::abs(p_.LatGradi) == 90;
+  const double w = level ? 0 : -std::cos(p_.LatRad) * std::cos(p_.DeclRad);
+  const double E2 = -p_.ArcSin(w);
+  assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
+  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
+  assign(p_.Eccentricita, std::abs(over(std::cos(E2), std::cos(p_.LatRad))));
+  coneOfStyle(E2, palette(p_.Eccentricita > 1 ? 14 : 10));
+
+  const double reach = p_.SegnoDecl * p_.Stilo * signOrOne(p_.LatRad);
+  const Punto T0{reach * std::cos(p_.Sustilare), reach * std::sin(p_.Sustilare)};
+  Punto C;
+  assign(C, {-p_.Stilo * std::tan(p_.DeclRad), over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
+  line(sheet_, T0, C, palette(9));
+  if (hasCentre()) line(sheet_, T0, {C.x, 0}, palette(2));
+  dot(sheet_, {0, 0}, palette(15));
+
+  const ConicSet& conic = p_.conic(Declination::Latitude);
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  const double half = root(radicand(conic, 0));
+  Punto V1, V2;
+  assign(V1, turn(0, -conic.A1 / 2 + half));
+  assign(V2, turn(0, -conic.A1 / 2 - half));
+  // The line from T0 through a vertex, produced to twice the vertex's height.
+  const auto produced = [&](Punto V) {
+    Punto end{0, 2 * V.y};
+    assign(end.x, T0.x + over((V.x - T0.x) * (end.y - T0.y), V.y - T0.y));
+    return end;
+  };
+  const bool hyperbola = p_.Eccentricita >= 1;
+  const bool facesNorth = hyperbola && std::abs(p_.DeclGradi) >= 90;
+  line(sheet_, T0, hyperbola && !facesNorth ? produced(V1) : V1, palette(10));
+  line(sheet_, T0, facesNorth ? produced(V2) : V2, palette(12));
+}
+
+// Italic (side -1) and babylonian (side +1) hours as tangents to the style's conic from the hours of the equinoctial.
+void Drawing::conicHours(double side, const Ink& ink) {
+  const ConicSet& conic = p_.conic(Declination::Latitude);
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  Pen pen(sheet_);
+  pen.dip(ink);
+  double e0 = 0;
+  double slope = 0;
+  for (const double H : run_.sweep(-90, 90, 15)) {
+    assign(e0, over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(H)));
+    assign(slope, tangentSlope(conic, e0, side));
+    const Sweep us = run_.sweep(-1, 1, 0.005);
+    for (const double u : us) {
+      const Punto point = turn(u, slope * (u - e0));
+      pen.visit(point, drawIf(u > us.first() && window_.holds(point)));
+    }
+  }
+}
+
+// --- Hours
+
+// The hour's point on the equinoctial; f is 0 where the equinoctial shrinks to a point.
+Punto Drawing::hourPoint(double H, double f) {
+  const double q = p_.OrarioSustilare - p_.CorrFuso * p_.UsaLongitudine + p_.radians(H);
+  const double u = over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(q) * f;
+  const double D = f * p_.DistPiedeCentro;
+  const double sine = std::sin(p_.Sustilare), cosine = std::cos(p_.Sustilare);
+  return {u * cosine + D * sine, u * sine - D * cosine};
+}
+
+void Drawing::OreAstronomiche() {
+  setHoursOfSideWall(run_.panel);
+  const double H0 = (number(Field::TxtInizio) - 12) * 15;
+  const double H1 = (number(Field::TxtFine) - 12) * 15;
+  readUsaLongitudine(run_);
+  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
+  const double f = p_.LatGradi == 0 && p_.DeclGradi == 0 ? 0 : 1;
+  const Punto N2 = gnomonicCentre();
+  Punto point;
+  for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
+    assign(point, hourPoint(H, f));
+    if (window_.holds(point)) circle(sheet_, point, kHourMark, palette(hourInk(H)));
+    line(sheet_, point, N2, palette(7));
+  }
+  for (const double H : run_.sweep(H0, H1, 15, {.bound = Field::TxtFine})) {
+    assign(point, hourPoint(H, f));
+    sheet_.ForeColor = palette(7);
+    sheet_.Dati(textOf(H), point.x, -point.y + 0.02);
+    const double hour = H / 15 + 12;
+    sheet_.ForeColor = palette(10);
+    sheet_.Dati(textOf(hour > 12 ? hour - 12 : hour), point.x, -point.y - 0.03);
+  }
+  sheet_.ForeColor = palette(7);
+  LineeOrarie();
+}
+
+void Drawing::LineeOrarie() {
+  readUsaLongitudine(run_);
+  const double H0 = (number(Field::TxtInizio) - 12) * 15;
+  const double H1 = (number(Field::TxtFine) - 12) * 15;
+  const double w = -p_.CorrFuso * p_.UsaLongitudine;
+  const double sine = std::sin(p_.Sustilare), cosine = std::cos(p_.Sustilare);
+  const double top = std::abs(p_.DeclGradi) > kSideWall ? 1 : centre_.y;
+  const double elevationSine = std::sin(p_.ElevStilo);
+  const double reach = over(-p_.Stilo, std::cos(p_.ElevStilo));
+  double a = 0, foot = 0, x0 = 0, m = 0;
+  for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
+    const double t = std::tan(-p_.OrarioSustilare - w - p_.radians(H));
+    assign(a, -(elevationSine * t));
+    assign(foot, reach * t);
+    assign(x0, over(foot - p_.DistPiedeCentro * a, cosine - sine * a));
+    assign(m, over(a * cosine + sine, cosine - a * sine));
+    sheet_.xLine(x0 - m * top, -top, x0 - m * kHourLineBottom, -kHourLineBottom, palette(hourInk(H)));
+  }
+}
+
+// --- Declination curves
+
+void Drawing::CurveDeclinazione() {
+  if (p_.LatGradi == 0) curvesAtEquator();
+  if (!(p_.LatGradi > 0)) return;
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  for (const double u : run_.sweep(-2, 2, p_.PassoCurva, {.step = Field::txt_Definition})) {
+    for (const Pair& pair : kPairs) {
+      const ConicSet& conic = p_.conic(pair.conic);
+      const double R = radicand(conic, u);
+      if (!(R >= 0)) continue;
+      const double half = std::sqrt(R);
+      for (const double v : {-conic.A1 / 2 + half, -conic.A1 / 2 - half}) {
+        const Punto point = turn(u, v);
+        if (window_.holds(point)) dot(sheet_, point, palette(pair.colour));
+      }
+    }
+  }
+}
+
+// On the equator the curves have their own form, without a window; a curve that does not reach this far takes with it
+// those of the greater declinations.
+void Drawing::curvesAtEquator() {
+  const double sine = std::sin(p_.DeclRad), cosine = std::cos(p_.DeclRad);
+  const double foot = -p_.Stilo * sine * std::tan(p_.DeclRad) + over(p_.Stilo, cosine);
+  const std::array<double, 3> K = {coneOf(p_, kSolstice), coneOf(p_, kTwentieth), coneOf(p_, kEleventh)};
+  std::array<double, 3> W{};
+  for (const double X : run_.sweep(-1, 1, 0.01)) {
+    const double along = -X * sine + foot;
+    const double across = X * cosine + p_.Stilo * sine;
+    for (std::size_t i = 0; i < kPairs.size(); ++i) assign(W[i], K[i] * along * along - across * across);
+    const std::size_t first = W[2] < 0 ? 3 : W[1] < 0 ? 2 : W[0] < 0 ? 1 : 0;
+    for (std::size_t i = first; i < kPairs.size(); ++i) {
+      dot(sheet_, {X, std::sqrt(W[i])}, palette(kPairs[i].colour));
+      dot(sheet_, {X, -std::sqrt(W[i])}, palette(kPairs[i].colour));
+    }
+  }
+}
+
+// --- Hours that run through the sun's positions
+
+// Hour angle of the hour T, for a semi-diurnal arc H0; radians.
+double hourAngle(HourSystem system, double T, double H0, double PiGreco) {
+  switch (system) {
+    case HourSystem::Italic: return T * PiGreco / 12 + H0 - 2 * PiGreco;
+    case HourSystem::Babylonian: return T * PiGreco / 12 - H0;
+    case HourSystem::Temporary: return H0 * (T / 6 - 1);
+  }
+  return kFault;
+}
+
+void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
+  Pen pen(sheet_, kSunLineGap);
+  pen.dip({colour});
+  const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
+  double azimuth = 0, altitude = 0;
+  Punto point;
+  for (const double T : hours) {
+    const Sweep declinations = run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
+    for (const double declination : declinations) {
+      p_.DeclSole = declination;
+      const double d = p_.radians(declination);
+      const double cosine = cosineOfSemiArc(p_.LatRad, d);
+      if (!(std::abs(cosine) < 1)) continue;
+      const double h = hourAngle(system, T, p_.ArcCos(cosine), p_.PiGreco);
+      const double sinH = std::sin(h), cosH = std::cos(h);
+      assign(azimuth, arctan(over(sinH, sinLat * cosH - cosLat * std::tan(d))));
+      if (Sgn(h) != Sgn(azimuth)) azimuth -= Sgn(azimuth - p_.DeclRad) * p_.PiGreco;
+      assign(altitude, p_.ArcSin(sinLat * std::sin(d) + cosLat * std::cos(d) * cosH));
+      const double aside = azimuth - p_.DeclRad;
+      if (!(std::abs(aside) < p_.PiGreco / 2)) continue;
+      assign(point, {p_.Stilo * std::tan(aside), over(-p_.Stilo * std::tan(altitude), std::cos(aside))});
+      if (point.y > 0) continue;
+      pen.visit(point, drawIf(declination > declinations.first() && window_.holds(point)));
+    }
+  }
+}
+
+// --- The analemma
+
+void Drawing::Analemma() {
+  const bool equator = p_.LatGradi == 0;
+  const bool facesPole = p_.DeclGradi == 0 || std::abs(p_.DeclGradi) == 180;
+  // The analemma leaves a finer circle constant behind: what follows in this run and its report is measured with it.
+  p_.PiGreco = kAnalemmaPi;
+  const double tilt = p_.radians(obliquity(47));
+  Rgb colour = 0;
+  Punto point;
+  double v = 0;
+  for (const double L : run_.sweep(-80, 280, 360 / (kDaysOfYear * 4))) {
+    const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
+    if (equator && facesPole) {
+      analemmaAtEquator(sun, point);
+    } else {
+      analemmaOfConics(sun, equator ? -1 : 1, colour, point, v);
+    }
+  }
+}
+
+// The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
+void Drawing::analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point, double& v) {
+  const double d = sun.declination;
+  const double t = std::tan(d);
+  const double K = over(1, t * t);
+  const double f = p_.OrarioSustilare - p_.CorrFuso + sun.equationOfTime;
+  if (std::abs(p_.DeclGradi) < 90 && std::abs(f) > p_.PiGreco / 2) g = 1;
+  const double sine = std::sin(p_.ElevStilo), cosine = std::cos(p_.ElevStilo);
+  const double b0 = over(p_.Stilo, cosine) * std::tan(f);
+  const double H2 = over(p_.Stilo, sine * cosine);
+  const double den = sine * sine - K * cosine * cosine;
+  ConicSet conic;
+  setConic(conic, p_.Stilo, p_.ElevStilo, K);
+  const double aa = H2 * H2 + conic.A2 * b0 * b0;
+  const double bb = (conic.A1 * H2 - 2 * conic.A2 * b0 * b0) * H2;
+  const double cc = H2 * H2 * (conic.A2 * b0 * b0 + conic.A0);
+  int branch = 1;
+  if (d < 0) {
+    branch = 3;
+    colour = palette(12);
+  }
+  const bool ellipse = root(1 - den) < 1;
+  if (ellipse) {
+    branch = 3;
+    if (d < 0) {
+      branch = 1;
+      colour = palette(3);
+    }
+  }
+  const double discriminant = bb * bb - 4 * aa * cc;
+  if (!(discriminant >= 0)) return;
+  assign(v, over(-bb + g * (branch - 2) * std::sqrt(discriminant), 2 * aa));
+  assign(point, SubstyleTurn(p_.Sustilare, p_.DistPiedeCentro)(b0 * (1 - over(v, H2)), v));
+  dot(sheet_, point, colour);
+}
+
+void Drawing::analemmaAtEquator(const SunOfDay& sun, Punto& point) {
+  const double side = std::abs(p_.DeclGradi) == 180 ? -1 : 1;
+  const double t = std::tan(-p_.CorrFuso + sun.equationOfTime);
+  assign(point.y, over(side * p_.Stilo, std::tan(sun.declination) * root(t * t + 1)));
+  assign(point.x, -side * t * point.y);
+  dot(sheet_, point, palette(6));
+}
+
+// --- Straight lines and the construction
+
+void Drawing::LineaEquinoziale() {
+  const Punto M = noonOnEquinoctial();
+  if (p_.LatGradi > 0) {
+    Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
+    pen.dip({kEquinoctialBlue, sheet_.layer("eq")});
+    const double slope = std::tan(p_.Sustilare);
+    const double drop = over(p_.DistPiedeCentro, std::cos(p_.Sustilare));
+    Punto point;
+    const Sweep xs = run_.sweep(-1, 1, 0.005);
+    for (const double X : xs) {
+      assign(point, {X, slope * X - drop});
+      pen.visit(point, drawIf(X > xs.first() && window_.holdsY(point.y)));
+    }
+  }
+  circle(sheet_, M, p_.Stilo / 100, palette(12));
+  const double radius = over(p_.Stilo, std::cos(elevationByPosition()));
+  if (sound(radius)) {
+    const Punto N2 = gnomonicCentre();
+    circle(sheet_, N2, radius, palette(13));
+    circle(sheet_, N2, radius / 100, palette(12));
+    line(sheet_, M, N2, palette(12));
+  }
+  if (p_.LatGradi == 0 && p_.DeclGradi != 0) {
+    const double X = over(p_.DistPiedeCentro, std::sin(p_.Sustilare));
+    if (sound(X)) sheet_.xLine(X, 0, X, 1, palette(9));
+  }
+}
+
+void Drawing::LineaSustilare() {
+  Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
+  pen.dip({palette(3)});
+  const double slope = std::tan(p_.Sustilare);
+  Punto point;
+  const Sweep xs = run_.sweep(-1, 1, 0.005);
+  for (const double X : xs) {
+    assign(point, {X, over(-X, slope)});
+    pen.visit(point, drawIf(X > xs.first() && window_.holds(point)));
+  }
+}
+
+void Drawing::LineaMeridiana() {
+  if (p_.DeclGradi == 180) p_.Sustilare = 0;
+  if (!hasCentre()) return;
+  locateCentre();
+  sheet_.xLine(centre_.x, -centre_.y, centre_.x, sheet_.ShiftY(), palette(12));
+}
+
+void Drawing::SchemaGnomonico() {
+  if (p_.LatGradi == 0) {
+    p_.Sustilare = p_.SegnoDecl * p_.PiGreco / 2;
+    assign(centre_, {-p_.Stilo * std::tan(p_.DeclRad), 0});
+  }
+  if (hasCentre()) line(sheet_, centre_, {0, 0}, palette(14));
+  const double E2 = elevationByPosition();
+  const double B =
+      p_.LatRad == 0 ? p_.PiGreco / 2 : p_.ArcTanPieno(std::sin(p_.DeclRad), std::tan(p_.LatRad));
+  Punto C2;
+  assign(C2, {-p_.Stilo * std::tan(p_.DeclRad), over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
+  const Punto N{p_.Stilo * std::cos(B) * p_.SegnoDecl, p_.Stilo * std::sin(B) * p_.SegnoDecl};
+  const Punto N2 = gnomonicCentre();
+  line(sheet_, N, {0, 0}, palette(13));
+  circle(sheet_, C2, p_.Stilo / 100, palette(12));
+  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
+  const Punto P{p_.DistPiedeCentro * std::sin(p_.Sustilare), -p_.DistPiedeCentro * std::cos(p_.Sustilare)};
+  line(sheet_, N, P, palette(10));
+  line(sheet_, N2, P, palette(10));
+  circle(sheet_, N, 0.01, palette(12));
+  if (!on(Field::ckFunction)) letters(N, N2, P, C2);
+  legend();
+}
+
+void Drawing::letters(Punto N, Punto N2, Punto P, Punto C2) {
+  sheet_.Dati("  N", N.x, -N.y - 0.02);
+  if (hasCentre()) {
+    sheet_.Dati("  C", C2.x, -C2.y - 0.02);
+    line(sheet_, C2, {0, 0}, palette(14));
+    line(sheet_, {centre_.x, 0}, N, palette(2));
+    line(sheet_, N, C2, kEquinoctialBlue);
+  }
+  sheet_.Dati(" N", N2.x, -N2.y - 0.01);
+  sheet_.Dati("P", P.x, -P.y);
+  sheet_.Dati(" R", centre_.x, -0.02);
+  sheet_.Dati("M   ", centre_.x - 0.02, -noonOnEquinoctial().y - 0.03);
+  sheet_.Dati("  G", 0, -0.02);
+}
+
+void Drawing::legend() {
+  sheet_.ForeColor = palette(7);
+  sheet_.Dati("  ", 0, -0.8);
+  sheet_.Dati(run_.T("  C center of the dial"));
+  sheet_.Dati(run_.T("  G origin of coordinates, foot"));
+  sheet_.Dati(run_.T("  N gnomonic point"));
+  sheet_.Dati(run_.T("  CM noon line"));
+  sheet_.Dati(run_.T("  P intersection of the substyle hour with the equinoctial line"));
+  sheet_.Dati(run_.T("  CNR : Latitude (angle)"));
+  sheet_.Dati(run_.T("  GCN : elevation (angle) of the style"));
+  sheet_.Dati(run_.T("  RNG : declination (angle) of the dial"));
+  sheet_.Dati(run_.T("  MCP : substyle angle"));
+  sheet_.Dati(run_.T("  MNP : substyle hour angle"));
+  sheet_.Dati("  ");
+}
+
+void Drawing::ChiudiVerticale() {
+  p_.SegnoDecl = signOrOne(p_.DeclRad);
+  p_.SustilareReport =
+      p_.ElevStilo < 0 ? (p_.PiGreco - std::abs(p_.Sustilare)) * p_.SegnoDecl : p_.Sustilare;
+}
+
+}  // namespace
+
+void DisegnaVerticaleLuce(Run& run) {
+  if (run.number(Field::txtLAT) < 0) {
+    run.refuse(run.T(kSouthernMessage));
+    return;
+  }
+  DisegnaCornice(run);
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T("Vertical dial, light graph by 2D analytic geometry"));
+  LeggiParametriSito(run);
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright
