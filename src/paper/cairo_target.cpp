@@ -19,6 +19,9 @@ constexpr int kMostPieces = 256;
 // Twips beyond which Cairo's own numbers end: more than a kilometre of paper.
 constexpr double kFarthest = 1e8;
 
+// Twips: a line whose ends differ by less runs along an axis.
+constexpr double kLevel = 1e-6;
+
 bool within(double value, double low, double high) { return value >= low && value <= high; }
 
 bool reachable(double x, double y) {
@@ -116,8 +119,8 @@ double CairoTarget::snap(double at) const {
 }
 
 void CairoTarget::line(double x1, double y1, double x2, double y2, Rgb colour, int width) {
-  if (x1 == x2) x1 = x2 = snap(x1);
-  if (y1 == y2) y1 = y2 = snap(y1);
+  if (std::abs(x1 - x2) < kLevel) x1 = x2 = snap(x1);
+  if (std::abs(y1 - y2) < kLevel) y1 = y2 = snap(y1);
   const bool joins = pieces_ != 0 && x1 == lastX_ && y1 == lastY_;
   const int before = pieces_;
   take({colour, std::max(width, 1), dotted_});
