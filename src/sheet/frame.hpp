@@ -30,7 +30,9 @@ struct SheetFrame {
   double signX = 1;
   double signY = 1;
   bool black = false;      // every outline in black
-  bool ownWidths = false;  // lines in the width of their record, not in 1
+  // On paper a line has the width of its record, not 1, and a line that only touches the rectangle
+  // from outside leaves nothing on it.
+  bool paper = false;
   LayerId axesLayer{};     // these two layers are never mirrored
   LayerId selectionLayer{};
   LayerId gridLayer{};  // drawn dotted, as is the selection
