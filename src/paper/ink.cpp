@@ -106,6 +106,7 @@ class InkFinder : public DrawTarget {
     page.height = pageH_;
     page.shiftX = -column * pageW_;
     page.shiftY = -row * pageH_;
+    page.paper = true;
     return page.clip(piece) != 0 && std::hypot(piece.x2 - piece.x1, piece.y2 - piece.y1) > kTouch;
   }
 
@@ -141,6 +142,7 @@ std::vector<int> inkedPages(const SheetPlot& sheet) {
   frame.factor = kTwipsPerMeter;
   frame.width = grid.columns() * sheet.PageW();
   frame.height = grid.rows() * sheet.PageH();
+  frame.paper = true;
   drawPicture(sheet, frame, finder);
   return finder.numbers();
 }

@@ -92,7 +92,7 @@ void drawPage(cairo_t* cairo, const SheetPlot& sheet, const SelectedPage& page,
   frame.height = kPageH;
   frame.shiftX -= page.x;
   frame.shiftY -= page.y;
-  frame.ownWidths = true;
+  frame.paper = true;
   cairo_save(cairo);
   cairo_rectangle(cairo, 0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
   cairo_clip(cairo);

@@ -166,7 +166,7 @@ std::string writePdf(const SheetPlot& sheet, const Sink& sink, const PictureOpti
                                      .width = options.lineWidth * kTwipsPerMeter,
                                      .textSize = textSizeAt(sheet, n)});
     SheetFrame frame = frameAt(sheet, n);
-    frame.ownWidths = true;
+    frame.paper = true;
     drawPicture(sheet, frame, target);
   }
   return finish(surface.get());

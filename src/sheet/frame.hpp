@@ -29,11 +29,11 @@ struct SheetFrame {
   double factor = kTwipsPerMeter;  // target units a metre
   double signX = 1;
   double signY = 1;
-  bool black = false;      // every outline in black
+  bool black = false;  // every outline in black
   // On paper a line has the width of its record, not 1, and a line that only touches the rectangle
   // from outside leaves nothing on it.
   bool paper = false;
-  LayerId axesLayer{};     // these two layers are never mirrored
+  LayerId axesLayer{};  // these two layers are never mirrored
   LayerId selectionLayer{};
   LayerId gridLayer{};  // drawn dotted, as is the selection
 
