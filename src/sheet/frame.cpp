@@ -96,8 +96,7 @@ int SheetFrame::clip(Segment& segment) const {
 }
 
 Segment SheetFrame::mirrored(const LineRecord& line) const {
-  if (line.layer == axesLayer || line.layer == selectionLayer)
-    return {line.x1, line.y1, line.x2, line.y2};
+  if (!mirrors(line.layer)) return {line.x1, line.y1, line.x2, line.y2};
   return {line.x1 * signX, line.y1 * signY, line.x2 * signX, line.y2 * signY};
 }
 

@@ -50,6 +50,8 @@ struct SheetFrame {
     return x >= xMin() && x < xMax() && y >= yMin() && y < yMax();
   }
 
+  bool mirrors(LayerId layer) const { return layer != axesLayer && layer != selectionLayer; }
+
   // Cuts the segment to the rectangle; 0 when nothing of it is to be drawn, else the number of
   // edge crossings that it met.
   int clip(Segment& segment) const;

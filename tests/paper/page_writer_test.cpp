@@ -135,10 +135,7 @@ TEST_F(PagesTest, ThePrinterMakesADocumentOfWhatTheSheetPrints) {
   sheet.Dati("listed");
   sheet.xLine(0.01, 0.1, x(1, 0.05), 0.1, palette(15));
   std::string bytes;
-  const Sink sink = [&](std::string_view chunk) {
-    bytes += chunk;
-    return true;
-  };
+  const Sink sink = [&](std::string_view chunk) { bytes += chunk; };
   const SelectedPage selected[] = {PageGrid(sheet).page(2), PageGrid(sheet).page(1)};
   ASSERT_EQ(writePrintout(sink, [&](Printer& printer) { PrintArea(sheet, printer, selected); }),
             "");

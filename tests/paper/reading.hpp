@@ -27,10 +27,7 @@ struct Written {
 template <class Write, class... Arguments>
 Written written(Write write, const SheetPlot& sheet, const Arguments&... arguments) {
   Written result;
-  const Sink sink = [&](std::string_view chunk) {
-    result.bytes += chunk;
-    return true;
-  };
+  const Sink sink = [&](std::string_view chunk) { result.bytes += chunk; };
   result.problem = write(sheet, sink, arguments...);
   return result;
 }
