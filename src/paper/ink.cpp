@@ -39,7 +39,11 @@ class InkFinder : public DrawTarget {
 
   void clear() override {}
 
+  // The sheet's page grid and page frames, which are dotted, are no part of the drawing.
+  void dotted(bool on) override { aid_ = on; }
+
   void line(double x1, double y1, double x2, double y2, Rgb, int) override {
+    if (aid_) return;
     const Range columns = cells(x1, x2, pageW_, grid_.columns());
     const Range rows = cells(y1, y2, pageH_, grid_.rows());
     const bool onePage = columns.first == columns.last && rows.first == rows.last;
@@ -127,6 +131,7 @@ class InkFinder : public DrawTarget {
   double pageH_;
   const CairoTarget& ruler_;
   std::vector<bool> inked_;
+  bool aid_ = false;
 };
 
 }  // namespace

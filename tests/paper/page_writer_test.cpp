@@ -7,6 +7,7 @@
 
 #include "paper/ink.hpp"
 #include "paper/reading.hpp"
+#include "sheet/view.hpp"
 
 namespace dialwright {
 namespace {
@@ -54,7 +55,8 @@ TEST_F(PagesTest, InkIsFoundWhereItFalls) {
   sheet.xLine(5, 5, 6, 6, palette(15));
   sheet.Dati("off", 5, 5);
   sheet.Dati("   ", 0.1, 0.1);
-  EXPECT_EQ(inkedPages(sheet), Numbers{});
+  SheetView(sheet).press(SheetCommand::CmdGriglia);
+  EXPECT_EQ(inkedPages(sheet), Numbers{}) << "the page grid is no ink";
 }
 
 TEST_F(PagesTest, OutlinesInkNoPageInsideThem) {
