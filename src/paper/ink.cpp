@@ -123,7 +123,8 @@ class InkFinder : public DrawTarget {
   }
 
   void mark(int column, int row) {
-    inked_[static_cast<std::size_t>(row * grid_.columns() + column)] = true;
+    const int cell = row * grid_.columns() + column;
+    inked_[static_cast<std::size_t>(cell)] = true;
   }
 
   PageGrid grid_;
