@@ -314,7 +314,9 @@ void SvgWriter::openGroup(std::string_view id, std::string_view label) {
 }
 
 void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
-  openGroup("layer" + std::to_string(n + 1), list_.name(items.layers[n]));
+  const LayerId id = items.layers[n];
+  openGroup("layer" + std::to_string(n + 1), list_.name(id));
+  if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
   items.visit(n, [this](const Item& item) { drawItem(item); });
   joiner_.close();
