@@ -49,10 +49,7 @@ std::vector<double> coordinates(const SheetPlot& sheet, double unit) {
 }
 
 Sink counter(std::size_t& bytes) {
-  return [&bytes](std::string_view chunk) {
-    bytes += chunk.size();
-    return true;
-  };
+  return [&bytes](std::string_view chunk) { bytes += chunk.size(); };
 }
 
 // write(to, number) is one call of std::to_chars.

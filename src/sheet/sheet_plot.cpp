@@ -10,6 +10,12 @@ namespace dialwright {
 
 namespace {
 
+// A call whose argument failed is a failed statement: it is skipped.
+template <class... Numbers>
+bool allSound(Numbers... numbers) {
+  return (sound(numbers) && ...);
+}
+
 // Largest side of the sheet (metres, exclusive) for each scale: 0.564 m, 32000 twips, for each step
 // of n.
 struct ScaleBand {
@@ -83,6 +89,7 @@ void SheetPlot::keep(const Record& record) {
 
 void SheetPlot::xLine(double x1, double y1, double x2, double y2, Rgb colour,
                       const LineStyle& style) {
+  if (!allSound(x1, y1, x2, y2)) return;
   const LineRecord record{x1, y1, x2, y2, colour, style.width, style.layer};
   if (style.store) keep(record);
   if (target() != nullptr) frame_.draw(record, *target());
@@ -96,6 +103,7 @@ void SheetPlot::xPset(double x, double y, Rgb colour, LayerId layer, bool store)
 }
 
 void SheetPlot::xCircle(double x, double y, double radius, Rgb colour, const CircleStyle& style) {
+  if (!allSound(x, y, radius) || !allSound(style.aspect, style.startAngle, style.endAngle)) return;
   const CircleRecord record{x,          y,          radius,           style.aspect,
                             colour,     style.fill, style.startAngle, style.endAngle,
                             style.layer};
@@ -105,6 +113,7 @@ void SheetPlot::xCircle(double x, double y, double radius, Rgb colour, const Cir
 
 void SheetPlot::xBox(double x1, double y1, double x2, double y2, Rgb colour, bool filled,
                      LayerId layer, bool store) {
+  if (!allSound(x1, y1, x2, y2)) return;
   const BoxRecord record{x1, y1, x2, y2, colour, filled, layer};
   if (store) keep(record);
   if (target() != nullptr) frame_.draw(record, *target());
@@ -131,7 +140,7 @@ void SheetPlot::xPlineEnd(LayerId layer) {
 
 void SheetPlot::OutputToPRN(DrawTarget* printer) {
   printer_ = printer;
-  frame_.ownWidths = printer != nullptr;
+  frame_.paper = printer != nullptr;
 }
 
 void SheetPlot::moveCursor(double xTwips, double yTwips) {
@@ -141,9 +150,12 @@ void SheetPlot::moveCursor(double xTwips, double yTwips) {
 
 void SheetPlot::writeText(std::string_view text, std::optional<double> x, std::optional<double> y,
                           bool store) {
+  if (!allSound(x.value_or(0), y.value_or(0))) return;
   if (x) assign(cursorX_, frame_.toTargetX(*x));
   if (y) assign(cursorY_, frame_.toTargetY(*y));
-  if (store) {
+  if (store && list_.texts.size() >= limit_) {
+    full_ = true;
+  } else if (store) {
     list_.add(TextRecord{x.value_or(cursorX_), y.value_or(cursorY_), std::string(text), xCurrentX(),
                          xCurrentY(), ForeColor});
   }
