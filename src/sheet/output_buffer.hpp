@@ -2,7 +2,7 @@
 // 64 KB come out, so that a large drawing is never held twice.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -15,7 +15,7 @@
 
 namespace dialwright {
 
-// Takes a file's bytes, chunk by chunk and in order.
+// Takes a file's bytes, chunk by chunk and in order. What it throws ends the writing.
 using Sink = std::function<void(std::string_view)>;
 
 class OutputBuffer {
@@ -41,8 +41,7 @@ class OutputBuffer {
       return *this;
     }
     need(text.size());
-    std::memcpy(at_, text.data(), text.size());
-    at_ += text.size();
+    at_ = std::copy(text.begin(), text.end(), at_);
     return *this;
   }
 
@@ -87,7 +86,7 @@ class OutputBuffer {
   }
 
  private:
-  static constexpr std::size_t kChunk = 64 * 1024;
+  static constexpr std::size_t kChunk = std::size_t{64} * 1024;
   static constexpr std::size_t kNumber = kNumberLength + 8;
 
   char* begin() { return bytes_.get(); }
