@@ -105,7 +105,7 @@ class EntityListWriter {
 }  // namespace
 
 void writeEntityList(const DisplayList& list, const Sink& sink) {
-  return EntityListWriter(list, sink).write();
+  EntityListWriter(list, sink).write();
 }
 
 void writeTexts(const DisplayList& list, const Sink& sink) {

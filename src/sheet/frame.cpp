@@ -101,10 +101,10 @@ Segment SheetFrame::mirrored(const LineRecord& line) const {
 }
 
 void SheetFrame::draw(const LineRecord& line, DrawTarget& target) const {
-  const bool dotted = line.layer == gridLayer || line.layer == selectionLayer;
-  if (dotted) target.dotted(true);
+  const bool dots = dotted(line.layer);
+  if (dots) target.dotted(true);
   draw(mirrored(line), line.colour, line.width, target);
-  if (dotted) target.dotted(false);
+  if (dots) target.dotted(false);
 }
 
 void SheetFrame::draw(const Segment& segment, Rgb colour, int lineWidth, DrawTarget& target) const {

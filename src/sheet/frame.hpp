@@ -56,6 +56,9 @@ struct SheetFrame {
   // edge crossings that it met.
   int clip(Segment& segment) const;
 
+  // True for the page grid and the selected pages.
+  bool dotted(LayerId layer) const { return layer == gridLayer || layer == selectionLayer; }
+
   // The line's ends with the signs that its layer takes.
   Segment mirrored(const LineRecord& line) const;
 

@@ -2,7 +2,7 @@
 // 64 KB come out, so that a large drawing is never held twice.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -19,7 +19,7 @@ class OutputBuffer {
  public:
   explicit OutputBuffer(Sink sink) : sink_(std::move(sink)) {}
 
-  // Hands over what is still in the buffer: the last call of every writer.
+  // Hands over what is still in the buffer; the last call of every writer.
   void flush() {
     if (at_ != begin()) sink_({begin(), used()});
     at_ = begin();
@@ -38,8 +38,7 @@ class OutputBuffer {
       return *this;
     }
     need(text.size());
-    std::memcpy(at_, text.data(), text.size());
-    at_ += text.size();
+    at_ = std::copy(text.begin(), text.end(), at_);
     return *this;
   }
 
@@ -84,7 +83,7 @@ class OutputBuffer {
   }
 
  private:
-  static constexpr std::size_t kChunk = 64 * 1024;
+  static constexpr std::size_t kChunk = std::size_t{64} * 1024;
   static constexpr std::size_t kNumber = kNumberLength + 8;
 
   char* begin() { return bytes_.get(); }

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "numerics/fault.hpp"
-#include "sheet/paper_colours.hpp"
+#include "sheet/paper_ink.hpp"
 #include "sheet/utf8.hpp"
 
 namespace dialwright {
@@ -72,7 +72,7 @@ class Inks {
   const std::string& of(Rgb colour) {
     if (colour != last_ || text_.empty()) {
       last_ = colour;
-      text_ = hex(dark_ ? colour : onPaper(colour));
+      text_ = hex(dark_ ? colour : inkOnPaper(colour));
     }
     return text_;
   }
@@ -314,7 +314,9 @@ void SvgWriter::openGroup(std::string_view id, std::string_view label) {
 }
 
 void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
-  openGroup("layer" + std::to_string(n + 1), list_.name(items.layers[n]));
+  const LayerId id = items.layers[n];
+  openGroup("layer" + std::to_string(n + 1), list_.name(id));
+  if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
   items.visit(n, [this](const Item& item) { drawItem(item); });
   joiner_.close();
@@ -491,7 +493,7 @@ void SvgWriter::text(const TextRecord& record) {
 }  // namespace
 
 void writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
-  return SvgWriter(sheet, sink, options).write();
+  SvgWriter(sheet, sink, options).write();
 }
 
 }  // namespace dialwright

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "numerics/sink.hpp"
+#include "sheet/output_buffer.hpp"
 
 namespace dialwright {
 
