@@ -1,0 +1,7 @@
+// The entry of every test executable.
+#include <gtest/gtest.h>
+
+int main(int count, char** arguments) {
+  testing::InitGoogleTest(&count, arguments);
+  return RUN_ALL_TESTS();
+}
