@@ -187,7 +187,8 @@ class Numeral {
 
 void DisegnaNumeroRomano(Run& run, double x, double y, double angleRadians, int hour, int mode) {
   if (hour < 1 || hour > 12) return;
-  const double phi = angleRadians + run.params.PiGreco * (1 - mode) / 2;
+  // The working angle grows clockwise.
+  const double phi = angleRadians + run.params.PiGreco * (mode - 1) / 2;
   Numeral(run, {x, y}, phi).draw(hour);
 }
 
