@@ -259,28 +259,37 @@ Cilindro::Cilindro(const DialParams& p, double side_)
       facesSouth(p.DeclGradi == 0),
       PiGreco(p.PiGreco) {}
 
-void azimuthOfCurve(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
-                    Ombra& shadow) {
-  assign(shadow.A, azimuthByTangent(cylinder.latitude, hour, sun));
+void turnAzimuth(const Cilindro& cylinder, const Trig& hour, Ombra& shadow) {
   if (onOtherSide(hour, shadow.A))
     shadow.A -= Sgn(shadow.A - cylinder.declination) * cylinder.PiGreco;
 }
 
-bool shadowAtAzimuth(const Cilindro& c, const Trig& hour, const SunDeclination& sun, bool zenith,
-                     Ombra& shadow) {
-  const double aside = std::sin(shadow.A - c.declination);
-  assign(shadow.q, over(c.radius + c.side * c.style, c.radius) * aside);
+bool meetSurface(const Cilindro& c, Ombra& shadow) {
+  assign(shadow.q,
+         over(c.radius + c.side * c.style, c.radius) * std::sin(shadow.A - c.declination));
   if (1 - shadow.q * shadow.q < 0) return false;
   assign(shadow.beta, arcsineByTangent(shadow.q));
   assign(shadow.theta, c.side * (shadow.beta - shadow.A + c.declination));
-  const double u = sineOfAltitude(c.latitude, hour, sun);
-  assign(shadow.h, zenith && std::abs(u) == 1 ? (c.PiGreco / 2) * Sgn(u) : arcsineByTangent(u));
   assign(shadow.point.x, c.radius * shadow.theta);
+  return true;
+}
+
+void dropShadow(const Cilindro& c, const Trig& hour, const SunDeclination& sun, Ombra& shadow) {
   // Straight down at noon: the general form has no value there.
   const bool noon = c.facesSouth && hour.value == 0;
-  assign(shadow.point.y,
-         noon ? over(-c.style, std::tan(c.latitude.value - sun.value))
-              : over(-c.radius * std::sin(shadow.theta) * std::tan(shadow.h), aside));
+  assign(shadow.point.y, noon ? over(-c.style, std::tan(c.latitude.value - sun.value))
+                              : over(-c.radius * std::sin(shadow.theta) * std::tan(shadow.h),
+                                     std::sin(shadow.A - c.declination)));
+}
+
+bool CilPuntoOmbra(const Cilindro& c, const Trig& hour, const SunDeclination& sun, Ombra& shadow,
+                   bool zenith) {
+  assign(shadow.A, azimuthByTangent(c.latitude, hour, sun));
+  turnAzimuth(c, hour, shadow);
+  if (!meetSurface(c, shadow)) return false;
+  const double u = sineOfAltitude(c.latitude, hour, sun);
+  assign(shadow.h, zenith && std::abs(u) == 1 ? (c.PiGreco / 2) * Sgn(u) : arcsineByTangent(u));
+  dropShadow(c, hour, sun, shadow);
   return true;
 }
 

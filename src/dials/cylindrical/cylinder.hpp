@@ -81,21 +81,24 @@ struct Ombra {
 // Arcsine by the arctangent alone: a fault at 1 and -1 too.
 inline double arcsineByTangent(double q) { return arctan(over(q, root(1 - q * q))); }
 
-// The azimuth in its quadrant, for the curves: by half a turn away from the surface's normal.
-void azimuthOfCurve(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
-                    Ombra& shadow);
-
-// The rest of the shadow, for shadow.A. False when the sun's ray through the tip misses the
-// cylinder. With `zenith` the sun may stand in the zenith; otherwise the altitude fails there.
-bool shadowAtAzimuth(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
-                     bool zenith, Ombra& shadow);
-
 // The shadow of the style's tip: the azimuth fixes the generator by a plane triangle of the centre,
-// the tip and the point; the altitude sets the drop along the generator.
-inline bool CilPuntoOmbra(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
-                          Ombra& shadow, bool zenith = false) {
-  azimuthOfCurve(cylinder, hour, sun, shadow);
-  return shadowAtAzimuth(cylinder, hour, sun, zenith, shadow);
-}
+// the tip and the point; the altitude sets the drop along the generator. False when the sun's ray
+// through the tip misses the cylinder. With `zenith` the sun may stand in the zenith; otherwise the
+// altitude fails there.
+bool CilPuntoOmbra(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
+                   Ombra& shadow, bool zenith = false);
+
+// --- Its steps, for the routines that take one of them in a way of their own
+
+// The azimuth that its tangent gave, in its quadrant: by half a turn, away from the surface's
+// normal.
+void turnAzimuth(const Cilindro& cylinder, const Trig& hour, Ombra& shadow);
+
+// The generator that the sun's ray through the tip meets at the azimuth; false when there is none.
+bool meetSurface(const Cilindro& cylinder, Ombra& shadow);
+
+// The drop along the generator at the altitude.
+void dropShadow(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
+                Ombra& shadow);
 
 }  // namespace dialwright
