@@ -32,8 +32,8 @@ struct HourLines {
   const char* layer;
 };
 constexpr HourLines kWholeHours{-kOuterHour, kOuterHour, 15, 12, 4, "Ore"};
-constexpr HourLines kHalfHours{-112.5, 112.5, 15, 6, 2, "mezze"};
-constexpr HourLines kQuarters{-116.25, 112.5, 7.5, 3, 1, "mezze"};
+constexpr HourLines kCappelloMezzeOre{-112.5, 112.5, 15, 6, 2, "mezze"};
+constexpr HourLines kCappelloQuarti{-116.25, 112.5, 7.5, 3, 1, "mezze"};
 
 // Curves of one day through the hours.
 struct DayCurve {
@@ -50,8 +50,11 @@ constexpr std::array<DayCurve, 7> kDays = {{{-kSolstice, 112.5, 12, "-23.445°"}
                                             {0, 112.5, 9, "eq"}}};
 constexpr std::size_t kDaysOfFunction = 2;  // with ckFunction, the solstices only
 
-// Hours counted from the horizon: the hour angle of hour k for a semi-diurnal arc a, and the side
-// that x grows to.
+// The factor of the azimuth, which is positive to the West: the East on the right, or mirrored.
+constexpr double kEastRight = -1;
+constexpr double kMirrored = +1;
+
+// Hours counted from the horizon: the hour angle of hour k for a semi-diurnal arc a.
 struct OldHours {
   Field box;
   double first, last;
@@ -64,9 +67,21 @@ struct OldHours {
 constexpr double italicHour(double pi, double k, double a) { return k * pi / 12 + a - 2 * pi; }
 constexpr double temporaryHour(double, double k, double a) { return a * (k / 6 - 1); }
 // Babylonian hours are the italic ones of the mirrored sun, numbered backwards.
-constexpr OldHours kBabylonian{Field::ck_babiloniche, 10, 24, 13, "bab1", "bab2", +1, italicHour};
-constexpr OldHours kItalic{Field::ck_Italiche, 10, 24, 12, "ita1", "ita2", -1, italicHour};
-constexpr OldHours kTemporary{Field::ckTemp, 0, 12, 11, "temp1", "temp2", -1, temporaryHour};
+constexpr OldHours kCappelloBabiloniche{
+    Field::ck_babiloniche, 10, 24, 13, "bab1", "bab2", kMirrored, italicHour};
+constexpr OldHours kCappelloItaliche{Field::ck_Italiche, 10,        24, 12, "ita1", "ita2",
+                                     kEastRight,         italicHour};
+constexpr OldHours kCappelloTemporarie{Field::ckTemp, 0,       12,         11,
+                                       "temp1",       "temp2", kEastRight, temporaryHour};
+
+// Where the light falls, and what it was found by; what fails in a sample keeps the value of the
+// sample before.
+struct Light {
+  double azimuth = 0, altitude = 0;
+  Punto point;
+
+  bool aboveHorizon() const { return point.y <= 0; }
+};
 
 class Drawing {
  public:
@@ -79,8 +94,9 @@ class Drawing {
   double numberOr0(Field field) const;
 
   void read();
-  bool project(const Trig& hour, const SunDeclination& sun, double side = -1);
-  Verdict verdict(bool notFirst) const;
+  void PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& light,
+                     double side = kEastRight) const;
+  Verdict verdict(const Light& light, bool notFirst) const;
 
   void plan();
   void hours();
@@ -89,7 +105,7 @@ class Drawing {
   void oldHours(const OldHours& family);
   void CappelloAnalemma();
   void CappelloAnalemmaOre();
-  void analemma(Pen& pen, double meridian);
+  void analemma(Pen& pen, double meridian, Light& light);
   void CappelloLineaDecl();
   void CappelloNumeri();
   void fillPanel() const;
@@ -103,24 +119,21 @@ class Drawing {
   double longitude_ = 0;   // degrees from the central meridian, West positive
   double vertex_ = 0;      // ordinate of the lowest point
   Trig latitude_{0};
-  // The last good values of a sample.
-  double azimuth_ = 0, altitude_ = 0;
-  Punto point_;
 };
 
 void Drawing::all() {
   if (on(Field::ck_Triangolo)) plan();
   if (on(Field::chkOreAstronomiche)) hours();
   if (on(Field::Ck_DayLightCurves)) CappelloDeclinazioni();
-  if (on(Field::ck_babiloniche)) oldHours(kBabylonian);
+  if (on(Field::ck_babiloniche)) oldHours(kCappelloBabiloniche);
   if (on(Field::ck_Lemniscate)) {
     if (on(Field::Ck_Section))
       CappelloAnalemmaOre();
     else
       CappelloAnalemma();
   }
-  if (on(Field::ck_Italiche)) oldHours(kItalic);
-  if (on(Field::ckTemp)) oldHours(kTemporary);
+  if (on(Field::ck_Italiche)) oldHours(kCappelloItaliche);
+  if (on(Field::ckTemp)) oldHours(kCappelloTemporarie);
   // With both boxes on, the numerals are drawn twice.
   if (on(Field::ckArabi)) CappelloNumeri();
   if (on(Field::ckRomani)) CappelloNumeri();
@@ -151,18 +164,18 @@ void Drawing::read() {
   assign(vertex_, -g_ * std::tan(highest));
 }
 
-// PuntoCappello: the light's point for a sun into point_.
-bool Drawing::project(const Trig& hour, const SunDeclination& sun, double side) {
-  assign(azimuth_, azimuthByTangent(latitude_, hour, sun));
-  if (onOtherSide(hour, azimuth_)) azimuth_ += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
-  assign(altitude_, p_.ArcSin(sineOfAltitude(latitude_, hour, sun)));
-  assign(point_, {side * R_ * azimuth_, -g_ * std::tan(altitude_)});
-  return point_.y <= 0;
+// The light's point for a sun.
+void Drawing::PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& light,
+                            double side) const {
+  assign(light.azimuth, azimuthByTangent(latitude_, hour, sun));
+  if (onOtherSide(hour, light.azimuth)) light.azimuth += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
+  assign(light.altitude, p_.ArcSin(sineOfAltitude(latitude_, hour, sun)));
+  assign(light.point, {side * R_ * light.azimuth, -g_ * std::tan(light.altitude)});
 }
 
 // The first sample of a loop never draws; with the horizon on, nor does the sun below it.
-Verdict Drawing::verdict(bool notFirst) const {
-  return drawIf(notFirst && (!on(Field::ck_Orizzonte) || point_.y <= 0));
+Verdict Drawing::verdict(const Light& light, bool notFirst) const {
+  return drawIf(notFirst && (!on(Field::ck_Orizzonte) || light.aboveHorizon()));
 }
 
 // The circles of the cylinder and of the hat, below the origin.
@@ -176,19 +189,20 @@ void Drawing::plan() {
 void Drawing::hours() {
   hourLines(kWholeHours);
   const double divisions = run_.number(Field::TxtHour);
-  if (divisions == 2 || divisions == 4) hourLines(kHalfHours);
-  if (divisions == 4) hourLines(kQuarters);
+  if (divisions == 2 || divisions == 4) hourLines(kCappelloMezzeOre);
+  if (divisions == 4) hourLines(kCappelloQuarti);
 }
 
 void Drawing::hourLines(const HourLines& lines) {
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(lines.colour), sheet_.layer(lines.layer), lines.width});
+  Light light;
   for (const double t : run_.sweep(lines.first, lines.last, lines.step)) {
     const Trig hour(p_.radians(t - longitude_ * p_.UsaLongitudine));
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
     for (const double declination : days) {
-      project(hour, SunDeclination(p_.radians(declination)));
-      pen.visit(point_, verdict(declination > days.first()));
+      PuntoCappello(hour, SunDeclination(p_.radians(declination)), light);
+      pen.visit(light.point, verdict(light, declination > days.first()));
     }
   }
 }
@@ -199,27 +213,29 @@ void Drawing::oldHours(const OldHours& family) {
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(family.colour),
            sheet_.layer(on(Field::ck_Orizzonte) ? family.above : family.all), 4});
+  Light light;
   for (const double k : run_.sweep(family.first, family.last, 1)) {
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
     for (const double declination : days) {
       const SunDeclination sun(p_.radians(declination));
       const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.value));
       if (!sound(semiArc)) continue;
-      const bool up = project(Trig(family.hourAngle(p_.PiGreco, k, semiArc)), sun, family.side);
-      if (up) pen.visit(point_, verdict(declination > days.first()));
+      PuntoCappello(Trig(family.hourAngle(p_.PiGreco, k, semiArc)), sun, light, family.side);
+      if (light.aboveHorizon()) pen.visit(light.point, verdict(light, declination > days.first()));
     }
   }
 }
 
 void Drawing::CappelloNumeri() {
   const SunDeclination sun(p_.radians(numberOr0(Field::txtLineofdeclination)));
+  Light light;
   for (const double t : run_.sweep(-kOuterHour, kOuterHour, 15)) {
-    project(Trig(p_.radians(t - longitude_ * p_.UsaLongitudine)), sun);
+    PuntoCappello(Trig(p_.radians(t - longitude_ * p_.UsaLongitudine)), sun, light);
     const int hour = static_cast<int>(t > 0 ? t / 15 : 12 + t / 15);
     if (on(Field::ckRomani)) {
-      DisegnaNumeroRomano(run_, point_.x, point_.y, p_.PiGreco / 2, hour, 1);
+      DisegnaNumeroRomano(run_, light.point.x, light.point.y, p_.PiGreco / 2, hour, 1);
     } else {
-      DisegnaNumeroArabo(run_, point_.x, point_.y, 90, hour, hour >= 10 ? 2 : 1);
+      DisegnaNumeroArabo(run_, light.point.x, light.point.y, 90, hour, hour >= 10 ? 2 : 1);
     }
   }
 }
@@ -232,6 +248,7 @@ void Drawing::CappelloDeclinazioni() {
   const bool horizon = on(Field::ck_Orizzonte);
   const std::size_t count = on(Field::ckFunction) ? kDaysOfFunction : kDays.size();
   Punto last;
+  Light light;
   for (std::size_t i = 0; i < count; ++i) {
     const DayCurve& day = kDays[i];
     Pen pen(sheet_, i == 0 ? Pen::kNoLimit : kDayGap, Stroke::FromPrevious);
@@ -240,8 +257,8 @@ void Drawing::CappelloDeclinazioni() {
     const SunDeclination sun(p_.radians(day.declination));
     const Sweep hours = run_.sweep(-day.lastHour, day.lastHour, kStep);
     for (const double t : hours) {
-      project(Trig(p_.radians(t)), sun);
-      pen.visit(point_, verdict(i == 0 || horizon ? t > hours.first() : t == -120));
+      PuntoCappello(Trig(p_.radians(t)), sun, light);
+      pen.visit(light.point, verdict(light, i == 0 || horizon ? t > hours.first() : t == -120));
     }
     last = pen.previous();
   }
@@ -253,37 +270,42 @@ void Drawing::CappelloLineaDecl() {
   const SunDeclination sun(p_.radians(declination));
   Pen pen(sheet_, kDayGap, Stroke::FromPrevious);
   pen.dip({palette(10), sheet_.layer(textOf(declination)), 4});
+  Light light;
   const Sweep hours = run_.sweep(-120, 121, kStep);
   for (const double t : hours) {
-    const bool up = project(Trig(p_.radians(t - kCentralMeridian * p_.UsaLongitudine)), sun);
-    pen.visit(point_, drawIf(up && t > hours.first()));
+    PuntoCappello(Trig(p_.radians(t - kCentralMeridian * p_.UsaLongitudine)), sun, light);
+    pen.visit(light.point, drawIf(light.aboveHorizon() && t > hours.first()));
   }
 }
 
 // --- Analemmas, by the mirrored sun
 
 void Drawing::CappelloAnalemma() {
-  p_.LonAbs = p_.CorrFuso;
+  p_.LonAbs = p_.CorrFuso;  // of an earlier dial's run: this one has no zone
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(10), sheet_.layer("analemma"), 4});
-  analemma(pen, longitude_);
+  Light light;
+  analemma(pen, longitude_, light);
 }
 
-// One analemma for each division of the hours that have a line, then once more for each whole hour.
+// One analemma for each division of the hours that have an hour line, five in the morning to seven
+// in the evening, and one more for each whole hour. The panel has no field for their range; who
+// asks for them expects one on every hour line.
 void Drawing::CappelloAnalemmaOre() {
-  p_.LonAbs = p_.CorrFuso;
+  p_.LonAbs = p_.CorrFuso;  // of an earlier dial's run: this one has no zone
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(10), sheet_.layer("analemma"), 4});
+  Light light;
   for (const double step : {over(15, run_.number(Field::TxtHour)), 15.0}) {
     for (const double t : run_.sweep(-kOuterHour, kOuterHour, step, {.step = Field::TxtHour})) {
-      analemma(pen, longitude_ + t);
+      analemma(pen, longitude_ + t, light);
     }
   }
 }
 
 // The mean sun's place through the year, or through the half that the options choose, at a meridian
 // in degrees.
-void Drawing::analemma(Pen& pen, double meridian) {
+void Drawing::analemma(Pen& pen, double meridian, Light& light) {
   const bool half = on(Field::CheckL);
   const bool firstHalf = on(Field::Optconcave);
   const double tilt = p_.radians(obliquity(47));
@@ -291,9 +313,9 @@ void Drawing::analemma(Pen& pen, double meridian) {
       run_.sweep(half && !firstHalf ? 91 : -90, half && firstHalf ? 90 : 270, 360 / kDaysOfYear);
   for (const double L : longitudes) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
-    project(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(meridian)),
-            SunDeclination(sun.declination), +1);
-    pen.visit(point_, verdict(L > longitudes.first()));
+    PuntoCappello(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(meridian)),
+                  SunDeclination(sun.declination), light, kMirrored);
+    pen.visit(light.point, verdict(light, L > longitudes.first()));
   }
 }
 

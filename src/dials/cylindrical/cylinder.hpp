@@ -12,8 +12,7 @@ namespace dialwright {
 
 // --- The record
 
-// SegnoCilindro and CodiceCilindro from OptConvex, the style's length, and the solstice's cone in
-// the record.
+// SegnoCilindro and CodiceCilindro from OptConvex, and the style's length.
 void LeggiCilindro(Run& run);
 
 // SegnoCurva, the copy of the sign that the curves work with: -1 with Optconcave selected, else +1.

@@ -19,14 +19,19 @@ namespace dialwright {
 
 namespace {
 
-constexpr double kStep = 0.05;  // degrees from sample to sample, whatever the definition
-constexpr double kHourGap =
-    0.01;  // longest segment of the hours, the substyle and the equinoctial, metres
-constexpr double kCurveGap = 0.012;  // of the declination curves and the old hours
+constexpr double kStep = 0.05;     // degrees from sample to sample, whatever the definition
+constexpr double kLastHour = 120;  // degrees either side of noon
+
+// Upper bounds of the sun's declination: of the hours, and of those from sunrise and sunset.
+constexpr double kLastDay = 23.45;
+constexpr double kLastOldDay = 23.44;
+
+// Longest segments, metres: of the hours, the substyle and the equinoctial; of the declination
+// curves and the old hours; of the analemma.
+constexpr double kHourGap = 0.01;
+constexpr double kCurveGap = 0.012;
 constexpr double kAnalemmaGap = 0.005;
-constexpr double kLastHour = 120;      // degrees either side of noon
-constexpr double kLastDay = 23.45;     // upper bounds of the sun's declination: of the hours,
-constexpr double kLastOldDay = 23.44;  // and of the hours that are counted from sunrise and sunset
+
 constexpr Rgb kFreeLine = rgb(255, 127, 39);
 
 struct DayCurve {
@@ -34,9 +39,9 @@ struct DayCurve {
   int colour;
   const char* layer;
 };
-constexpr std::array<DayCurve, 3> kWinter = {
+constexpr std::array<DayCurve, 3> kCilDeclInverno = {
     {{-kSolstice, 12, "-23.445°"}, {-kTwentieth, 13, "-20.15°"}, {-kEleventh, 11, "-11.47°"}}};
-constexpr std::array<DayCurve, 3> kSummer = {
+constexpr std::array<DayCurve, 3> kCilDeclEstate = {
     {{kSolstice, 12, "23.445°"}, {kTwentieth, 13, "20.15°"}, {kEleventh, 11, "11.47°"}}};
 
 // Hours counted from the horizon: the hour angle of hour k for a semi-diurnal arc a.
@@ -46,13 +51,12 @@ struct OldHours {
   int colour;
   double (*hourAngle)(double PiGreco, double k, double a);
 };
-constexpr std::array<OldHours, 3> kOldHours = {{
-    {Field::ck_Italiche, 5, 23, 12,
-     [](double pi, double k, double a) { return k * pi / 12 + a - 2 * pi; }},
-    {Field::ck_babiloniche, 1, 18, 13,
-     [](double pi, double k, double a) { return k * pi / 12 - a; }},
-    {Field::ckTemp, 1, 12, 6, [](double, double k, double a) { return a * (k / 6 - 1); }},
-}};
+constexpr double italicHour(double pi, double k, double a) { return k * pi / 12 + a - 2 * pi; }
+constexpr double babylonianHour(double pi, double k, double a) { return k * pi / 12 - a; }
+constexpr double temporaryHour(double, double k, double a) { return a * (k / 6 - 1); }
+constexpr OldHours kCilItaliche{Field::ck_Italiche, 5, 23, 12, italicHour};
+constexpr OldHours kCilBabiloniche{Field::ck_babiloniche, 1, 18, 13, babylonianHour};
+constexpr OldHours kCilTemporarie{Field::ckTemp, 1, 12, 6, temporaryHour};
 
 // A curve routine's cylinder, shadow and pen.
 class Curve {
@@ -119,8 +123,8 @@ void Drawing::all() {
   if (on(Field::chkOreAstronomiche)) CilOre();
   if (on(Field::ckArabi) || on(Field::ckRomani)) CilNumeri();
   if (on(Field::Ck_DayLightCurves)) {
-    CilDeclinazioni(kWinter);
-    CilDeclinazioni(kSummer);
+    CilDeclinazioni(kCilDeclInverno);
+    CilDeclinazioni(kCilDeclEstate);
   }
   if (on(Field::ck_Lemniscate)) CilAnalemma();
   if (on(Field::ck_Equinoziale)) CilEquinoziale();
@@ -130,7 +134,7 @@ void Drawing::all() {
   if (std::abs(p_.DeclGradi) != 90 && on(Field::ck_Triangolo)) CilTriangolo(run_);
   if (on(Field::ck_Sustilare)) CilSustilare();
   CilPiede(run_);
-  for (const OldHours& family : kOldHours) {
+  for (const OldHours& family : {kCilItaliche, kCilBabiloniche, kCilTemporarie}) {
     if (on(family.box)) oldHours(family);
   }
   if (on(Field::Ck_Section)) CilSezione(run_);
