@@ -239,9 +239,6 @@ void Drawing::CilEquinoziale() {
   Ombra& shadow = curve.shadow;
   const SunDeclination sun(0);
   const bool equator = p_.LatRad == 0;
-  // The declination that stands from the routine before it has its say, but it is never below the
-  // solstice's.
-  const bool afterSolstice = p_.DeclSole > -kSolstice;
   const Sweep hours = run_.sweep(-90, 90, kStep);
   for (const double t : hours) {
     const Trig hour(p_.radians(t));
@@ -255,7 +252,7 @@ void Drawing::CilEquinoziale() {
     // the sample out.
     const bool noon = cylinder.facesSouth && hour.value == 0;
     if (!noon && shadow.A - cylinder.declination == 0) shadow.point.y = p_.PiGreco / 2;
-    curve.join(drawIf(afterSolstice && t > hours.first()));
+    curve.join(drawIf(t > hours.first()));
   }
 }
 
