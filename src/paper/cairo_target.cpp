@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <numbers>
 #include <string>
 
 #include "sheet/paper_colours.hpp"
+#include "sheet/utf8.hpp"
 
 namespace dialwright {
 
@@ -19,41 +19,28 @@ constexpr int kMostPieces = 256;
 // Twips beyond which Cairo's own numbers end: more than a kilometre of paper.
 constexpr double kFarthest = 1e8;
 
+// Twips: a line whose ends differ by less runs along an axis.
+constexpr double kLevel = 1e-6;
+
 bool within(double value, double low, double high) { return value >= low && value <= high; }
 
 bool reachable(double x, double y) {
   return within(x, -kFarthest, kFarthest) && within(y, -kFarthest, kFarthest);
 }
 
-// The bytes of the UTF-8 character at the head of the text; 0 where there is none.
-std::size_t characterLength(std::string_view text) {
-  constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};  // of a form of so many bytes
-  const auto lead = static_cast<unsigned char>(text[0]);
-  if (lead < 0x80) return 1;
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC0 || lead > 0xF7 || length > text.size()) return 0;
-  std::uint32_t code = lead & (0x7Fu >> length);
-  for (const char c : text.substr(1, length - 1)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if ((byte & 0xC0) != 0x80) return 0;
-    code = code << 6 | (byte & 0x3Fu);
-  }
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  return code >= kLeast[length] && code <= 0x10FFFF && !surrogate ? length : 0;
-}
-
-// The text with a question mark for each control character and each byte that is no UTF-8, which
-// Cairo would refuse together with all that follows.
+// The text as Cairo takes it: it would refuse bytes that are no UTF-8, and all that follows them.
 std::string wellFormed(std::string_view text) {
   std::string result;
   while (!text.empty()) {
-    const std::size_t length = characterLength(text);
-    if (length == 0 || static_cast<unsigned char>(text[0]) < ' ') {
-      result += '?';
+    const auto [code, length] = firstCharacter(text);
+    if (code == kReplacement) {
+      result += "\xEF\xBF\xBD";
+    } else if (code < U' ') {
+      result += ' ';
     } else {
       result += text.substr(0, length);
     }
-    text.remove_prefix(std::max<std::size_t>(length, 1));
+    text.remove_prefix(length);
   }
   return result;
 }
@@ -109,6 +96,13 @@ void CairoTarget::take(const Pen& pen) {
 
 void CairoTarget::ink(Rgb colour) { setSource(cairo_, inkFor(look_.inks, colour)); }
 
+// A fill stays in its colour when the outlines are black; one in the colour of the ground is the
+// paper's.
+void CairoTarget::fillInk(Rgb colour) {
+  if (look_.inks == Inks::Own) return setSource(cairo_, colour);
+  setSource(cairo_, colour == look_.ground ? kWhite : onPaper(colour));
+}
+
 // The middle of the pixel that a coordinate falls on.
 double CairoTarget::snap(double at) const {
   if (look_.pixel == 0) return at;
@@ -116,8 +110,8 @@ double CairoTarget::snap(double at) const {
 }
 
 void CairoTarget::line(double x1, double y1, double x2, double y2, Rgb colour, int width) {
-  if (x1 == x2) x1 = x2 = snap(x1);
-  if (y1 == y2) y1 = y2 = snap(y1);
+  if (std::abs(x1 - x2) < kLevel) x1 = x2 = snap(x1);
+  if (std::abs(y1 - y2) < kLevel) y1 = y2 = snap(y1);
   const bool joins = pieces_ != 0 && x1 == lastX_ && y1 == lastY_;
   const int before = pieces_;
   take({colour, std::max(width, 1), dotted_});
@@ -168,8 +162,10 @@ void CairoTarget::circle(const TargetCircle& circle) {
   if (!mapped || !reachable(circle.x, circle.y) || !within(circle.radius, 0, kFarthest)) return;
   flush();
   arcPath(circle);
-  if (circle.fill >= 0) {
-    setSource(cairo_, circle.fill);  // a fill is a ground, not an ink
+  // Only what is closed is filled: a whole circle or a slice.
+  const bool closed = circle.endAngle == 0 || (circle.startAngle < 0 && circle.endAngle < 0);
+  if (circle.fill >= 0 && closed) {
+    fillInk(circle.fill);
     cairo_fill_preserve(cairo_);
   }
   pen_ = {circle.colour, 1, false};

@@ -18,7 +18,8 @@ enum class Inks {
 // How strokes look, in twips.
 struct StrokeLook {
   Inks inks = Inks::Own;
-  double width = 15;  // of a line of width 1
+  Rgb ground = kBlack;  // of the sheet
+  double width = 15;    // of a line of width 1
   double textSize = 160;
   // The side of a pixel: lines along the axes are laid on whole pixels. 0 for a target without.
   double pixel = 0;
@@ -60,6 +61,7 @@ class CairoTarget : public DrawTarget {
 
   void take(const Pen& pen);
   void ink(Rgb colour);
+  void fillInk(Rgb colour);
   double snap(double at) const;
   void arcPath(const TargetCircle& circle) const;
 

@@ -247,13 +247,13 @@ class SvgWriter {
   SvgWriter(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options)
       : sheet_(sheet), list_(sheet.list()), dark_(options.dark), out_(sink), inks_(options.dark) {}
 
-  bool write() {
+  void write() {
     open();
     const ItemsByLayer items(list_);
     for (std::size_t n = 0; n < items.layers.size(); ++n) layer(items, n);
     texts();
     out_ << "</svg>\n";
-    return out_.flush();
+    out_.flush();
   }
 
  private:
@@ -490,7 +490,7 @@ void SvgWriter::text(const TextRecord& record) {
 
 }  // namespace
 
-bool writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
+void writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
   return SvgWriter(sheet, sink, options).write();
 }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include <cmath>
 #include <string>
 #include <utility>
@@ -218,10 +220,13 @@ TEST_F(DxfTest, LayerNamesStayOnOneLineInWindows1252) {
   EXPECT_EQ(values(8), (Groups{"23.445\xb0", "a_b__c", "____&", "_", "_", "0"}));
 }
 
-TEST_F(DxfTest, TheWriterReportsASinkThatRefuses) {
+TEST_F(DxfTest, WhatASinkThrowsEndsTheWriting) {
   for (int i = 0; i < 5000; ++i) sheet.xLine(0, 0, 1.0 / 3, 1.0 / 7, kWhite);
   int calls = 0;
-  EXPECT_FALSE(DXF_Generate(sheet, kPi, [&calls](std::string_view) { return ++calls < 2; }));
+  const Sink full = [&calls](std::string_view) {
+    if (++calls == 2) throw std::runtime_error("full");
+  };
+  EXPECT_THROW(DXF_Generate(sheet, kPi, full), std::runtime_error);
   EXPECT_EQ(calls, 2) << "it is not asked again";
 }
 
