@@ -288,9 +288,7 @@ TEST(CylindricalDial, TheSectionIsThePlanToScale) {
     const double from = -slice->startAngle, to = -slice->endAngle;
     EXPECT_NEAR(std::remainder(to - from, 2 * pi), rad(std::abs(wall.declination)), 1e-8);
     const double toFoot = std::atan2(-(foot.y - centre.y), foot.x - centre.x);
-    EXPECT_NEAR(std::min(std::abs(std::remainder(from - toFoot, 2 * pi)),
-                         std::abs(std::remainder(to - toFoot, 2 * pi))),
-                0, 1e-8);
+    EXPECT_NEAR(std::sin(from - toFoot) * std::sin(to - toFoot), 0, 1e-8) << "an end is the foot";
   }
 }
 
@@ -349,7 +347,6 @@ TEST(CylindricalDial, NumeralsStandOnTheirHoursAndTakeTheFreeLinesPlace) {
       dial.curves({Field::chkOreAstronomiche});
       const std::size_t before = dial.sheet.list().lines.size();
       dial.sheet.Clear();
-      EXPECT_EQ(dial.linesIn(rgb(255, 127, 39)).size(), 0u);
       dial.set(Field::x1txt, "-1").set(Field::x2txt, "1");
       dial.panel.setState(box, true);
       dial.run();
@@ -392,39 +389,16 @@ TEST(CylindricalDial, TheFreeLineKeepsToTheWindow) {
 TEST(CylindricalDial, TheLegendTellsTheTriangle) {
   Cylinder dial;
   dial.curves({Field::Ck_Section, Field::chkOreAstronomiche});
-  std::vector<std::string> texts;
-  for (const TextRecord& text : dial.sheet.list().texts) texts.push_back(text.text);
-  const std::vector<std::string> expected = {
-      "O",
-      "x",
-      "y",
-      "  G",
-      "",
-      "O general origin of coordinates = G ",
-      "",
-      "T R I A N G L E ",
-      "Style: hypotenuse 0.30131",
-      "Perpendicular style0.2",
-      "radius 0.4",
-      "small radius  0.02",
-      "N is a point of the generator on the noon line (cyan)",
-      "C centre of the section: origin of coordinates ",
-      "N Coordinates on the section 0.15093 -0.37043",
-      "M(white) is the generator aligned with the center of the cylinder",
-      "Arc between the foot G e M ",
-      "Arc GM = r*d -0.10172",
-      "Arc between the generators N and M 0.15477",
-      "G coincides with O ",
-      "x1 0",
-      "x2 0",
-      "y1 0.2",
-      "y2 -1",
-      "",
-      "North",
-      "d",
-      " C ",
-      " G "};
-  EXPECT_EQ(texts, expected);
+  EXPECT_EQ(dial.told(),
+            "O|x|y|  G||O general origin of coordinates = G ||T R I A N G L E |"
+            "Style: hypotenuse 0.30131|Perpendicular style0.2|radius 0.4|small radius  0.02|"
+            "N is a point of the generator on the noon line (cyan)|"
+            "C centre of the section: origin of coordinates |"
+            "N Coordinates on the section 0.15093 -0.37043|"
+            "M(white) is the generator aligned with the center of the cylinder|"
+            "Arc between the foot G e M |Arc GM = r*d -0.10172|"
+            "Arc between the generators N and M 0.15477|G coincides with O |"
+            "x1 0|x2 0|y1 0.2|y2 -1||North|d| C | G |");
 }
 
 // --- Input that can't be drawn
@@ -440,43 +414,30 @@ TEST(CylindricalDial, ASouthernLatitudeIsRefused) {
 }
 
 TEST(CylindricalDial, OddInputEndsWithoutFaultsInTheDrawing) {
-  const std::pair<Field, const char*> inputs[] = {{Field::txtLAT, "0"},
-                                                  {Field::txtLAT, "90"},
-                                                  {Field::txtLAT, "23.445"},
-                                                  {Field::txtDecl, "90"},
-                                                  {Field::txtDecl, "-90"},
-                                                  {Field::txtDecl, "1e300"},
-                                                  {Field::TxtRadius, "0"},
-                                                  {Field::TxtRadius, "-1"},
-                                                  {Field::TxtRadius, "1e300"},
-                                                  {Field::TxtRadius, "abc"},
-                                                  {Field::TxtStilo, "0"},
-                                                  {Field::TxtStilo, "-.4"},
-                                                  {Field::TxtStilo, "1e300"},
-                                                  {Field::TxtHour, "-2"},
-                                                  {Field::TxtHour, "1e9"},
-                                                  {Field::TxtFuso, "1e300"},
-                                                  {Field::txtLON, "1e300"},
-                                                  {Field::txtLineofdeclination, "90"},
-                                                  {Field::txtLineofdeclination, "x"}};
-  for (const auto& [field, text] : inputs) {
-    for (const bool convex : {true, false}) {
-      SCOPED_TRACE(std::string(rowOf(field).name) + " " + text + (convex ? " convex" : " concave"));
-      Cylinder dial(kWalls[convex ? 0 : 1]);
-      for (const Field box : {Field::Ck_DayLightCurves, Field::ck_Equinoziale, Field::ck_Orizzonte,
-                              Field::ck_Triangolo, Field::ck_Sustilare, Field::ck_Italiche,
-                              Field::ckTemp, Field::Ck_Section, Field::ck_Etna}) {
-        dial.panel.setState(box, true);
+  using Texts = std::vector<const char*>;
+  const std::pair<Field, Texts> inputs[] = {{Field::txtLAT, {"0", "90", "23.445"}},
+                                            {Field::txtDecl, {"90", "-90", "1e300"}},
+                                            {Field::TxtRadius, {"0", "-1", "1e300", "abc"}},
+                                            {Field::TxtStilo, {"0", "-.4", "1e300"}},
+                                            {Field::TxtHour, {"-2", "1e9"}},
+                                            {Field::TxtFuso, {"1e300"}},
+                                            {Field::txtLON, {"1e300"}},
+                                            {Field::txtLineofdeclination, {"90", "x"}}};
+  for (const auto& [field, texts] : inputs) {
+    for (const char* text : texts) {
+      for (const Wall& wall : {kWalls[0], kWalls[1]}) {
+        SCOPED_TRACE(std::string(rowOf(field).name) + " " + text + " " + name(wall));
+        Cylinder dial(wall);
+        dial.set(field, text);
+        dial.curves({Field::chkOreAstronomiche, Field::ck_Lemniscate, Field::Ck_DayLightCurves,
+                     Field::ck_Equinoziale, Field::ck_Orizzonte, Field::ck_Triangolo,
+                     Field::ck_Sustilare, Field::ck_Italiche, Field::ckTemp, Field::Ck_Section,
+                     Field::ck_Etna});
+        for (const LineRecord& l : dial.sheet.list().lines)
+          ASSERT_TRUE(std::isfinite(l.x1 + l.y1 + l.x2 + l.y2));
+        for (const CircleRecord& c : dial.sheet.list().circles)
+          ASSERT_TRUE(std::isfinite(c.x + c.y + c.startAngle + c.endAngle));
       }
-      dial.set(field, text);
-      dial.curves({Field::chkOreAstronomiche, Field::ck_Lemniscate});
-      const auto sound4 = [](double a, double b, double c, double d) {
-        return std::isfinite(a + b + c + d);
-      };
-      for (const LineRecord& l : dial.sheet.list().lines)
-        ASSERT_TRUE(sound4(l.x1, l.y1, l.x2, l.y2));
-      for (const CircleRecord& c : dial.sheet.list().circles)
-        ASSERT_TRUE(sound4(c.x, c.y, c.startAngle, c.endAngle));
     }
   }
 }
