@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/cylindrical/cappello.hpp"
+#include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -12,6 +14,8 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
