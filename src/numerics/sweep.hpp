@@ -1,6 +1,7 @@
 // The counted loop: from the lower bound by the step, accumulating, while not past the upper bound.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 
 namespace dialwright {
@@ -16,7 +17,7 @@ class Sweep {
   // The samples first, first + step, ... up to last.
   Sweep(double first, double last, double step) : first_(first), last_(last), step_(step) {
     const bool advances = step > 0 && first + step > first && last + step > last;
-    if (!advances || !(samples() <= kMaxSamples)) *this = {};
+    if (!advances || !(std::floor(samples()) <= kMaxSamples)) *this = {};
   }
 
   class Iterator {

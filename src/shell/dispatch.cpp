@@ -26,6 +26,7 @@ bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
     row.draw(run);
     drawn = true;
   }
+  run.finish();
   return drawn;
 }
 
@@ -35,7 +36,6 @@ void DisegnaCornice(Run& run) {
   const double y1 = run.number(Field::y1txt);
   const double x2 = run.number(Field::x2txt);
   const double y2 = run.number(Field::y2txt);
-  if (!sound(x1 + y1 + x2 + y2)) return;
   run.sheet.xBox(x1, -y1, x2, -y2, palette(3), false, run.sheet.layer("Quadro"));
 }
 

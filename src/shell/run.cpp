@@ -52,8 +52,12 @@ void Run::complain(SweepFields fields, bool badStep) {
   message(text);
 }
 
+void Run::finish() {
+  if (sheet.full()) stop(T("The drawing stops here: it has reached 5000000 entities."));
+}
+
 Sweep Run::sweep(double first, double last, double step, SweepFields fields) {
-  if (!stopped_ && sheet.full()) stop(T("The drawing stops here: it has reached 5000000 entities."));
+  finish();
   if (!stopped_ && ports_.cancelled && ports_.cancelled()) stop({});
   if (stopped_) return {};
   const Sweep range(first, last, step);

@@ -61,6 +61,9 @@ class Run {
   // has stored its share of entities, or was cancelled.
   Sweep sweep(double first, double last, double step, SweepFields fields = {});
 
+  // The end of the run: tells when the sheet has taken no more.
+  void finish();
+
   bool refused() const { return refused_; }
   bool stopped() const { return stopped_; }
 

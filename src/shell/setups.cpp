@@ -36,6 +36,8 @@ constexpr std::array kCompanions = {Companion{txtReclinZ, OptZenital}, Companion
 // What all set-ups without a map disable.
 constexpr std::array kMapControls = {cmdStati, cmbStati, cmdPlot, ckStar, ckAssi};
 
+// The cornice dials draw whole hours in any case.
+const Fields kHoursFixed = {TxtHour, chkOreAstronomiche};
 const Texts kYearHalves = {{Optconcave, "22D-21J"}, {OptConvex, "22J-21D"}};
 const Texts kRadiusLabels = {
     {Lab_r2, "R2"}, {lblradius, "Radius"}, {Optconcave, "Concave"}, {OptConvex, "Convex"}};
@@ -63,7 +65,8 @@ SetUp flatCornice(Item item) {
           .hidden = {TxtStilo, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche, ck_Equinoziale, ck_Etna,
                      ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
           .texts = {{TxtRadius, "0.2"}, {txt_R2, "0"}, {TxtHour, "1"}},
-          .captions = {{lblLineofdeclination, "Border shade"}}};
+          .captions = {{lblLineofdeclination, "Border shade"}},
+          .disabled = kHoursFixed};
 }
 
 std::vector<SetUp> makeSetUps() {
@@ -156,13 +159,15 @@ std::vector<SetUp> makeSetUps() {
        .hidden = {TxtStilo, txtDecl, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche, ck_Equinoziale,
                   ck_Etna, ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
        .texts = {{TxtRadius, "0.5"}, {txt_R2, "0.5"}, {TxtHour, "1"}},
-       .captions = {{lblLineofdeclination, "Border shade"}}},
+       .captions = {{lblLineofdeclination, "Border shade"}},
+       .disabled = kHoursFixed},
       {.item = Item::mnuCorncon,
        .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtD1, txtLineofdeclination, txtNumbersize},
        .hidden = {txtLON, TxtFuso, TxtHour, txt_Definition, ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche,
                   ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
        .texts = {{TxtRadius, "0.5"}, {TxtStilo, "0.3"}, {txt_R2, "0.45"}, {txtD1, "0.8"}, {TxtHour, "1"}},
-       .captions = {{lblLineofdeclination, "Border shade"}}},
+       .captions = {{lblLineofdeclination, "Border shade"}},
+       .disabled = kHoursFixed},
       flatCornice(Item::mnuCorn_flat),
       flatCornice(Item::mnuCorn_flat2),
       {.item = Item::mnuConoAntico,
@@ -214,6 +219,7 @@ void enableExtras(const SetUp& setUp, Panel& panel) {
   }
   panel[ckSiderali].enabled = false;
   for (const Field field : setUp.enabled) panel[field].enabled = true;
+  for (const Field field : setUp.disabled) panel[field].enabled = false;
 }
 
 }  // namespace

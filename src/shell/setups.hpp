@@ -23,6 +23,7 @@ struct SetUp {
   bool convex = false;       // selects OptConvex
   bool hasMap = false;       // enables the map's controls
   bool keepsOthers = false;  // fields that the row does not name stay as they stood
+  std::vector<Field> disabled{};  // of all fields
   std::vector<Field> enabled{};  // besides the shown fields
 };
 

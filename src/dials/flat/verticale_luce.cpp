@@ -208,9 +208,10 @@ void Drawing::linesOfConicStyle() {
   const ConicSet& conic = p_.conic(Declination::Latitude);
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
   const double half = root(radicand(conic, 0));
-  Punto V1, V2;
-  assign(V1, turn(0, -conic.A1 / 2 + half));
-  assign(V2, turn(0, -conic.A1 / 2 - half));
+  double v1 = 0, v2 = 0;
+  assign(v1, -conic.A1 / 2 + half);
+  assign(v2, -conic.A1 / 2 - half);
+  const Punto V1 = turn(0, v1), V2 = turn(0, v2);
   // The line from T0 through a vertex, produced to twice the vertex's height.
   const auto produced = [&](Punto V) {
     Punto end{0, 2 * V.y};
