@@ -44,6 +44,38 @@ void Program::loadLanguage() {
 
 std::string Program::T(std::string_view text) const { return dictionary_.T(text); }
 
+std::string Program::chooseLanguage(Item item) {
+  return scegliLingua(panel_, item, config_.workingFolder, config_.dataFolder);
+}
+
+std::string Program::storedLanguage() const {
+  const std::string stored = dictionaryText(config_.workingFolder, kLanguageKey);
+  if (stored.empty()) return "en";
+  for (const Lingua& lingua : lingue()) {
+    if (!lingua.key.empty() && dictionaryText(config_.dataFolder, lingua.key) == stored)
+      return std::string(lingua.code);
+  }
+  return {};
+}
+
+std::vector<std::string_view> Program::buttons() const {
+  std::vector<std::string_view> names;
+  for (const FieldRow& row : fieldTable()) {
+    if (row.kind == FieldKind::Button) names.push_back(row.name);
+  }
+  return names;
+}
+
+bool Program::press(std::string_view button) {
+  const auto field = findField(button);
+  if (!field) return false;
+  switch (*field) {
+    case Field::cmdRun: CmdRun_Click(); return true;
+    case Field::cmdSave: SalvaDefault(); return true;
+    default: return false;
+  }
+}
+
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {

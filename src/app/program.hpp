@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/drivers.hpp"
 #include "persist/dizionario.hpp"
@@ -63,8 +64,23 @@ class Program {
   // The Run button.
   RunResult CmdRun_Click();
 
+  // A press of a button: of the panel (cmdRun, cmdSave ...) or of the sheet's bar. False when there
+  // is no such button.
+  bool press(std::string_view button);
+
+  // The names of all buttons.
+  std::vector<std::string_view> buttons() const;
+
+  // A choice in the language menu, for the next starts. Gives the message for the user.
+  std::string chooseLanguage(Item item);
+  // The code of the stored language ("en", "it" ...), or an empty text for a dictionary of the
+  // user's own.
+  std::string storedLanguage() const;
+
   // Stores the panel's chief inputs for the next starts. Throws FileError.
   void SalvaDefault();
+
+  Parametri& store() { return store_; }
 
   // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
   LoadResult CaricaProgetto(const std::filesystem::path& path);

@@ -91,4 +91,12 @@ void assignField(Program& program, std::string_view assignment) {
   }
 }
 
+void pressButton(Program& program, std::string_view button) {
+  if (button.find('=') != std::string_view::npos) {
+    assignField(program, button);
+  } else if (!program.press(button)) {
+    throw UsageError(unknownWord("button", button, program.buttons()));
+  }
+}
+
 }  // namespace dialwright
