@@ -1,4 +1,5 @@
-// The pen: a curve is a run of samples joined by short segments, and each sample comes with a verdict.
+// The pen: a curve is a run of samples joined by short segments, and each sample comes with a
+// verdict.
 #pragma once
 
 #include <cmath>
@@ -12,14 +13,16 @@ namespace dialwright {
 
 // The drawing window of the panel; the curves are drawn inside it only.
 struct Window {
-  double x1, x2;  // left and right
-  double y1, y2;  // top and bottom
+  double x1 = 0, x2 = 0;  // left and right
+  double y1 = 0, y2 = 0;  // top and bottom
 
-  explicit Window(const Run& run)
-      : x1(run.number(Field::x1txt)),
-        x2(run.number(Field::x2txt)),
-        y1(run.number(Field::y1txt)),
-        y2(run.number(Field::y2txt)) {}
+  // A number too large for a field leaves that side at 0.
+  explicit Window(const Run& run) {
+    assign(x1, run.number(Field::x1txt));
+    assign(x2, run.number(Field::x2txt));
+    assign(y1, run.number(Field::y1txt));
+    assign(y2, run.number(Field::y2txt));
+  }
 
   // Strictly inside.
   bool holdsX(double x) const { return x1 < x && x < x2; }
@@ -27,8 +30,8 @@ struct Window {
   bool holds(Punto p) const { return holdsX(p.x) && holdsY(p.y); }
 };
 
-// What becomes of a sample: it is joined to the previous point and then is the previous point; it only becomes the
-// previous point; it never was.
+// What becomes of a sample: it is joined to the previous point and then is the previous point; it
+// only becomes the previous point; it never was.
 enum class Verdict { Draw, Move, Drop };
 
 struct Ink {
@@ -40,9 +43,9 @@ struct Ink {
 // Which end of a segment comes first.
 enum class Stroke { ToPrevious, FromPrevious };
 
-// Joins the samples of a routine's curves. The previous point starts at the origin and runs on through all loops of the
-// routine, since the first sample of a loop is a Move. Segments that reach the gap limit are left out: that keeps jumps
-// and chords across infinity off the sheet.
+// Joins the samples of a routine's curves. The previous point starts at the origin and runs on
+// through all loops of the routine, since the first sample of a loop is a Move. Segments that reach
+// the gap limit are left out: that keeps jumps and chords across infinity off the sheet.
 class Pen {
  public:
   static constexpr double kNoLimit = std::numeric_limits<double>::infinity();
@@ -88,13 +91,17 @@ inline Verdict drawIf(bool condition) { return condition ? Verdict::Draw : Verdi
 
 // Dial coordinates to the sheet, whose y grows downwards.
 inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink) {
-  sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour, {.width = ink.width, .store = true, .layer = ink.layer});
+  sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour,
+              {.width = ink.width, .store = true, .layer = ink.layer});
 }
-inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) { line(sheet, from, to, Ink{colour}); }
+inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) {
+  line(sheet, from, to, Ink{colour});
+}
 inline void dot(SheetPlot& sheet, Punto at, Rgb colour, LayerId layer = {}) {
   sheet.xPset(at.x, -at.y, colour, layer);
 }
-inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour, const CircleStyle& style = {}) {
+inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
+                   const CircleStyle& style = {}) {
   sheet.xCircle(centre.x, -centre.y, radius, colour, style);
 }
 

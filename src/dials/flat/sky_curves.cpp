@@ -28,7 +28,9 @@ double horizonOf(const DialParams& p) { return p.Stilo * std::tan(p.ReclinRad); 
 
 }  // namespace
 
-Piano planeOf(const DialParams& p) { return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad}; }
+Piano planeOf(const DialParams& p) {
+  return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad};
+}
 
 void CurvaAsr(Run& run) {
   DialParams& p = run.params;
@@ -82,7 +84,8 @@ class Qibla {
     for (const double degrees : run_.sweep(-kSolstice, kSolstice, 0.005)) point(degrees);
     point(kSolstice * s_);
     run_.sheet.ForeColor = kQiblaGreen;
-    run_.sheet.Dati(run_.panel.text(Field::txtLocation), point_.x * s_, -(point_.y - 0.02 * s_) * s_);
+    run_.sheet.Dati(run_.panel.text(Field::txtLocation), point_.x * s_,
+                    -(point_.y - 0.02 * s_) * s_);
     run_.sheet.ForeColor = kTextWhite;
   }
 
@@ -170,7 +173,8 @@ void LineeAzimut(Run& run) {
       const double tangent = std::tan(p.radians(degrees));
       assign(H, b - p.ArcSin(tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), tangent));
-      pen.visit(point, drawIf(point.y <= horizon && window.holds(point) && degrees > declinations.first()));
+      pen.visit(point, drawIf(point.y <= horizon && window.holds(point) &&
+                              degrees > declinations.first()));
     }
   }
 }
@@ -186,9 +190,11 @@ void almucantars(Run& run, const Window& window, Pen& pen, double side) {
   const double step = 0.005 * run.number(Field::txt_Definition);
   double c = 0;
   Punto point;
-  for (const double altitude : run.sweep(10, 90 - run.number(Field::txtLAT) + kSolstice, 10, {.bound = Field::txtLAT})) {
+  for (const double altitude :
+       run.sweep(10, 90 - run.number(Field::txtLAT) + kSolstice, 10, {.bound = Field::txtLAT})) {
     const double height = std::sin(p.radians(altitude));
-    const Sweep declinations = run.sweep(-kSolstice, kSolstice, step, {.step = Field::txt_Definition});
+    const Sweep declinations =
+        run.sweep(-kSolstice, kSolstice, step, {.step = Field::txt_Definition});
     for (const double degrees : declinations) {
       const double d = p.radians(degrees);
       assign(c, over(height - sinLat * std::sin(d), cosLat * std::cos(d)));
