@@ -359,35 +359,18 @@ double hourAngle(HourSystem system, double T, double H0, double PiGreco) {
   return kFault;
 }
 
-// What the hours of a day have in common: the sun's declination and the semi-diurnal arc.
-struct Day {
-  double sine, cosine, tangent;  // of the declination
-  double arc;                    // a fault where the sun neither rises nor sets
-
-  Day(const DialParams& p, double declination)
-      : sine(std::sin(declination)),
-        cosine(std::cos(declination)),
-        tangent(std::tan(declination)),
-        arc(semiDiurnalArc(p, -std::tan(p.LatRad) * tangent)) {}
-};
-
 void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
   Pen pen(sheet_, kSunLineGap);
   pen.dip({colour});
   const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
-  std::vector<Day> days;
+  SolarDays days(p_, p_.LatRad);
   double azimuth = 0, tanAltitude = 0;
   Punto point;
   for (const double T : hours) {
     const Sweep declinations =
         run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
-    if (days.empty()) {
-      for (const double degrees : declinations) days.emplace_back(p_, p_.radians(degrees));
-    }
-    auto next = days.begin();
-    for (const double degrees : declinations) {
-      p_.DeclSole = degrees;
-      const Day& day = *next++;
+    for (const SolarDay& day : days.of(declinations)) {
+      p_.DeclSole = day.degrees;
       if (!sound(day.arc)) continue;
       const double h = hourAngle(system, T, day.arc, p_.PiGreco);
       const double sinH = std::sin(h), cosH = std::cos(h);
@@ -398,7 +381,7 @@ void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
       if (!(std::abs(aside) < p_.PiGreco / 2)) continue;
       assign(point, {p_.Stilo * std::tan(aside), over(-p_.Stilo * tanAltitude, std::cos(aside))});
       if (point.y > 0) continue;
-      pen.visit(point, drawIf(degrees > declinations.first() && window_.holds(point)));
+      pen.visit(point, drawIf(day.degrees > declinations.first() && window_.holds(point)));
     }
   }
 }
