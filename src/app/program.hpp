@@ -13,6 +13,7 @@
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
 #include "shell/clicks.hpp"
+#include "shell/places.hpp"
 #include "shell/run.hpp"
 
 namespace dialwright {
@@ -29,6 +30,13 @@ enum class RunResult {
   Drawn,
   Refused,   // the dial can't work with its input and has said so
   NoDriver,  // the chosen item has no drawing
+};
+
+// What became of a press.
+enum class Press {
+  Done,
+  Disabled,  // the button can't be pressed on this dial
+  Unknown,   // there is no such button
 };
 
 class Program {
@@ -58,15 +66,14 @@ class Program {
   void click(Item item);
   // A click on a check box or an option, which then has that state.
   void click(Field field, bool state);
-  // A text typed into a field.
-  void type(Field field, std::string_view text) { panel_.setText(field, text); }
+  // A text typed into a field, or chosen in the list of countries.
+  void type(Field field, std::string_view text);
 
   // The Run button.
   RunResult CmdRun_Click();
 
-  // A press of a button: of the panel (cmdRun, cmdSave ...) or of the sheet's bar. False when there
-  // is no such button.
-  bool press(std::string_view button);
+  // A press of a button: of the panel (cmdRun, cmdSave ...) or of the sheet's bar.
+  Press press(std::string_view button);
 
   // The names of all buttons.
   std::vector<std::string_view> buttons() const;
@@ -80,6 +87,9 @@ class Program {
   // Stores the panel's chief inputs for the next starts. Throws FileError.
   void SalvaDefault();
 
+  // The map, once its button was pressed.
+  const WorldTable& world() const { return world_; }
+
   Parametri& store() { return store_; }
 
   // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
@@ -90,12 +100,15 @@ class Program {
 
  private:
   void loadLanguage();
+  void loadWorld(Run& run);
+  void pressEnabled(Field button);
   Ports portsOfRun() const;
 
   ProgramConfig config_;
   std::filesystem::path cartellaDXF_;
   Dizionario dictionary_;
   Parametri store_;
+  WorldTable world_;
   Panel panel_;
   DialParams params_;
   SheetPlot sheet_;
