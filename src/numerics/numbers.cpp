@@ -53,7 +53,8 @@ bool isTiny(std::string_view number) {
   if (negative || digits.front() == '+') digits.remove_prefix(1);
   long exponent = 0;
   constexpr long kBeyond = 1'000'000'000;
-  if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc()) exponent = kBeyond;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+    exponent = kBeyond;
   return power + (negative ? -exponent : exponent) < 0;
 }
 
@@ -88,22 +89,30 @@ char* writeNumber(char* to, double number) {
   return end;
 }
 
-std::string textWithSign(double number) { return number < 0 ? textOf(number) : ' ' + textOf(number); }
+std::string textWithSign(double number) {
+  return number < 0 ? textOf(number) : ' ' + textOf(number);
+}
 
 std::string textFixed(double number, int decimals, int leastWhole) {
   if (!sound(number)) return {};
   const double shown = rounded(number, decimals);
   std::array<char, 400> buffer{};
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(sound(shown) ? shown : number),
-                                     std::chars_format::fixed, decimals);
+  const auto written =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                    std::abs(sound(shown) ? shown : number), std::chars_format::fixed, decimals);
   std::string text(buffer.data(), written.ptr);
   const std::size_t whole = text.find('.') == std::string::npos ? text.size() : text.find('.');
-  if (static_cast<int>(whole) < leastWhole) text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
+  if (static_cast<int>(whole) < leastWhole)
+    text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
   return shown < 0 ? '-' + text : text;
 }
 
-double truncated(double x, int decimals) { return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double truncated(double x, int decimals) {
+  return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
-double rounded(double x, int decimals) { return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double rounded(double x, int decimals) {
+  return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
 }  // namespace dialwright

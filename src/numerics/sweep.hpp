@@ -6,8 +6,8 @@
 
 namespace dialwright {
 
-// A range of accumulated samples. A step of zero or below, a fault in a bound, or a range past its limit of samples
-// makes it empty, so that a loop over it always ends.
+// A range of accumulated samples. A step of zero or below, a fault in a bound, or a range past its
+// limit of samples makes it empty, so that a loop over it always ends.
 class Sweep {
  public:
   static constexpr double kMaxSamples = 2'000'000;
@@ -41,7 +41,9 @@ class Sweep {
   class End {
    public:
     explicit End(double last) : last_(last) {}
-    friend bool operator==(const Iterator& at, const End& end) { return !(at.value() <= end.last_); }
+    friend bool operator==(const Iterator& at, const End& end) {
+      return !(at.value() <= end.last_);
+    }
 
    private:
     double last_;
@@ -53,7 +55,8 @@ class Sweep {
   // The lower bound: the value of the first sample, which most curves never draw to.
   double first() const { return first_; }
 
-  // The number of samples that the bounds allow for, before rounding in the accumulated value; a NaN on faults.
+  // The number of samples that the bounds allow for, before rounding in the accumulated value; a
+  // NaN on faults.
   double samples() const { return last_ < first_ ? 0 : (last_ - first_) / step_ + 1; }
 
  private:

@@ -18,7 +18,8 @@ bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
     p.InclinGradi = p.ReclinGradi;
     p.ReclinGradi = (90 - p.ReclinGradi) * p.SegnoEmisfero;
   }
-  // The first checked dial of the chain draws; the one with a variable to choose is tried after the chain in any case.
+  // The first checked dial of the chain draws; the one with a variable to choose is tried after the
+  // chain in any case.
   bool drawn = false;
   for (const DriverRow& row : drivers) {
     const bool apart = row.item == Item::M_Inclinati;

@@ -63,9 +63,12 @@ Sweep Run::sweep(double first, double last, double step, SweepFields fields) {
   const Sweep range(first, last, step);
   const double count = range.samples();
   if (count == 0) {
-    // An empty range is ordinary where the bounds cross; anything else is an input that can't be sampled.
-    if (!(step > 0)) complain(fields, true);
-    else if (!(last < first)) complain(fields, false);
+    // An empty range is ordinary where the bounds cross; anything else is an input that can't be
+    // sampled.
+    if (!(step > 0))
+      complain(fields, true);
+    else if (!(last < first))
+      complain(fields, false);
     return range;
   }
   if (samples_ + count > kMaxSamples) {

@@ -11,6 +11,7 @@ struct Window {
   double x1 = 0, x2 = 0;  // left and right
   double y1 = 0, y2 = 0;  // top and bottom
 
+  // A number too large for a field leaves that side at 0.
   explicit Window(const Run& run) {
     assign(x1, run.number(Field::x1txt));
     assign(x2, run.number(Field::x2txt));
