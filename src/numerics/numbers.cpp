@@ -53,7 +53,9 @@ double numberOf(std::string_view text) {
   const auto read = std::from_chars(text.data(), text.data() + end, value);
   if (read.ec == std::errc::result_out_of_range) {
     const std::size_t exponent = text.substr(0, end).find_first_of("eE");
-    const bool tiny = exponent != std::string_view::npos ? text[exponent + 1] == '-' : text.front() == '0' || text.front() == '.';
+    const bool tiny = exponent != std::string_view::npos
+                          ? text[exponent + 1] == '-'
+                          : text.front() == '0' || text.front() == '.';
     return tiny ? 0 : kFault;
   }
   return negative ? -value : value;
@@ -74,22 +76,30 @@ char* writeNumber(char* to, double number) {
   return end;
 }
 
-std::string textWithSign(double number) { return number < 0 ? textOf(number) : ' ' + textOf(number); }
+std::string textWithSign(double number) {
+  return number < 0 ? textOf(number) : ' ' + textOf(number);
+}
 
 std::string textFixed(double number, int decimals, int leastWhole) {
   if (!sound(number)) return {};
   const double shown = rounded(number, decimals);
   std::array<char, 400> buffer{};
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(sound(shown) ? shown : number),
-                                     std::chars_format::fixed, decimals);
+  const auto written =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                    std::abs(sound(shown) ? shown : number), std::chars_format::fixed, decimals);
   std::string text(buffer.data(), written.ptr);
   const std::size_t whole = text.find('.') == std::string::npos ? text.size() : text.find('.');
-  if (static_cast<int>(whole) < leastWhole) text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
+  if (static_cast<int>(whole) < leastWhole)
+    text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
   return shown < 0 ? '-' + text : text;
 }
 
-double truncated(double x, int decimals) { return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double truncated(double x, int decimals) {
+  return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
-double rounded(double x, int decimals) { return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double rounded(double x, int decimals) {
+  return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
 }  // namespace dialwright
