@@ -44,7 +44,8 @@ SheetPlot sheetOf(const std::vector<Stroke>& all) {
   sheet.QuadranteL(1.99);
   sheet.ShiftX(0.995);
   sheet.ShiftY(0.84);
-  for (const Stroke& s : all) sheet.xLine(s.x1, s.y1, s.x2, s.y2, s.colour);
+  // As a dial's pen draws: from each new point back to the one before.
+  for (const Stroke& s : all) sheet.xLine(s.x2, s.y2, s.x1, s.y1, s.colour);
   return sheet;
 }
 

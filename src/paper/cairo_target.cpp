@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 #include <string>
+#include <utility>
 
 #include "sheet/paper_ink.hpp"
 #include "sheet/utf8.hpp"
@@ -75,6 +76,8 @@ CairoTarget::CairoTarget(cairo_t* cairo, const StrokeLook& look) : cairo_(cairo)
 
 void CairoTarget::flush() {
   if (pieces_ == 0) return;
+  settle();
+  running_ = false;
   pieces_ = 0;
   const double width = look_.width * pen_.width;
   ink(pen_.colour);
@@ -109,16 +112,34 @@ double CairoTarget::snap(double at) const {
   return (std::floor(at / look_.pixel) + 0.5) * look_.pixel;
 }
 
+// Hands the waiting stroke to Cairo.
+void CairoTarget::settle() {
+  if (!waiting_) return;
+  waiting_ = false;
+  running_ = true;
+  cairo_move_to(cairo_, first_.x, first_.y);
+  cairo_line_to(cairo_, tail_.x, tail_.y);
+}
+
 void CairoTarget::line(double x1, double y1, double x2, double y2, Rgb colour, int width) {
   if (std::abs(x1 - x2) < kLevel) x1 = x2 = snap(x1);
   if (std::abs(y1 - y2) < kLevel) y1 = y2 = snap(y1);
-  const bool joins = pieces_ != 0 && x1 == lastX_ && y1 == lastY_;
-  const int before = pieces_;
   take({colour, std::max(width, 1), dotted_});
-  if (!joins || pieces_ <= before) cairo_move_to(cairo_, x1, y1);
-  cairo_line_to(cairo_, x2, y2);
-  lastX_ = x2;
-  lastY_ = y2;
+  const Spot from{x1, y1};
+  const Spot to{x2, y2};
+  const auto joins = [&](const Spot& end) { return from == end || to == end; };
+  if (waiting_) {
+    if (joins(first_) && !joins(tail_)) std::swap(first_, tail_);
+    settle();
+  }
+  if (running_ && joins(tail_)) {
+    tail_ = from == tail_ ? to : from;
+    cairo_line_to(cairo_, tail_.x, tail_.y);
+  } else {
+    first_ = from;
+    tail_ = to;
+    waiting_ = true;
+  }
 }
 
 void CairoTarget::dotted(bool on) { dotted_ = on; }
@@ -128,10 +149,10 @@ void CairoTarget::point(double x, double y, Rgb colour) {
   x = snap(x);
   y = snap(y);
   take({colour, 1, false});
+  settle();
+  running_ = false;
   cairo_move_to(cairo_, x, y);
   cairo_line_to(cairo_, x, y);
-  lastX_ = x;
-  lastY_ = y;
 }
 
 // Angles run counter-clockwise for the eye, while the surface's y goes down: Cairo's negative way.

@@ -6,17 +6,14 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 #include "numerics/numbers.hpp"
+#include "numerics/sink.hpp"
 
 namespace dialwright {
-
-// Takes a file's bytes, chunk by chunk and in order. What it throws ends the writing.
-using Sink = std::function<void(std::string_view)>;
 
 class OutputBuffer {
  public:

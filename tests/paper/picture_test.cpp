@@ -53,6 +53,23 @@ TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
   }
 }
 
+TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
+  const std::pair<double, double> kCurve[] = {{0, 0}, {0.01, 0.02}, {0.02, 0.01}, {0.03, 0.03}};
+  for (const bool backward : {false, true}) {
+    sheet.Clear();
+    for (std::size_t i = 1; i < std::size(kCurve); ++i) {
+      const auto [x1, y1] = kCurve[backward ? i : i - 1];
+      const auto [x2, y2] = kCurve[backward ? i - 1 : i];
+      sheet.xLine(x1, y1, x2, y2, palette(15));
+    }
+    sheet.xLine(-0.05, 0, -0.06, 0, palette(15));
+    const auto points = PdfReader(written(writePdf, sheet, PictureOptions()).bytes).pathPoints();
+    ASSERT_EQ(points.size(), 4u + 2u) << backward;
+    EXPECT_NEAR(points[3].first / kPointsPerMeter, 0.13, 1e-5);
+    EXPECT_NEAR(points[5].first / kPointsPerMeter, 0.04, 1e-5);
+  }
+}
+
 TEST_F(PictureTest, LinesAreAQuarterOfAMillimetreWideOrTheirRecordsMultiple) {
   sheet.xLine(-0.05, -0.02, -0.05, 0.02, palette(15));
   sheet.xLine(0.05, -0.02, 0.05, 0.02, palette(15), {.width = 4});
