@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/bifilar/ball.hpp"
+#include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
@@ -14,6 +16,8 @@ namespace {
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBall, QuadranteBall},
+    DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
