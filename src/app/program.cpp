@@ -8,13 +8,15 @@ namespace dialwright {
 namespace {
 
 constexpr double kFirstSheet = 10;  // times the page
-// Where the origin lies from the top, as a part of the sheet's height: the start-up's figure and the window's own.
+// Where the origin lies from the top, as a part of the sheet's height: the start-up's figure and
+// the window's own.
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
 
 }  // namespace
 
-Program::Program(ProgramConfig config) : config_(std::move(config)), store_(storeIn(config_.workingFolder)) {
+Program::Program(ProgramConfig config)
+    : config_(std::move(config)), store_(storeIn(config_.workingFolder)) {
   cartellaDXF_ = config_.workingFolder / "DialwrightDXF";
   std::error_code ignored;
   std::filesystem::create_directories(cartellaDXF_, ignored);
@@ -30,12 +32,14 @@ Program::Program(ProgramConfig config) : config_(std::move(config)), store_(stor
   sheet_.ShiftY(sheet_.QuadranteH() / kStartShift);
 }
 
-// A language asked for by name comes straight from the data; without one, the user's choice lies in the working folder.
+// A language asked for by name comes straight from the data; without one, the user's choice lies in
+// the working folder.
 void Program::loadLanguage() {
   const Lingua* asked = findLingua(config_.language);
   const std::string key(asked == nullptr ? kLanguageKey : asked->key);
   if (key.empty()) return;
-  TraduciFinestra(panel_, kMainWindow, key, asked == nullptr ? config_.workingFolder : config_.dataFolder, dictionary_);
+  TraduciFinestra(panel_, kMainWindow, key,
+                  asked == nullptr ? config_.workingFolder : config_.dataFolder, dictionary_);
 }
 
 std::string Program::T(std::string_view text) const { return dictionary_.T(text); }

@@ -1,5 +1,5 @@
-// One running program: its panel, record, sheet, language and folders, with the operations that any face calls. Two
-// programs in one process don't disturb each other.
+// One running program: its panel, record, sheet, language and folders, with the operations that any
+// face calls. Two programs in one process don't disturb each other.
 #pragma once
 
 #include <filesystem>
@@ -19,22 +19,23 @@ namespace dialwright {
 struct ProgramConfig {
   std::filesystem::path workingFolder;  // defaults, dictionary, export folder
   std::filesystem::path dataFolder;     // the dictionaries of all languages, the map
-  std::string language;                 // "en", "it", "fr", "es" for this program alone; empty for the stored choice
+  std::string
+      language;  // "en", "it", "fr", "es" for this program alone; empty for the stored choice
 };
 
 // How a run ended.
 enum class RunResult {
   Drawn,
-  Refused,    // the dial can't work with its input and has said so
-  NoDriver,   // the chosen item has no drawing
+  Refused,   // the dial can't work with its input and has said so
+  NoDriver,  // the chosen item has no drawing
 };
 
 class Program {
  public:
   static constexpr std::string_view kTitle = "Dialwright";
 
-  // Starts the program: the language, the export folder, the window's texts, program 1 as after a click on it, the
-  // stored defaults, and a sheet ten times the page.
+  // Starts the program: the language, the export folder, the window's texts, program 1 as after a
+  // click on it, the stored defaults, and a sheet ten times the page.
   explicit Program(ProgramConfig config);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

@@ -10,7 +10,6 @@
 #include "cli/errors.hpp"
 #include "cli/request.hpp"
 #include "cli/words.hpp"
-#include "persist/safe_file.hpp"
 
 namespace dialwright {
 
@@ -20,13 +19,16 @@ constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
 void addCommon(CLI::App& command, Request& request) {
-  command.add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
+  command
+      .add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
       ->type_name("DIR");
   command.add_option("--lang", request.language, "language of this run: en, it, fr or es")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "it", "fr", "es"}));
   command.add_option("--size", request.size, "sheet in metres, width x height")->type_name("LxH");
-  command.add_option("--shift", request.shift, "the drawing's origin from the sheet's top left corner, metres")
+  command
+      .add_option("--shift", request.shift,
+                  "the drawing's origin from the sheet's top left corner, metres")
       ->type_name("X,Y");
   command.add_option("--scale", request.scale, "scale 1:n of the sheet's view")
       ->type_name("N")
@@ -44,14 +46,17 @@ void addOutputs(CLI::App& command, Request& request) {
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   command
-      .add_option("-o,--output", request.outputs,
-                  "write a file, format by its ending (.dxf .svg .csv .txt); - with --format writes to standard output")
+      .add_option(
+          "-o,--output", request.outputs,
+          "write a file, format by its ending (.dxf .svg .csv .txt); - with --format writes to standard output")
       ->type_name("FILE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   command.add_option("--format", request.format, "format of standard output")->type_name("FORMAT");
-  command.add_flag("--dark", request.dark, "the sheet's own colours on its dark ground instead of inks for white paper");
-  command.add_option("--viewer", request.viewer, "start this program with each new DXF file")->type_name("PROGRAM");
+  command.add_flag("--dark", request.dark,
+                   "the sheet's own colours on its dark ground instead of inks for white paper");
+  command.add_option("--viewer", request.viewer, "start this program with each new DXF file")
+      ->type_name("PROGRAM");
 }
 
 using Command = void (*)(const Request&);
@@ -81,7 +86,8 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
 
 std::vector<std::string> wordsOf(const CLI::App& app) {
   std::vector<std::string> words;
-  for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; })) words.push_back(sub->get_name());
+  for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; }))
+    words.push_back(sub->get_name());
   return words;
 }
 
@@ -112,14 +118,17 @@ int parseFailure(const CLI::App& app, const CLI::ParseError& error, int argc, ch
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return app.exit(error);
   const std::vector<std::string> words = wordsOf(app);
   const std::string first = argc > 1 ? argv[1] : "";
-  if (!first.empty() && first[0] != '-' && std::find(words.begin(), words.end(), first) == words.end()) {
+  if (!first.empty() && first[0] != '-' &&
+      std::find(words.begin(), words.end(), first) == words.end()) {
     return usageError(suggest(app, first));
   }
-  if (error.get_name() == "ExtrasError") {
-    for (const CLI::App* sub : app.get_subcommands()) {
-      const std::vector<std::string> extras = sub->remaining();
-      if (!extras.empty()) return usageError(suggest(app, extras.front()));
-    }
+  // A word too many stands at the end of the parser's sentence.
+  const std::string sentence = error.what();
+  const std::size_t extra = sentence.find(": -");
+  const bool tooMany = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+  if (tooMany && extra != std::string::npos) {
+    return usageError(
+        suggest(app, sentence.substr(extra + 2, sentence.find(' ', extra + 2) - extra - 2)));
   }
   return usageError(error.what());
 }

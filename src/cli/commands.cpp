@@ -10,7 +10,9 @@
 
 namespace dialwright {
 
-void commandList(const Request& request) { std::cout << listOfDials(*startProgram(request), request.json); }
+void commandList(const Request& request) {
+  std::cout << listOfDials(*startProgram(request), request.json);
+}
 
 void commandFields(const Request& request) {
   std::optional<Item> dial;

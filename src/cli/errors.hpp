@@ -10,7 +10,8 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// An input or a file that can't be worked with: status 1. An empty sentence says that the user has been told.
+// An input or a file that can't be worked with: status 1. An empty sentence says that the user has
+// been told.
 struct CommandFailure : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

@@ -13,8 +13,9 @@ using Json = nlohmann::ordered_json;
 using Row = std::vector<std::string>;
 
 std::size_t columns(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
 }
 
 // Columns of equal width, two blanks between them, none at a line's end.
@@ -27,7 +28,8 @@ std::string table(const std::vector<Row>& rows) {
   std::string text;
   for (const Row& row : rows) {
     std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) line += row[i] + std::string(widths[i] + 2 - columns(row[i]), ' ');
+    for (std::size_t i = 0; i < row.size(); ++i)
+      line += row[i] + std::string(widths[i] + 2 - columns(row[i]), ' ');
     line.erase(line.find_last_not_of(' ') + 1);
     text += line + '\n';
   }
@@ -86,8 +88,8 @@ std::string listOfFields(Program& program, std::optional<Item> dial, bool json) 
     const Field field = fieldAt(i);
     const FieldRow& row = rowOf(field);
     if (!isListed(row.kind) || (dial && !panel[field].visible)) continue;
-    const Row cells = {std::string(row.name), std::string(nameOf(row.kind)), defaultOf(panel, field),
-                       labelOf(panel, field), tipOf(panel, field)};
+    const Row cells = {std::string(row.name), std::string(nameOf(row.kind)),
+                       defaultOf(panel, field), labelOf(panel, field), tipOf(panel, field)};
     rows.push_back(cells);
     objects.push_back({{"name", cells[0]},
                        {"kind", cells[1]},

@@ -1,6 +1,7 @@
 // The files that a command writes: format by ending, written beside and renamed.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,14 +11,13 @@
 
 namespace dialwright {
 
-enum class Format { Dxf, Svg, Csv, Txt };
-
 struct Output {
-  std::string path;  // "-" for standard output
-  Format format;
+  std::string path;       // "-" for standard output
+  std::ptrdiff_t format;  // row of the table of formats
 };
 
-// The outputs of a request, before anything is run. Throws UsageError for an ending without a format.
+// The outputs of a request, before anything is run. Throws UsageError for an ending without a
+// format.
 std::vector<Output> outputsOf(const Request& request);
 
 // Writes them in order. Throws CommandFailure with a sentence that names the path and the cause.

@@ -20,9 +20,11 @@ using Clock = std::chrono::steady_clock;
 // The user's configuration folder, or the current one for a user without a home.
 std::filesystem::path configurationFolder() {
   const char* configured = std::getenv("XDG_CONFIG_HOME");
-  if (configured != nullptr && *configured == '/') return std::filesystem::path(configured) / "dialwright";
+  if (configured != nullptr && *configured == '/')
+    return std::filesystem::path(configured) / "dialwright";
   const char* home = std::getenv("HOME");
-  if (home != nullptr && *home == '/') return std::filesystem::path(home) / ".config" / "dialwright";
+  if (home != nullptr && *home == '/')
+    return std::filesystem::path(home) / ".config" / "dialwright";
   return ".";
 }
 
@@ -32,12 +34,14 @@ struct NumberPair {
 };
 
 // "1.5x2" or "0.4,-0.2". Throws UsageError.
-NumberPair pairOf(const std::string& text, char separator, std::string_view option, std::string_view example) {
+NumberPair pairOf(const std::string& text, char separator, std::string_view option,
+                  std::string_view example) {
   const std::size_t at = text.find(separator);
-  const bool plain = text.find_first_not_of(std::string("0123456789.-+eE") + separator) == std::string::npos;
+  const bool plain =
+      text.find_first_not_of(std::string("0123456789.-+eE") + separator) == std::string::npos;
   if (at == std::string::npos || at == 0 || at + 1 == text.size() || !plain) {
-    throw UsageError(std::string(option) + " takes two numbers in metres, as in " + std::string(example) + ", not '" +
-                     text + "'");
+    throw UsageError(std::string(option) + " takes two numbers in metres, as in " +
+                     std::string(example) + ", not '" + text + "'");
   }
   return {numberOf(text.substr(0, at)), numberOf(text.substr(at + 1))};
 }
@@ -45,7 +49,8 @@ NumberPair pairOf(const std::string& text, char separator, std::string_view opti
 void setSheet(SheetPlot& sheet, const Request& request) {
   if (!request.size.empty()) {
     const NumberPair size = pairOf(request.size, 'x', "--size", "2x1.5");
-    if (!(size.first > 0 && size.second > 0)) throw UsageError("--size takes two numbers above 0, as in 2x1.5");
+    if (!(size.first > 0 && size.second > 0))
+      throw UsageError("--size takes two numbers above 0, as in 2x1.5");
     sheet.QuadranteL(size.first);
     sheet.QuadranteH(size.second);
     sheet.ShiftX(sheet.QuadranteL() / 2);
@@ -53,7 +58,8 @@ void setSheet(SheetPlot& sheet, const Request& request) {
   }
   if (!request.shift.empty()) {
     const NumberPair shift = pairOf(request.shift, ',', "--shift", "1,0.5");
-    if (!sound(shift.first + shift.second)) throw UsageError("--shift takes two numbers in metres, as in 1,0.5");
+    if (!sound(shift.first + shift.second))
+      throw UsageError("--shift takes two numbers in metres, as in 1,0.5");
     sheet.ShiftX(shift.first);
     sheet.ShiftY(shift.second);
   }
@@ -92,12 +98,15 @@ class ProgressLine {
 
 std::unique_ptr<Program> startProgram(const Request& request) {
   ProgramConfig config;
-  config.workingFolder = request.folder.empty() ? configurationFolder() : std::filesystem::path(request.folder);
+  config.workingFolder =
+      request.folder.empty() ? configurationFolder() : std::filesystem::path(request.folder);
   config.dataFolder = DIALWRIGHT_DATA_DIR;
   config.language = request.language;
   auto program = std::make_unique<Program>(std::move(config));
   if (!request.quiet) {
-    program->ports.message = [](std::string_view text) { std::cerr << "dialwright: " << text << '\n'; };
+    program->ports.message = [](std::string_view text) {
+      std::cerr << "dialwright: " << text << '\n';
+    };
   }
   setSheet(program->sheet(), request);
   return program;
@@ -106,8 +115,9 @@ std::unique_ptr<Program> startProgram(const Request& request) {
 void runDial(Program& program, const Request& request) {
   const Item dial = program.panel().chosen();
   if (!draws(dial) && !isSilent(dial)) {
-    throw CommandFailure("the dial " + std::string(rowOf(dial).name) +
-                         " is in the catalogue, but this version can't draw it yet; 'dialwright list' shows which can");
+    throw CommandFailure(
+        "the dial " + std::string(rowOf(dial).name) +
+        " is in the catalogue, but this version can't draw it yet; 'dialwright list' shows which can");
   }
   RunResult result = RunResult::NoDriver;
   {
@@ -118,7 +128,8 @@ void runDial(Program& program, const Request& request) {
     result = program.CmdRun_Click();
     program.ports.progress = {};
   }
-  if (request.verbose && !program.sheet().caption().empty()) std::cerr << program.sheet().caption() << '\n';
+  if (request.verbose && !program.sheet().caption().empty())
+    std::cerr << program.sheet().caption() << '\n';
   if (result == RunResult::Refused) throw CommandFailure("");
 }
 

@@ -10,14 +10,17 @@ namespace dialwright {
 namespace {
 
 bool isAssignable(FieldKind kind) {
-  return kind == FieldKind::Text || kind == FieldKind::Check || kind == FieldKind::Option || kind == FieldKind::Combo;
+  return kind == FieldKind::Text || kind == FieldKind::Check || kind == FieldKind::Option ||
+         kind == FieldKind::Combo;
 }
 
 bool stateOf(std::string_view name, std::string_view value) {
-  if (value == "1" || equalIgnoringCase(value, "true") || equalIgnoringCase(value, "on")) return true;
-  if (value == "0" || equalIgnoringCase(value, "false") || equalIgnoringCase(value, "off")) return false;
-  throw UsageError("'" + std::string(name) + "' is a box or an option: it takes 1 or 0, not '" + std::string(value) +
-                   "'");
+  if (value == "1" || equalIgnoringCase(value, "true") || equalIgnoringCase(value, "on"))
+    return true;
+  if (value == "0" || equalIgnoringCase(value, "false") || equalIgnoringCase(value, "off"))
+    return false;
+  throw UsageError("'" + std::string(name) + "' is a box or an option: it takes 1 or 0, not '" +
+                   std::string(value) + "'");
 }
 
 // The other option of a pair, which a user clicks to get rid of this one.
@@ -43,7 +46,8 @@ void clickTo(Program& program, Field field, bool state) {
 
 }  // namespace
 
-std::string unknownWord(std::string_view what, std::string_view word, const std::vector<std::string_view>& known) {
+std::string unknownWord(std::string_view what, std::string_view word,
+                        const std::vector<std::string_view>& known) {
   std::string sentence = "no " + std::string(what) + " '" + std::string(word) + "'";
   const std::string near = nearestName(word, known);
   if (!near.empty()) sentence += "; did you mean " + near + "?";
@@ -69,7 +73,8 @@ Field fieldOf(std::string_view word) {
 void assignField(Program& program, std::string_view assignment) {
   const std::size_t sign = assignment.find('=');
   if (sign == std::string_view::npos) {
-    throw UsageError("'" + std::string(assignment) + "' is no assignment: it should read NAME=VALUE");
+    throw UsageError("'" + std::string(assignment) +
+                     "' is no assignment: it should read NAME=VALUE");
   }
   const std::string_view name = assignment.substr(0, sign);
   const std::string_view value = assignment.substr(sign + 1);

@@ -83,6 +83,16 @@ std::optional<std::string> tryRead(const fs::path& path) {
   }
 }
 
+bool tryReplace(const fs::path& path, std::string_view content) {
+  try {
+    replaceFile(path, content);
+    return true;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+// Puts a language's dictionary in use. Where that fails, the one in use stays.
 void install(std::string_view key, const fs::path& workFolder, const fs::path& dataFolder) {
   const fs::path inUse = workFolder / fileOf(kLanguageKey);
   if (key.empty()) {
@@ -92,7 +102,7 @@ void install(std::string_view key, const fs::path& workFolder, const fs::path& d
   }
   std::optional<std::string> content = tryRead(workFolder / fileOf(key));
   if (!content) content = tryRead(dataFolder / fileOf(key));
-  if (content) replaceFile(inUse, *content);
+  if (content) tryReplace(inUse, *content);
 }
 
 }  // namespace
@@ -132,6 +142,8 @@ std::string Dizionario::T(std::string_view text) const {
   return found == entries_.end() ? std::string(text) : found->second;
 }
 
+bool Dizionario::has(std::string_view text) const { return entries_.contains(upperCase(text)); }
+
 void TraduciFinestra(Panel& panel, std::string_view window, std::string_view key,
                      const fs::path& folder, Dizionario& dictionary) {
   if (key.empty()) return;
@@ -149,11 +161,7 @@ std::string scegliLingua(Panel& panel, Item item, const fs::path& workFolder,
   const auto chosen = std::find_if(kLingue.begin(), kLingue.end(),
                                    [item](const Lingua& lingua) { return lingua.item == item; });
   if (chosen == kLingue.end()) return {};
-  try {
-    install(chosen->key, workFolder, dataFolder);
-  } catch (const FileError&) {
-    // The language stays as it is; the message appears all the same.
-  }
+  install(chosen->key, workFolder, dataFolder);
   panel[Item::mnuLang].enabled = false;
   return std::string(chosen->message);
 }

@@ -38,6 +38,9 @@ class Dizionario {
   // The translation of a text, found without regard to case, or the text itself.
   std::string T(std::string_view text) const;
 
+  // True when there is an entry for the text, be it the same as the text.
+  bool has(std::string_view text) const;
+
   bool empty() const { return entries_.empty(); }
 
  private:

@@ -36,8 +36,9 @@ bool startsIgnoringCase(std::string_view text, std::string_view start) {
          std::equal(start.begin(), start.end(), text.begin(), sameLetter);
 }
 
-bool holdsIgnoringCase(std::string_view text, std::string_view part) {
-  return std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter) != text.end();
+bool endsIgnoringCase(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() &&
+         startsIgnoringCase(text.substr(text.size() - end.size()), end);
 }
 
 // Where a mark, which begins with "<", stands first.
@@ -128,23 +129,31 @@ std::string plainBody(const Panel& panel, const SheetPlot& sheet) {
 
 // --- Reading
 
-// An element taken apart.
+// An element taken apart; what it does not say is left out.
 struct Element {
-  std::string_view attributes;
+  std::optional<bool> visible;
+  std::optional<bool> enabled;
   std::optional<std::string_view> value;
-
-  // True or false as the attribute says, nothing when it is missing.
-  std::optional<bool> attribute(std::string_view whenTrue, std::string_view whenFalse) const {
-    if (holdsIgnoringCase(attributes, whenFalse)) return false;
-    if (holdsIgnoringCase(attributes, whenTrue)) return true;
-    return {};
-  }
 };
 
+void readAttributes(std::string_view attributes, Element& element) {
+  for (std::size_t at = attributes.find('='); at != std::string_view::npos;
+       at = attributes.find('=', at + 1)) {
+    const std::string_view name = attributes.substr(0, at);
+    const std::string_view state = attributes.substr(at + 1);
+    const bool isTrue = startsIgnoringCase(state, "true");
+    if (!isTrue && !startsIgnoringCase(state, "false")) continue;
+    if (endsIgnoringCase(name, "visible")) element.visible = isTrue;
+    if (endsIgnoringCase(name, "enabled")) element.enabled = isTrue;
+  }
+}
+
 Element parse(std::string_view content) {
+  Element element;
   const std::size_t bracket = content.find('>');
-  if (bracket == std::string_view::npos) return {content, {}};
-  return {content.substr(0, bracket), content.substr(bracket + 1)};
+  readAttributes(content.substr(0, bracket), element);
+  if (bracket != std::string_view::npos) element.value = content.substr(bracket + 1);
+  return element;
 }
 
 // The first opening and the first closing mark of every control, found in one walk over the body.
@@ -164,6 +173,9 @@ class ControlMarks {
   std::optional<std::string_view> find(Item item) const {
     return find(kFieldCount + static_cast<std::size_t>(item));
   }
+
+  // The body from the first mark of the sheet on: there its elements are looked for.
+  std::string_view sheetPart() const { return body_.substr(std::min(sheetAt_, body_.size())); }
 
  private:
   static constexpr std::size_t kNone = std::string_view::npos;
@@ -197,6 +209,7 @@ class ControlMarks {
     std::size_t from = at + 1;
     const bool closes = from < body_.size() && body_[from] == '/';
     if (closes) ++from;
+    if (sheetAt_ == kNone && from < body_.size() && body_[from] == '_') sheetAt_ = at;
     std::array<char, kLongestName> name{};
     std::size_t length = 0;
     while (length < kLongestName && from + length < body_.size()) {
@@ -222,17 +235,14 @@ class ControlMarks {
   }
 
   std::string_view body_;
+  std::size_t sheetAt_ = kNone;
   std::array<Marks, kFieldCount + kItemCount> marks_;
 };
 
 template <class Thing>
 void setAttributes(Thing& thing, const Element& element) {
-  if (const auto visible = element.attribute("visible=true", "visible=false")) {
-    thing.visible = *visible;
-  }
-  if (const auto enabled = element.attribute("enabled=true", "enabled=false")) {
-    thing.enabled = *enabled;
-  }
+  thing.visible = element.visible.value_or(thing.visible);
+  thing.enabled = element.enabled.value_or(thing.enabled);
 }
 
 void setField(Panel& panel, Field field, const Element& element) {
@@ -347,9 +357,10 @@ bool leggiProgetto(std::string bytes, Panel& panel, SheetPlot& sheet) {
   const std::optional<std::string> body = bodyOf(std::move(bytes));
   if (!body) return false;
   Panel loaded = panel;
-  if (setControls(loaded, ControlMarks(*body)) == 0) return false;
+  const ControlMarks marks(*body);
+  if (setControls(loaded, marks) == 0) return false;
   panel = std::move(loaded);
-  setSheet(sheet, *body);
+  setSheet(sheet, marks.sheetPart());
   return true;
 }
 

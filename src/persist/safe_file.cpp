@@ -85,7 +85,7 @@ class Output {
   }
 
  private:
-  static constexpr std::size_t kBlock = 64 * 1024;
+  static constexpr std::size_t kBlock = 65536;
 
   void send(std::string_view bytes) const {
     while (!bytes.empty()) {
@@ -177,6 +177,13 @@ void requireWritable(const Place& place, const fs::path& wanted) {
   if (::access(place.path.c_str(), W_OK) != 0) throw unwritable(wanted, errno);
 }
 
+// Gives a new file the owner and the permissions of the one that it replaces.
+void inherit(int descriptor, const Place& old, const fs::path& wanted) {
+  // Only the superuser can give a file away; anybody else owns the new one.
+  [[maybe_unused]] const int given = ::fchown(descriptor, old.status.st_uid, old.status.st_gid);
+  if (::fchmod(descriptor, old.status.st_mode & 07777) != 0) throw unwritable(wanted, errno);
+}
+
 void writeDirectly(const fs::path& path, const Writer& writer) {
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (!file.open()) throw unwritable(path, errno);
@@ -203,9 +210,7 @@ void replaceFile(const fs::path& path, const Writer& writer) {
 
   Temporary file(folder.path, path);
   fill(file.descriptor(), path, writer);
-  if (old.exists && ::fchmod(file.descriptor(), old.status.st_mode & 07777) != 0) {
-    throw unwritable(path, errno);
-  }
+  if (old.exists) inherit(file.descriptor(), old, path);
   file.put(old.path);
   syncFolder(folder.path);
 }

@@ -23,9 +23,9 @@ using Sink = std::function<void(std::string_view)>;
 using Writer = std::function<void(const Sink&)>;
 
 // Fills a new file beside the old one with what the writer sends to its sink, and puts it in the
-// old one's place once all of it is safely on the disk. The old file's permissions are kept, a link
-// stays a link. Devices and pipes are written to directly. Throws FileError; what the writer itself
-// throws passes through.
+// old one's place once all of it is safely on the disk. The old file's owner and permissions are
+// kept, a link stays a link. Devices and pipes are written to directly. Throws FileError; what the
+// writer itself throws passes through.
 void replaceFile(const std::filesystem::path& path, const Writer& writer);
 void replaceFile(const std::filesystem::path& path, std::string_view content);
 

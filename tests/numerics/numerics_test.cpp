@@ -118,11 +118,30 @@ TEST(Sweep, NeverHangs) {
 }
 
 TEST(Numbers, AreTheNumericPrefixOfAText) {
-  const std::vector<std::pair<const char*, double>> cases = {
-      {"45.7438", 45.7438}, {"-14.57", -14.57}, {".2", 0.2},   {"-.5", -0.5}, {"  7 8", 7},  {"12abc", 12},
-      {"abc", 0},           {"", 0},            {"1,5", 1},    {"1.2.3", 1.2}, {"5-3", 5},   {"1e3", 1000},
-      {"2E-1x", 0.2},       {"3e", 3},          {"3e+", 3},    {"+4", 4},     {"-", 0},      {".", 0},
-      {"0x10", 0},          {"nan", 0},         {"inf", 0},    {"1e-400", 0}, {" 13", 13},   {"--3", 0}};
+  const std::vector<std::pair<const char*, double>> cases = {{"45.7438", 45.7438},
+                                                             {"-14.57", -14.57},
+                                                             {".2", 0.2},
+                                                             {"-.5", -0.5},
+                                                             {"  7 8", 7},
+                                                             {"12abc", 12},
+                                                             {"abc", 0},
+                                                             {"", 0},
+                                                             {"1,5", 1},
+                                                             {"1.2.3", 1.2},
+                                                             {"5-3", 5},
+                                                             {"1e3", 1000},
+                                                             {"2E-1x", 0.2},
+                                                             {"3e", 3},
+                                                             {"3e+", 3},
+                                                             {"+4", 4},
+                                                             {"-", 0},
+                                                             {".", 0},
+                                                             {"0x10", 0},
+                                                             {"nan", 0},
+                                                             {"inf", 0},
+                                                             {"1e-400", 0},
+                                                             {" 13", 13},
+                                                             {"--3", 0}};
   for (const auto& [text, number] : cases) EXPECT_EQ(numberOf(text), number) << '"' << text << '"';
   EXPECT_TRUE(std::isnan(numberOf("1e400"))) << "an overflow is a fault";
   EXPECT_TRUE(std::isnan(numberOf(std::string(400, '9'))));
@@ -130,9 +149,15 @@ TEST(Numbers, AreTheNumericPrefixOfAText) {
 }
 
 TEST(Numbers, AreWrittenPlainly) {
-  const std::vector<std::pair<double, const char*>> cases = {
-      {0.2, "0.2"}, {15, "15"}, {-14.57, "-14.57"}, {1e-5, "1E-05"}, {0.0001, "0.0001"}, {-0.0, "0"},
-      {1e15, "1E+15"}, {123456789012345, "123456789012345"}, {1.0 / 3, "0.333333333333333"}};
+  const std::vector<std::pair<double, const char*>> cases = {{0.2, "0.2"},
+                                                             {15, "15"},
+                                                             {-14.57, "-14.57"},
+                                                             {1e-5, "1E-05"},
+                                                             {0.0001, "0.0001"},
+                                                             {-0.0, "0"},
+                                                             {1e15, "1E+15"},
+                                                             {123456789012345, "123456789012345"},
+                                                             {1.0 / 3, "0.333333333333333"}};
   for (const auto& [number, text] : cases) EXPECT_EQ(textOf(number), text);
   EXPECT_EQ(textOf(kFault), "");
   EXPECT_EQ(textWithSign(3), " 3");
@@ -142,7 +167,8 @@ TEST(Numbers, AreWrittenPlainly) {
   EXPECT_EQ(textFixed(3.14159, 2, 2), "03.14");
   std::mt19937 random(7);
   for (int i = 0; i < 1000; ++i) {
-    const double number = std::ldexp(static_cast<double>(random()) - 2e9, static_cast<int>(random() % 60) - 60);
+    const double number =
+        std::ldexp(static_cast<double>(random()) - 2e9, static_cast<int>(random() % 60) - 60);
     EXPECT_NEAR(numberOf(textOf(number)), number, std::abs(number) * 1e-14);
   }
 }

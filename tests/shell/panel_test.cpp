@@ -72,8 +72,9 @@ TEST(Panel, StartsWithItsDefaults) {
   for (std::size_t i = 0; i < kFieldCount; ++i) {
     if (panel.on(fieldAt(i))) selected.insert(rowOf(fieldAt(i)).name);
   }
-  EXPECT_EQ(selected, (std::set<std::string_view>{"chkOreAstronomiche", "Ck_DayLightCurves", "ck_Equinoziale",
-                                                  "OptHorizontal", "OptConvex", "optX"}));
+  EXPECT_EQ(selected,
+            (std::set<std::string_view>{"chkOreAstronomiche", "Ck_DayLightCurves", "ck_Equinoziale",
+                                        "OptHorizontal", "OptConvex", "optX"}));
 }
 
 TEST(Panel, KeepsTheHourFractionAboveZeroAndOptionsApart) {
@@ -97,15 +98,19 @@ TEST(Clicks, OfEveryDialLeaveTheSiteAndCheckItAlone) {
     clickItem(panel, dialCase.params, dial, same);
     EXPECT_EQ(panel.text(Field::txtLAT), "12.5") << rowOf(dial).name;
     EXPECT_EQ(panel.chosen(), dial);
-    EXPECT_EQ(std::count_if(dialItems().begin(), dialItems().end(), [&](Item i) { return panel[i].checked; }), 1);
+    EXPECT_EQ(std::count_if(dialItems().begin(), dialItems().end(),
+                            [&](Item i) { return panel[i].checked; }),
+              1);
     EXPECT_TRUE(panel[Field::txtLAT].visible);
     EXPECT_TRUE(panel[Field::y2txt].visible);
   }
 }
 
 TEST(Clicks, OfM_LightChooseTheHoursThatTheWallSees) {
-  for (const auto& [declination, first, last] :
-       {std::tuple{"85", "13", "19"}, {"-85", "5", "11"}, {"80", "9", "15"}, {"-14.57", "9", "15"}}) {
+  for (const auto& [declination, first, last] : {std::tuple{"85", "13", "19"},
+                                                 {"-85", "5", "11"},
+                                                 {"80", "9", "15"},
+                                                 {"-14.57", "9", "15"}}) {
     DialCase dialCase(Item::M_Light, drawNothing);
     dialCase.set(Field::txtDecl, declination);
     clickItem(dialCase.panel, dialCase.params, Item::M_Light, same);

@@ -1,5 +1,5 @@
-// Program 1 against a wall in the sun: every family is where the tip's shadow falls, and the drawing's order, inks and
-// texts are those of the dial.
+// Program 1 against a wall in the sun: every family is where the tip's shadow falls, and the
+// drawing's order, inks and texts are those of the dial.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,7 +15,8 @@ namespace {
 using sky::deg;
 using sky::rad;
 
-constexpr double kAngle = 2e-5;  // degrees: the circle constant is short by 4e-10, steep points magnify it
+constexpr double kAngle =
+    2e-5;  // degrees: the circle constant is short by 4e-10, steep points magnify it
 
 struct Site {
   double latitude;
@@ -31,12 +32,17 @@ class Wall : public DialCase {
       : DialCase(Item::M_Light, DisegnaVerticaleLuce),
         latitude(rad(site.latitude)),
         plane(sky::Plane::facing(site.declination, 0)) {
-    set(Field::txtLAT, std::to_string(site.latitude)).set(Field::txtDecl, std::to_string(site.declination));
+    set(Field::txtLAT, std::to_string(site.latitude))
+        .set(Field::txtDecl, std::to_string(site.declination));
     clearBoxes();
   }
 
-  double hourAngle(double x, double sheetY) const { return deg(sky::hourAngleOf(latitude, sun(x, sheetY))); }
-  double declination(double x, double sheetY) const { return deg(sky::declinationOf(latitude, sun(x, sheetY))); }
+  double hourAngle(double x, double sheetY) const {
+    return deg(sky::hourAngleOf(latitude, sun(x, sheetY)));
+  }
+  double declination(double x, double sheetY) const {
+    return deg(sky::declinationOf(latitude, sun(x, sheetY)));
+  }
   sky::Vec sun(double x, double sheetY) const { return plane.sunOf(kStyle, {x, -sheetY}); }
 
   static constexpr double kStyle = 0.2;
@@ -45,9 +51,12 @@ class Wall : public DialCase {
 };
 
 // The difference of two angles in degrees, on a circle of that many degrees.
-double apart(double a, double b, double circle = 360) { return std::abs(std::remainder(a - b, circle)); }
+double apart(double a, double b, double circle = 360) {
+  return std::abs(std::remainder(a - b, circle));
+}
 
-// Hours since sunset (italic), since sunrise (babylonian) or of the temporary day, of a sun; NaN when it never rises.
+// Hours since sunset (italic), since sunrise (babylonian) or of the temporary day, of a sun; NaN
+// when it never rises.
 enum class Count { Italic, Babylonian, Temporary };
 double hourOf(Count count, double hourAngle, double declination, double latitude) {
   const double arc = deg(sky::semiArc(latitude, rad(declination)));
@@ -62,7 +71,10 @@ double hourOf(Count count, double hourAngle, double declination, double latitude
 TEST(VerticaleLuce, HourLinesLieInTheirHourPlanes) {
   for (const Site& site : kSites) {
     Wall wall(site);
-    wall.set(Field::TxtInizio, "7").set(Field::TxtFine, "17").check(Field::chkOreAstronomiche).run();
+    wall.set(Field::TxtInizio, "7")
+        .set(Field::TxtFine, "17")
+        .check(Field::chkOreAstronomiche)
+        .run();
     const double first = std::abs(site.declination) > 80 ? 15 : -75;
     double H = first;
     // After the light graph's lines (one an hour, like the hour lines) come the hour lines.
@@ -73,7 +85,8 @@ TEST(VerticaleLuce, HourLinesLieInTheirHourPlanes) {
       for (const double part : {0.3, 0.9}) {
         const double x = lines[i].x1 + part * (lines[i].x2 - lines[i].x1);
         const double y = lines[i].y1 + part * (lines[i].y2 - lines[i].y1);
-        EXPECT_LT(apart(wall.hourAngle(x, y), H, 180), kAngle) << site.latitude << ' ' << site.declination << ' ' << H;
+        EXPECT_LT(apart(wall.hourAngle(x, y), H, 180), kAngle)
+            << site.latitude << ' ' << site.declination << ' ' << H;
       }
       EXPECT_DOUBLE_EQ(lines[i].y2, 0.8);
       EXPECT_EQ(lines[i].colour, palette(H == 0 ? 12 : H == 90 ? 9 : 7));
@@ -84,9 +97,11 @@ TEST(VerticaleLuce, HourLinesLieInTheirHourPlanes) {
 TEST(VerticaleLuce, StandardMeridianShiftsTheHoursByTheLongitude) {
   Wall wall({45.7438, -14.57});
   wall.check(Field::chkOreAstronomiche).check(Field::ck_Etna).run();
-  // 15 degrees East of Greenwich is the zone's meridian, 7.3562 degrees East of the site: noon there comes sooner.
-  const CircleRecord noon = *std::find_if(wall.sheet.list().circles.begin(), wall.sheet.list().circles.end(),
-                                          [](const CircleRecord& c) { return c.colour == palette(12); });
+  // 15 degrees East of Greenwich is the zone's meridian, 7.3562 degrees East of the site: noon
+  // there comes sooner.
+  const CircleRecord noon =
+      *std::find_if(wall.sheet.list().circles.begin(), wall.sheet.list().circles.end(),
+                    [](const CircleRecord& c) { return c.colour == palette(12); });
   EXPECT_LT(apart(wall.hourAngle(noon.x, noon.y), -7.3562, 180), kAngle);
   EXPECT_NEAR(wall.declination(noon.x, noon.y), 0, kAngle);
 }
@@ -96,7 +111,8 @@ TEST(VerticaleLuce, DeclinationCurvesAreTheSunsDays) {
     Wall wall(site);
     wall.check(Field::Ck_DayLightCurves).run();
     std::size_t count = 0;
-    for (const auto& [colour, declination] : {std::pair{12, 23.445}, {13, 20.1552}, {11, 11.4746}}) {
+    for (const auto& [colour, declination] :
+         {std::pair{12, 23.445}, {13, 20.1552}, {11, 11.4746}}) {
       for (const PointRecord& point : wall.pointsIn(palette(colour))) {
         if (point.x == 0 && point.y == 0) continue;  // the foot of the style
         // A cone has two sheets: one is the day, the other its counterpart.
@@ -120,7 +136,8 @@ void expectHoursOf(Field box, Count count, Rgb colour) {
       ASSERT_TRUE(wall.plane.lit(wall.sun(line.x1, line.y1)));
       ASSERT_LE(std::abs(d), 23.4451);
       const double hour = hourOf(count, H, d, wall.latitude);
-      EXPECT_NEAR(hour, std::round(hour), 1e-4) << site.latitude << ' ' << site.declination << ' ' << d;
+      EXPECT_NEAR(hour, std::round(hour), 1e-4)
+          << site.latitude << ' ' << site.declination << ' ' << d;
       EXPECT_LT(sky::distance({line.x1, line.y1}, {line.x2, line.y2}), 0.01);
     }
   }
@@ -137,11 +154,12 @@ TEST(VerticaleLuce, BabylonianHours) {
   std::vector<double> hours;
   for (const LineRecord& line : wall.linesIn(palette(13))) {
     if (line.x2 == 0 && line.y2 == 0) continue;
-    hours.push_back(hourOf(Count::Babylonian, wall.hourAngle(line.x1, line.y1), wall.declination(line.x1, line.y1),
-                           wall.latitude));
+    hours.push_back(hourOf(Count::Babylonian, wall.hourAngle(line.x1, line.y1),
+                           wall.declination(line.x1, line.y1), wall.latitude));
   }
   ASSERT_GT(hours.size(), 100u);
-  EXPECT_TRUE(std::is_sorted(hours.begin(), hours.end(), [](double a, double b) { return a < b - 0.5; }));
+  EXPECT_TRUE(
+      std::is_sorted(hours.begin(), hours.end(), [](double a, double b) { return a < b - 0.5; }));
   EXPECT_NEAR(hours.front(), 3, 1e-4);
   EXPECT_NEAR(hours.back(), 6, 1e-4);
 }
@@ -171,7 +189,8 @@ TEST(VerticaleLuce, AnalemmaIsTheYearsMeanNoon) {
     const double d = wall.declination(point.x, point.y);
     northern = std::max(northern, d);
     southern = std::min(southern, d);
-    // Mean noon of the zone: the dial's hour angle is the equation of time and the longitude, within 17 minutes.
+    // Mean noon of the zone: the dial's hour angle is the equation of time and the longitude,
+    // within 17 minutes.
     EXPECT_LT(std::abs(wall.hourAngle(point.x, point.y) + 7.3562), 17.0 / 4);
     EXPECT_EQ(point.colour, palette(12));
   }
@@ -186,8 +205,8 @@ TEST(VerticaleLuce, ConicalStyleTouchesItalicAndBabylonianHours) {
   for (const Site& site : {Site{45.7438, -14.57}, {45.7438, 37}, {52, 10}}) {
     Wall wall(site);
     wall.check(Field::CkConic).check(Field::ck_Italiche).check(Field::ck_babiloniche).run();
-    for (const auto& [layer, own, other] :
-         {std::tuple{"ita", Count::Italic, Count::Babylonian}, {"bab", Count::Babylonian, Count::Italic}}) {
+    for (const auto& [layer, own, other] : {std::tuple{"ita", Count::Italic, Count::Babylonian},
+                                            {"bab", Count::Babylonian, Count::Italic}}) {
       std::size_t lit = 0;
       std::size_t counted = 0;
       for (const LineRecord& line : wall.linesOf(layer)) {
@@ -198,7 +217,9 @@ TEST(VerticaleLuce, ConicalStyleTouchesItalicAndBabylonianHours) {
         // Beyond its point of contact a tangent is an hour of the other count.
         const double mine = hourOf(own, H, d, wall.latitude);
         const double theirs = hourOf(other, H, d, wall.latitude);
-        EXPECT_LT(std::min(apart(mine, std::round(mine), 24), apart(theirs, std::round(theirs), 24)), 1e-4);
+        EXPECT_LT(
+            std::min(apart(mine, std::round(mine), 24), apart(theirs, std::round(theirs), 24)),
+            1e-4);
         counted += apart(mine, std::round(mine), 24) < 1e-4 ? 1 : 0;
         ++lit;
       }
@@ -228,7 +249,8 @@ TEST(VerticaleLuce, HasItsOwnFormsOnTheEquator) {
   Wall south({0, 0});
   south.check(Field::ck_Lemniscate).check(Field::chkOreAstronomiche).run();
   for (const PointRecord& point : south.pointsIn(palette(6))) {
-    // In the half year when the sun stands behind this wall its counterpart is drawn, above the foot.
+    // In the half year when the sun stands behind this wall its counterpart is drawn, above the
+    // foot.
     EXPECT_LT(apart(south.hourAngle(point.x, point.y), -7.3562, 180), 17.0 / 4);
   }
   EXPECT_GT(south.pointsIn(palette(6)).size(), 1000u);
@@ -269,7 +291,8 @@ TEST(VerticaleLuce, DefaultDrawingInItsOrder) {
   EXPECT_EQ(texts[21].x, 0);
   EXPECT_EQ(texts[21].y, -0.8);
   EXPECT_EQ(texts[22].text, "  C center of the dial");
-  EXPECT_NEAR(texts[22].shownX, -dial.sheet.ShiftX(), 1e-12) << "the legend runs down the sheet's left edge";
+  EXPECT_NEAR(texts[22].shownX, -dial.sheet.ShiftX(), 1e-12)
+      << "the legend runs down the sheet's left edge";
   EXPECT_EQ(texts[32].text, "  ");
   dial.check(Field::ckFunction).run();
   EXPECT_EQ(list.texts.size(), 33u + 14u + 12u) << "no letters";
@@ -288,7 +311,8 @@ TEST(VerticaleLuce, RefusesTheSouthAndRewritesTheHoursOfSideWalls) {
   south.set(Field::txtLAT, "-10").run();
   EXPECT_TRUE(south.refused);
   EXPECT_EQ(south.entities(), 0u);
-  EXPECT_EQ(south.messages, std::vector<std::string>{"Sorry, unable to work in the Southern hemisphere "});
+  EXPECT_EQ(south.messages,
+            std::vector<std::string>{"Sorry, unable to work in the Southern hemisphere "});
   EXPECT_TRUE(south.panel[Field::cmdData].visible);
 
   DialCase west(Item::M_Light, DisegnaVerticaleLuce);
@@ -299,24 +323,28 @@ TEST(VerticaleLuce, RefusesTheSouthAndRewritesTheHoursOfSideWalls) {
 }
 
 TEST(VerticaleLuce, TakesAnyInput) {
-  const std::vector<Field> fields = {Field::txtLAT,   Field::txtLON,        Field::txtDecl,   Field::TxtStilo,
-                                     Field::TxtHour,  Field::txt_Definition, Field::TxtInizio, Field::TxtFine,
-                                     Field::TxtFuso,  Field::x1txt,         Field::y2txt};
+  const std::vector<Field> fields = {Field::txtLAT,    Field::txtLON,  Field::txtDecl,
+                                     Field::TxtStilo,  Field::TxtHour, Field::txt_Definition,
+                                     Field::TxtInizio, Field::TxtFine, Field::TxtFuso,
+                                     Field::x1txt,     Field::y2txt};
   for (const Field field : fields) {
-    for (const char* text : {"", "abc", "0", "-1", "1e-9", "90", "180", "1e9", "1e308", "1e999", "-1e308"}) {
+    for (const char* text :
+         {"", "abc", "0", "-1", "1e-9", "90", "180", "1e9", "1e308", "1e999", "-1e308"}) {
       DialCase dial(Item::M_Light, DisegnaVerticaleLuce);
-      for (const Field box : {Field::CkConic, Field::ck_Lemniscate, Field::ck_Sustilare, Field::ck_Orizzonte,
-                              Field::ck_Triangolo}) {
+      for (const Field box : {Field::CkConic, Field::ck_Lemniscate, Field::ck_Sustilare,
+                              Field::ck_Orizzonte, Field::ck_Triangolo}) {
         dial.check(box);
       }
       dial.set(field, text).run();
       dial.check(Field::ck_Italiche).check(Field::ckTemp).set(field, text).run();
       EXPECT_LT(dial.entities(), 500'000u);
       for (const LineRecord& line : dial.sheet.list().lines) {
-        ASSERT_TRUE(std::isfinite(line.x1 + line.y1) && std::isfinite(line.x2 + line.y2)) << rowOf(field).name << '=' << text;
+        for (const double value : {line.x1, line.y1, line.x2, line.y2})
+          ASSERT_TRUE(std::isfinite(value)) << rowOf(field).name << '=' << text;
       }
       for (const CircleRecord& circle : dial.sheet.list().circles) {
-        ASSERT_TRUE(std::isfinite(circle.x + circle.y + circle.radius)) << rowOf(field).name << '=' << text;
+        for (const double value : {circle.x, circle.y, circle.radius})
+          ASSERT_TRUE(std::isfinite(value)) << rowOf(field).name << '=' << text;
       }
     }
   }
