@@ -75,14 +75,13 @@ void Drawing::all() {
 // The ball, and the circle in which the floor would cut it.
 void Drawing::rims() {
   circle(sheet_, {0, 0}, R_, palette(15));
-  const double cut = root(R_ * R_ - d1_ * d1_);
-  if (R_ >= d1_ && sound(cut)) circle(sheet_, {0, 0}, cut, palette(8));
+  if (R_ >= d1_) circle(sheet_, {0, 0}, root(R_ * R_ - d1_ * d1_), palette(8));
 }
 
 void Drawing::demonstration() {
   SphereDemonstration sphere(run_, sun_, R_, d1_);
   const double head = over(R_, std::cos(-run_.params.PiGreco + sun_.azimuth())) + 2 * R_ + d1_;
-  if (sound(head)) sheet_.xCircle(0, -head, R_ / 20, palette(2), {.fill = palette(6)});
+  sheet_.xCircle(0, -head, R_ / 20, palette(2), {.fill = palette(6)});
   sphere.plan();
   sphere.section();
   sheet_.Dati("");

@@ -200,10 +200,8 @@ void Drawing::shadow(double W) {
   const double sine = std::sin(W), cosine = std::cos(W);
   const double length = over(R_, sinHeight);
   plot(run_, {0, length, R_, sinHeight, sine, cosine, {}, palette(10)});
-  if (sound(length)) {
-    const double x = -length * sine, y = length * cosine;
-    sheet_.xLine(x, y, x * 6 / 5, y * 6 / 5, palette(14));
-  }
+  const double x = -length * sine, y = length * cosine;
+  sheet_.xLine(x, y, x * 6 / 5, y * 6 / 5, palette(14));
   plot(run_, {0, R_ * sinHeight, R_, over(1, sinHeight), sine, cosine, {}, palette(4)});
 }
 
@@ -220,10 +218,8 @@ void Drawing::section(const Instant& moment, double W) {
   sheet_.xLine(R_ * std::cos(height_) * side, -(-R_ * std::sin(height_) + 2.5 * R_), 0, centre,
                palette(4));
   const double tip = std::abs(over(R_, std::cos(height_))) * side;
-  if (sound(tip)) {
-    sheet_.xCircle(tip, centre, R_ / 20, palette(2), {.fill = palette(6)});
-    sheet_.xCircle(tip, centre, R_ / 50, palette(2), {.fill = palette(15)});
-  }
+  sheet_.xCircle(tip, centre, R_ / 20, palette(2), {.fill = palette(6)});
+  sheet_.xCircle(tip, centre, R_ / 50, palette(2), {.fill = palette(15)});
   legend(moment, W);
 }
 

@@ -115,7 +115,7 @@ void SphereDemonstration::section() {
   sheet.xCircle(0, centre, R_, palette(15), {.startAngle = start, .endAngle = end});
   sheet.xLine(-2 * R_, -2 * R_, 2 * R_, -2 * R_, palette(8));
   const double base = root(R_ * R_ - lower_ * lower_);
-  if (sound(base)) sheet.xLine(-base, -2 * R_, base, -2 * R_, palette(1));
+  sheet.xLine(-base, -2 * R_, base, -2 * R_, palette(1));
   sheet.xLine(0, -(3 * R_ + lower_), 0, -(4 * R_ + lower_), palette(15));
   if (lower_ > R_) sheet.xLine(0, -(lower_ + R_), 0, -2 * R_, palette(15));
   const double top = -(ey_ + 2 * R_ + lower_);
@@ -127,6 +127,7 @@ void SphereDemonstration::section() {
 }
 
 void legendLine(Run& run, std::string_view label, double number, std::string_view unit) {
+  if (!sound(number)) return;
   run.sheet.Dati(run.T(label) + textOf(rounded(number, 4)) + std::string(unit));
 }
 

@@ -124,7 +124,8 @@ class SphereDemonstration {
   double m_ = 0, n_ = 0;
 };
 
-// A line of a legend: the label translated, the number rounded to 4 decimals, and what follows it.
+// A line of a legend: the label translated, the number rounded to 4 decimals, and what follows it;
+// no line for a fault.
 void legendLine(Run& run, std::string_view label, double number, std::string_view unit = {});
 void longitudeLine(Run& run);
 
