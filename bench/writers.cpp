@@ -47,7 +47,10 @@ std::vector<double> coordinates(const SheetPlot& sheet, double unit) {
 }
 
 Sink counter(std::size_t& bytes) {
-  return [&bytes](std::string_view chunk) { bytes += chunk.size(); };
+  return [&bytes](std::string_view chunk) {
+    bytes += chunk.size();
+    return true;
+  };
 }
 
 // write(to, number) is one call of std::to_chars.

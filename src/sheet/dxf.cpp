@@ -33,14 +33,16 @@ constexpr std::array<ColourIndex, 15> kColourIndices = {{{0x000080, 1},
                                                          {0x808080, 8},
                                                          {167777215, 7}}};
 
-// A drawing without a version is read as Windows-1252, a name as one line. Only the degree sign and
-// other Latin letters come in our layers; what has no place becomes an underscore.
+// A drawing without a version is read as Windows-1252, and a layer's name may not hold some signs.
+// What has no place becomes an underscore; of our own layers' names nothing does.
 std::string layerText(std::string_view name) {
+  constexpr std::string_view kForbidden = "<>/\\\":;?*|=`'";
   std::string text;
   while (!name.empty()) {
     const auto [code, length] = firstCharacter(name);
     const bool printable = (code >= 0x20 && code < 0x7F) || (code >= 0xA0 && code <= 0xFF);
-    text += printable ? static_cast<char>(code) : '_';
+    const char c = static_cast<char>(code);
+    text += printable && kForbidden.find(c) == std::string_view::npos ? c : '_';
     name.remove_prefix(length);
   }
   return text;
@@ -64,14 +66,14 @@ std::string DXF_DefaultName(const std::tm& now) {
   return name;
 }
 
-void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
+bool DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
   OutputBuffer out(sink);
   DxfWriter writer(sheet, piGreco, out);
   writer.DXF_CreaHeader();
   out << " 0 \r\nSECTION\r\n 2 \r\nENTITIES\r\n";
   writer.DXF_Entities();
   out << " 0 \r\nENDSEC\r\n 0 \r\nEOF\r\n";
-  out.flush();
+  return out.flush();
 }
 
 DxfWriter::DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out)

@@ -33,11 +33,11 @@ class EntityListWriter {
     for (const std::string& layer : list.layerNames()) layers_.push_back(quoted(layer));
   }
 
-  void write() {
+  bool write() {
     out_ << kHeader;
     list_.visit([this](const auto& record) { row(record); });
     for (const TextRecord& text : list_.texts) row(text);
-    out_.flush();
+    return out_.flush();
   }
 
  private:
@@ -104,11 +104,11 @@ class EntityListWriter {
 
 }  // namespace
 
-void writeEntityList(const DisplayList& list, const Sink& sink) {
-  EntityListWriter(list, sink).write();
+bool writeEntityList(const DisplayList& list, const Sink& sink) {
+  return EntityListWriter(list, sink).write();
 }
 
-void writeTexts(const DisplayList& list, const Sink& sink) {
+bool writeTexts(const DisplayList& list, const Sink& sink) {
   OutputBuffer out(sink);
   for (const TextRecord& record : list.texts) {
     std::string line = record.text;
@@ -117,7 +117,7 @@ void writeTexts(const DisplayList& list, const Sink& sink) {
     }
     out << line << '\n';
   }
-  out.flush();
+  return out.flush();
 }
 
 }  // namespace dialwright

@@ -6,26 +6,25 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 #include "numerics/numbers.hpp"
+#include "sheet/sink.hpp"
 
 namespace dialwright {
-
-// Takes a file's bytes, chunk by chunk and in order.
-using Sink = std::function<void(std::string_view)>;
 
 class OutputBuffer {
  public:
   explicit OutputBuffer(Sink sink) : sink_(std::move(sink)) {}
 
-  // Hands over what is still in the buffer; the last call of every writer.
-  void flush() {
-    if (at_ != begin()) sink_({begin(), used()});
+  // Hands over what is still in the buffer: the last call of every writer. False when the sink has
+  // refused a chunk; what comes after that is dropped.
+  bool flush() {
+    if (at_ != begin()) handOver({begin(), used()});
     at_ = begin();
+    return taken_;
   }
 
   OutputBuffer& operator<<(char c) {
@@ -37,7 +36,7 @@ class OutputBuffer {
   OutputBuffer& operator<<(std::string_view text) {
     if (text.size() > kChunk) {
       flush();
-      sink_(text);
+      handOver(text);
       return *this;
     }
     need(text.size());
@@ -92,6 +91,7 @@ class OutputBuffer {
 
   char* begin() { return bytes_.get(); }
   std::size_t used() { return static_cast<std::size_t>(at_ - begin()); }
+  void handOver(std::string_view bytes) { taken_ = taken_ && sink_(bytes); }
   void need(std::size_t bytes) {
     if (used() + bytes > kChunk) [[unlikely]]
       flush();
@@ -107,6 +107,7 @@ class OutputBuffer {
   }
 
   Sink sink_;
+  bool taken_ = true;
   std::unique_ptr<char[]> bytes_ = std::make_unique<char[]>(kChunk);
   char* at_ = bytes_.get();
 };

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "numerics/fault.hpp"
-#include "sheet/paper_ink.hpp"
+#include "sheet/paper_colours.hpp"
 #include "sheet/utf8.hpp"
 
 namespace dialwright {
@@ -72,7 +72,7 @@ class Inks {
   const std::string& of(Rgb colour) {
     if (colour != last_ || text_.empty()) {
       last_ = colour;
-      text_ = hex(dark_ ? colour : inkOnPaper(colour));
+      text_ = hex(dark_ ? colour : onPaper(colour));
     }
     return text_;
   }
@@ -247,13 +247,13 @@ class SvgWriter {
   SvgWriter(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options)
       : sheet_(sheet), list_(sheet.list()), dark_(options.dark), out_(sink), inks_(options.dark) {}
 
-  void write() {
+  bool write() {
     open();
     const ItemsByLayer items(list_);
     for (std::size_t n = 0; n < items.layers.size(); ++n) layer(items, n);
     texts();
     out_ << "</svg>\n";
-    out_.flush();
+    return out_.flush();
   }
 
  private:
@@ -332,17 +332,14 @@ void SvgWriter::drawItem(const Item& item) {
 }
 
 void SvgWriter::draw(const PointRecord& point) {
+  if (!sheet_.frame().holds(point.x, point.y)) return;
   const double x = across(point.x * sheet_.SignX());
   const double y = down(point.y * sheet_.SignY());
   if (reaches(x, y)) joiner_.dot(spot(x, y), point.colour);
 }
 
 void SvgWriter::draw(const LineRecord& line) {
-  const bool mirrors = sheet_.mirrors(line.layer);
-  const double signX = mirrors ? sheet_.SignX() : 1;
-  const double signY = mirrors ? sheet_.SignY() : 1;
-  drawSegment({line.x1 * signX, line.y1 * signY, line.x2 * signX, line.y2 * signY}, line.colour,
-              line.width);
+  drawSegment(sheet_.frame().mirrored(line), line.colour, line.width);
 }
 
 // A vertex brings the segment to it from the one before.
@@ -493,8 +490,8 @@ void SvgWriter::text(const TextRecord& record) {
 
 }  // namespace
 
-void writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
-  SvgWriter(sheet, sink, options).write();
+bool writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
+  return SvgWriter(sheet, sink, options).write();
 }
 
 }  // namespace dialwright

@@ -1,0 +1,37 @@
+// Cairo's objects with an owner, and its writing into a sink.
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+#include <string>
+
+#include "sheet/sink.hpp"
+
+namespace dialwright {
+
+struct CairoFree {
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_t* cairo) const { cairo_destroy(cairo); }
+};
+
+using CairoSurface = std::unique_ptr<cairo_surface_t, CairoFree>;
+using CairoContext = std::unique_ptr<cairo_t, CairoFree>;
+
+// Points of a PDF's page in a metre.
+inline constexpr double kPointsPerMeter = 72 / 0.0254;
+
+// Cairo's write function; the closure is a `const Sink*`.
+cairo_status_t writeToSink(void* sink, const unsigned char* bytes, unsigned int count);
+
+// A PDF of pages of one size, in metres. Its creation date is that of SOURCE_DATE_EPOCH, or a fixed
+// one: the same drawing gives the same bytes. The sink must outlive the surface.
+CairoSurface pdfSurface(const Sink& sink, double width, double height);
+
+// A context on a PDF that maps twips of a target at true size to the page.
+CairoContext pdfContext(cairo_surface_t* surface);
+
+// Ends the surface; empty when all of it was written, else what stood in the way.
+std::string finish(cairo_surface_t* surface);
+
+}  // namespace dialwright
