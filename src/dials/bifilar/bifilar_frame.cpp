@@ -2,13 +2,10 @@
 #include "dials/bifilar/bifilar_frame.hpp"
 
 #include "dials/site.hpp"
+#include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
 
-namespace dialwright {
-
-void DisegnaNumeroArabo(Run& run, double x, double y, double angleDegrees, int number, int digits);
-void DisegnaNumeroRomano(Run& run, double x, double y, double angleRadians, int hour, int mode);
-
-namespace bifilar {
+namespace dialwright::bifilar {
 
 double Amount::in(const Run& run) const {
   double number = 0;
@@ -79,6 +76,4 @@ WallSky::WallSky(double latitude, double declination)
       sinWall_(std::sin(declination)),
       cosWall_(std::cos(declination)) {}
 
-}  // namespace bifilar
-
-}  // namespace dialwright
+}  // namespace dialwright::bifilar

@@ -21,7 +21,7 @@ constexpr double kAngle = 2e-5;  // degrees; the circle constant is short by 4e-
 constexpr double kLatitude = 45.7438;
 const std::vector<double> kLatitudes = {3, 12, 24, kLatitude, 62, 75};
 
-// A level dial with no box checked, in a wide window.
+// A level dial in a wide window that draws no family and, with both kinds asked for, no numerals.
 template <class Gnomon>
 class Floor : public DialCase {
  public:
@@ -31,6 +31,7 @@ class Floor : public DialCase {
         .set(Field::TxtRadius, std::to_string(gnomon.radius));
     set(Field::x1txt, "-.9").set(Field::x2txt, ".9").set(Field::y1txt, ".6");
     clearBoxes();
+    for (const Field both : {Field::ckRomani, Field::ckArabi}) panel.setState(both, true);
   }
 
   sky::Vec sun(double x, double sheetY) const { return gnomon.sunAt(plane, {x, -sheetY}); }
@@ -388,7 +389,7 @@ TEST(Fontana, DrawsInItsOrder) {
 TEST(Fontana, WritesItsLegendAndItsFields) {
   Fountain dial;
   dial.set(Field::txtDecl, "30").set(Field::txt_R2, "0.25").set(Field::TxtHour, "4");
-  dial.check(Field::ck_Triangolo).check(Field::ckRomani).check(Field::ckArabi).run();
+  dial.check(Field::ck_Triangolo).run();
   const std::vector<std::string> expected = {"",
                                              "",
                                              "height of the sun 47.5386 °",
@@ -438,10 +439,39 @@ TEST(Ball, DrawsInItsOrder) {
 
 TEST(Ball, OnTheFloorItWritesNoWarning) {
   BallOver dial(kLatitude, "0");
-  dial.check(Field::ckRomani).check(Field::ckArabi).run();
+  dial.run();
   EXPECT_EQ(textsOf(dial), std::vector<std::string>{""});
   dial.set(Field::txtD1, "0.15").run();
   EXPECT_EQ(dial.sheet.list().circles.at(dial.sheet.list().circles.size() - 2).radius, 0);
+}
+
+// The numerals of the day of txtLineofdeclination: Roman ones by their box, Arabic ones by none.
+TEST(Fontana, NumeralsStandOnTheLineOfDeclination) {
+  Fountain dial;
+  dial.set(Field::txtLineofdeclination, "0").run();
+  EXPECT_EQ(dial.sheet.list().lines.size(), 0u) << "both boxes are checked";
+  dial.check(Field::ckArabi, false).run();
+  const std::vector<LineRecord> roman = dial.linesIn(palette(7));
+  ASSERT_GT(roman.size(), 50u);
+  double nearest = 1;
+  for (const double H : {-75.0, -60.0, -45.0, -30.0, -15.0, 0.0, 15.0, 30.0, 45.0, 60.0, 75.0}) {
+    const sky::Vec sunwards = sky::sun(dial.latitude, rad(H), 0);
+    const double reach = 0.3 / std::hypot(sunwards.x, sunwards.y) + 0.2 / sunwards.z;
+    const sky::Spot at{sunwards.x * reach, -sunwards.y * reach};
+    nearest = 1;
+    for (const LineRecord& stroke : roman)
+      nearest = std::min(
+          nearest, sky::distance(at, {(stroke.x1 + stroke.x2) / 2, (stroke.y1 + stroke.y2) / 2}));
+    EXPECT_LT(nearest, 0.03) << H;
+  }
+  for (const bool arabic : {true, false}) {
+    Fountain other;
+    other.panel.setState(Field::ckRomani, false);
+    other.panel.setState(Field::ckArabi, arabic);
+    other.run();
+    EXPECT_GT(other.sheet.list().lines.size(), 100u);
+    EXPECT_FALSE(other.linesIn(palette(12)).empty()) << "an Arabic 3";
+  }
 }
 
 // --- Refusals and odd input
