@@ -65,7 +65,7 @@ class Numeral {
  private:
   using Row = std::array<Spot, 13>;
 
-  static std::size_t lastEnd(int bars) { return static_cast<std::size_t>(2 * bars + 6); }
+  static std::size_t lastEnd(int bars) { return 2 * static_cast<std::size_t>(bars) + 6; }
 
   void line(Spot a, Spot b) const {
     const Spot from = at_ + a;
@@ -154,7 +154,7 @@ class Numeral {
   }
 
   void drawBars(int count) const {
-    for (std::size_t end = 7; end < 7 + 2 * static_cast<std::size_t>(count); ++end) {
+    for (std::size_t end = 7; end <= lastEnd(count); ++end) {
       line(top_[end], bottom_[end]);
     }
   }

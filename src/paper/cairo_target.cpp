@@ -3,11 +3,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <numbers>
 #include <string>
+#include <utility>
 
-#include "sheet/paper_colours.hpp"
+#include "sheet/paper_ink.hpp"
+#include "sheet/utf8.hpp"
 
 namespace dialwright {
 
@@ -19,41 +20,28 @@ constexpr int kMostPieces = 256;
 // Twips beyond which Cairo's own numbers end: more than a kilometre of paper.
 constexpr double kFarthest = 1e8;
 
+// Twips: a line whose ends differ by less runs along an axis.
+constexpr double kLevel = 1e-6;
+
 bool within(double value, double low, double high) { return value >= low && value <= high; }
 
 bool reachable(double x, double y) {
   return within(x, -kFarthest, kFarthest) && within(y, -kFarthest, kFarthest);
 }
 
-// The bytes of the UTF-8 character at the head of the text; 0 where there is none.
-std::size_t characterLength(std::string_view text) {
-  constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};  // of a form of so many bytes
-  const auto lead = static_cast<unsigned char>(text[0]);
-  if (lead < 0x80) return 1;
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC0 || lead > 0xF7 || length > text.size()) return 0;
-  std::uint32_t code = lead & (0x7Fu >> length);
-  for (const char c : text.substr(1, length - 1)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if ((byte & 0xC0) != 0x80) return 0;
-    code = code << 6 | (byte & 0x3Fu);
-  }
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  return code >= kLeast[length] && code <= 0x10FFFF && !surrogate ? length : 0;
-}
-
-// The text with a question mark for each control character and each byte that is no UTF-8, which
-// Cairo would refuse together with all that follows.
+// The text as Cairo takes it: it would refuse bytes that are no UTF-8, and all that follows them.
 std::string wellFormed(std::string_view text) {
   std::string result;
   while (!text.empty()) {
-    const std::size_t length = characterLength(text);
-    if (length == 0 || static_cast<unsigned char>(text[0]) < ' ') {
-      result += '?';
+    const auto [code, length] = firstCharacter(text);
+    if (code == kReplacement) {
+      result += "\xEF\xBF\xBD";
+    } else if (code < U' ') {
+      result += ' ';
     } else {
       result += text.substr(0, length);
     }
-    text.remove_prefix(std::max<std::size_t>(length, 1));
+    text.remove_prefix(length);
   }
   return result;
 }
@@ -61,7 +49,7 @@ std::string wellFormed(std::string_view text) {
 Rgb inkFor(Inks inks, Rgb colour) {
   switch (inks) {
     case Inks::Own: return colour;
-    case Inks::Paper: return onPaper(colour);
+    case Inks::Paper: return inkOnPaper(colour);
     case Inks::Black: return kBlack;
   }
   return colour;
@@ -88,6 +76,8 @@ CairoTarget::CairoTarget(cairo_t* cairo, const StrokeLook& look) : cairo_(cairo)
 
 void CairoTarget::flush() {
   if (pieces_ == 0) return;
+  settle();
+  running_ = false;
   pieces_ = 0;
   const double width = look_.width * pen_.width;
   ink(pen_.colour);
@@ -109,22 +99,47 @@ void CairoTarget::take(const Pen& pen) {
 
 void CairoTarget::ink(Rgb colour) { setSource(cairo_, inkFor(look_.inks, colour)); }
 
+// A fill stays in its colour when the outlines are black; one in the colour of the ground is the
+// paper's.
+void CairoTarget::fillInk(Rgb colour) {
+  if (look_.inks == Inks::Own) return setSource(cairo_, colour);
+  setSource(cairo_, colour == look_.ground ? kWhite : inkOnPaper(colour));
+}
+
 // The middle of the pixel that a coordinate falls on.
 double CairoTarget::snap(double at) const {
   if (look_.pixel == 0) return at;
   return (std::floor(at / look_.pixel) + 0.5) * look_.pixel;
 }
 
+// Hands the waiting stroke to Cairo.
+void CairoTarget::settle() {
+  if (!waiting_) return;
+  waiting_ = false;
+  running_ = true;
+  cairo_move_to(cairo_, first_.x, first_.y);
+  cairo_line_to(cairo_, tail_.x, tail_.y);
+}
+
 void CairoTarget::line(double x1, double y1, double x2, double y2, Rgb colour, int width) {
-  if (x1 == x2) x1 = x2 = snap(x1);
-  if (y1 == y2) y1 = y2 = snap(y1);
-  const bool joins = pieces_ != 0 && x1 == lastX_ && y1 == lastY_;
-  const int before = pieces_;
+  if (std::abs(x1 - x2) < kLevel) x1 = x2 = snap(x1);
+  if (std::abs(y1 - y2) < kLevel) y1 = y2 = snap(y1);
   take({colour, std::max(width, 1), dotted_});
-  if (!joins || pieces_ <= before) cairo_move_to(cairo_, x1, y1);
-  cairo_line_to(cairo_, x2, y2);
-  lastX_ = x2;
-  lastY_ = y2;
+  const Spot from{x1, y1};
+  const Spot to{x2, y2};
+  const auto joins = [&](const Spot& end) { return from == end || to == end; };
+  if (waiting_) {
+    if (joins(first_) && !joins(tail_)) std::swap(first_, tail_);
+    settle();
+  }
+  if (running_ && joins(tail_)) {
+    tail_ = from == tail_ ? to : from;
+    cairo_line_to(cairo_, tail_.x, tail_.y);
+  } else {
+    first_ = from;
+    tail_ = to;
+    waiting_ = true;
+  }
 }
 
 void CairoTarget::dotted(bool on) { dotted_ = on; }
@@ -134,10 +149,10 @@ void CairoTarget::point(double x, double y, Rgb colour) {
   x = snap(x);
   y = snap(y);
   take({colour, 1, false});
+  settle();
+  running_ = false;
   cairo_move_to(cairo_, x, y);
   cairo_line_to(cairo_, x, y);
-  lastX_ = x;
-  lastY_ = y;
 }
 
 // Angles run counter-clockwise for the eye, while the surface's y goes down: Cairo's negative way.
@@ -168,8 +183,10 @@ void CairoTarget::circle(const TargetCircle& circle) {
   if (!mapped || !reachable(circle.x, circle.y) || !within(circle.radius, 0, kFarthest)) return;
   flush();
   arcPath(circle);
-  if (circle.fill >= 0) {
-    setSource(cairo_, circle.fill);  // a fill is a ground, not an ink
+  // Only what is closed is filled: a whole circle or a slice.
+  const bool closed = circle.endAngle == 0 || (circle.startAngle < 0 && circle.endAngle < 0);
+  if (circle.fill >= 0 && closed) {
+    fillInk(circle.fill);
     cairo_fill_preserve(cairo_);
   }
   pen_ = {circle.colour, 1, false};

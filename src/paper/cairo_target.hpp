@@ -18,7 +18,8 @@ enum class Inks {
 // How strokes look, in twips.
 struct StrokeLook {
   Inks inks = Inks::Own;
-  double width = 15;  // of a line of width 1
+  Rgb ground = kBlack;  // of the sheet
+  double width = 15;    // of a line of width 1
   double textSize = 160;
   // The side of a pixel: lines along the axes are laid on whole pixels. 0 for a target without.
   double pixel = 0;
@@ -58,8 +59,15 @@ class CairoTarget : public DrawTarget {
     friend bool operator==(const Pen&, const Pen&) = default;
   };
 
+  struct Spot {
+    double x, y;
+    friend bool operator==(const Spot&, const Spot&) = default;
+  };
+
   void take(const Pen& pen);
+  void settle();
   void ink(Rgb colour);
+  void fillInk(Rgb colour);
   double snap(double at) const;
   void arcPath(const TargetCircle& circle) const;
 
@@ -68,8 +76,12 @@ class CairoTarget : public DrawTarget {
   Pen pen_;
   bool dotted_ = false;
   int pieces_ = 0;  // strokes in the open path
-  double lastX_ = 0;
-  double lastY_ = 0;
+  // The ends of the last run of joined strokes. A stroke waits for the next one, which tells which
+  // way the run goes: a curve may be drawn from each new point back to the one before.
+  Spot first_{};
+  Spot tail_{};
+  bool waiting_ = false;
+  bool running_ = false;
   double ascent_ = 0;
   double fontHeight_ = 0;
 };

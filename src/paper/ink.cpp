@@ -39,7 +39,11 @@ class InkFinder : public DrawTarget {
 
   void clear() override {}
 
+  // The sheet's page grid and page frames, which are dotted, are no part of the drawing.
+  void dotted(bool on) override { aid_ = on; }
+
   void line(double x1, double y1, double x2, double y2, Rgb, int) override {
+    if (aid_) return;
     const Range columns = cells(x1, x2, pageW_, grid_.columns());
     const Range rows = cells(y1, y2, pageH_, grid_.rows());
     const bool onePage = columns.first == columns.last && rows.first == rows.last;
@@ -106,6 +110,7 @@ class InkFinder : public DrawTarget {
     page.height = pageH_;
     page.shiftX = -column * pageW_;
     page.shiftY = -row * pageH_;
+    page.paper = true;
     return page.clip(piece) != 0 && std::hypot(piece.x2 - piece.x1, piece.y2 - piece.y1) > kTouch;
   }
 
@@ -118,7 +123,8 @@ class InkFinder : public DrawTarget {
   }
 
   void mark(int column, int row) {
-    inked_[static_cast<std::size_t>(row * grid_.columns() + column)] = true;
+    const int cell = row * grid_.columns() + column;
+    inked_[static_cast<std::size_t>(cell)] = true;
   }
 
   PageGrid grid_;
@@ -126,6 +132,7 @@ class InkFinder : public DrawTarget {
   double pageH_;
   const CairoTarget& ruler_;
   std::vector<bool> inked_;
+  bool aid_ = false;
 };
 
 }  // namespace
@@ -141,6 +148,7 @@ std::vector<int> inkedPages(const SheetPlot& sheet) {
   frame.factor = kTwipsPerMeter;
   frame.width = grid.columns() * sheet.PageW();
   frame.height = grid.rows() * sheet.PageH();
+  frame.paper = true;
   drawPicture(sheet, frame, finder);
   return finder.numbers();
 }

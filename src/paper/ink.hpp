@@ -9,7 +9,7 @@
 namespace dialwright {
 
 // The numbers, in order, of the pages on which a piece of a line, a point, a circle, a box or a
-// text of the picture falls.
+// text of the picture falls; the page grid and the frames of selected pages don't count.
 std::vector<int> inkedPages(const SheetPlot& sheet);
 
 }  // namespace dialwright

@@ -92,12 +92,13 @@ void drawPage(cairo_t* cairo, const SheetPlot& sheet, const SelectedPage& page,
   frame.height = kPageH;
   frame.shiftX -= page.x;
   frame.shiftY -= page.y;
-  frame.ownWidths = true;
+  frame.paper = true;
   cairo_save(cairo);
   cairo_rectangle(cairo, 0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
   cairo_clip(cairo);
   {
     CairoTarget target(cairo, {.inks = options.inks,
+                               .ground = sheet.BackColor,
                                .width = options.lineWidth * kTwipsPerMeter,
                                .textSize = textSizeAt(sheet, 1)});
     drawPicture(sheet, frame, target);
@@ -147,7 +148,8 @@ std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOpti
   const std::vector<int> numbers = options.numbers.empty() ? inkedPages(sheet) : options.numbers;
   if (numbers.empty()) return "No page of this sheet carries ink.";
 
-  const CairoSurface surface = pdfSurface(sink, kPaperW, kPaperH);
+  CairoSink to{sink};
+  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
   const CairoContext cairo = pdfContext(surface.get());
   toPageCorner(cairo.get());
   for (const int number : numbers) {
@@ -160,18 +162,19 @@ std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOpti
     }
     cairo_show_page(cairo.get());
   }
-  return finish(surface.get());
+  return finish(surface.get(), to);
 }
 
 std::string writePrintout(const Sink& sink, const std::function<void(Printer&)>& job) {
-  const CairoSurface surface = pdfSurface(sink, kPaperW, kPaperH);
+  CairoSink to{sink};
+  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
   const CairoContext cairo = pdfContext(surface.get());
   toPageCorner(cairo.get());
   {
     PdfPrinter printer(cairo.get());
     job(printer);
   }
-  return finish(surface.get());
+  return finish(surface.get(), to);
 }
 
 }  // namespace dialwright

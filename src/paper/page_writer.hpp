@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "paper/cairo_target.hpp"
+#include "sheet/output_buffer.hpp"
 #include "sheet/printing.hpp"
-#include "sheet/sink.hpp"
 
 namespace dialwright {
 
@@ -21,7 +21,7 @@ struct PagesOptions {
 
 // A PDF of A4 pages at 1:1. Each has crop marks at the corners of its part of the sheet and, in the
 // margin, its number and place and a ruler of 100 mm to check the printer with. The result is
-// empty, or says what stood in the way: a page that isn't there, or no page with ink.
+// empty, or says what can't be made: a page that isn't there, or no page with ink.
 [[nodiscard]] std::string writePages(const SheetPlot& sheet, const Sink& sink,
                                      const PagesOptions& options = {});
 

@@ -76,9 +76,11 @@ CairoSurface paintBitmap(const SheetPlot& sheet, const PictureOptions& options,
   paintGround(cairo.get(), sheet, options.inks);
   cairo_scale(cairo.get(), 1 / kPixel, 1 / kPixel);
   {
-    CairoTarget target(
-        cairo.get(),
-        {.inks = options.inks, .width = kPixel, .textSize = textSizeAt(sheet, n), .pixel = kPixel});
+    CairoTarget target(cairo.get(), {.inks = options.inks,
+                                     .ground = sheet.BackColor,
+                                     .width = kPixel,
+                                     .textSize = textSizeAt(sheet, n),
+                                     .pixel = kPixel});
     drawPicture(sheet, frameAt(sheet, n), target);
   }
   cairo_surface_flush(surface.get());
@@ -115,13 +117,13 @@ std::string bmpHeader(int width, int height, std::size_t rowBytes) {
   return bytes;
 }
 
-bool writeBmpRows(cairo_surface_t* image, const Sink& sink) {
+void writeBmpRows(cairo_surface_t* image, const Sink& sink) {
   const auto width = static_cast<std::size_t>(cairo_image_surface_get_width(image));
   const int height = cairo_image_surface_get_height(image);
   const int stride = cairo_image_surface_get_stride(image);
   const unsigned char* data = cairo_image_surface_get_data(image);
   std::string row((width * 3 + 3) / 4 * 4, '\0');
-  if (!sink(bmpHeader(static_cast<int>(width), height, row.size()))) return false;
+  sink(bmpHeader(static_cast<int>(width), height, row.size()));
   for (int y = height - 1; y >= 0; --y) {
     const auto* pixels =
         reinterpret_cast<const std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride);
@@ -130,9 +132,8 @@ bool writeBmpRows(cairo_surface_t* image, const Sink& sink) {
       row[3 * x + 1] = static_cast<char>(pixels[x] >> 8 & 255);
       row[3 * x + 2] = static_cast<char>(pixels[x] >> 16 & 255);
     }
-    if (!sink(row)) return false;
+    sink(row);
   }
-  return true;
 }
 
 }  // namespace
@@ -143,49 +144,55 @@ void drawPicture(const SheetPlot& sheet, const SheetFrame& frame, DrawTarget& ta
     const double y = point.y * frame.signY;
     if (frame.holds(x, y)) target.point(frame.toTargetX(x), frame.toTargetY(y), point.colour);
   };
+  const VertexRecord* last = nullptr;
+  const auto drawVertex = [&](const VertexRecord& vertex) {
+    if (vertex.mark == PolylineMark::Vertex && last != nullptr) {
+      frame.draw({last->x, last->y, vertex.x, vertex.y}, vertex.colour, 1, target);
+    }
+    last = vertex.mark == PolylineMark::Vertex ? &vertex : nullptr;
+  };
   sheet.list().visit(
-      Overloaded{drawPoint, [&](const auto& record) { frame.draw(record, target); }});
+      Overloaded{drawPoint, drawVertex, [&](const auto& record) { frame.draw(record, target); }});
   for (const TextRecord& text : sheet.list().texts) {
     target.text(frame.toTargetX(text.shownX), frame.toTargetY(text.shownY), text.text,
                 text.shownColour);
   }
 }
 
-double textSizeAt(const SheetPlot& sheet, int n) {
-  return kTextSize * std::min(1.0, static_cast<double>(sheet.Scala()) / n);
-}
+double textSizeAt(const SheetPlot& sheet, int n) { return kTextSize * sheet.Scala() / n; }
 
 std::string writePdf(const SheetPlot& sheet, const Sink& sink, const PictureOptions& options) {
   const int n = options.scale.value_or(1);
   if (std::string problem = refusal(sheet, n); !problem.empty()) return problem;
-  const CairoSurface surface = pdfSurface(sink, sheet.QuadranteL() / n, sheet.QuadranteH() / n);
+  CairoSink to{sink};
+  const CairoSurface surface = pdfSurface(to, sheet.QuadranteL() / n, sheet.QuadranteH() / n);
   const CairoContext cairo = pdfContext(surface.get());
   if (options.inks == Inks::Own) paintGround(cairo.get(), sheet, options.inks);
   {
     CairoTarget target(cairo.get(), {.inks = options.inks,
+                                     .ground = sheet.BackColor,
                                      .width = options.lineWidth * kTwipsPerMeter,
                                      .textSize = textSizeAt(sheet, n)});
     SheetFrame frame = frameAt(sheet, n);
-    frame.ownWidths = true;
+    frame.paper = true;
     drawPicture(sheet, frame, target);
   }
-  return finish(surface.get());
+  return finish(surface.get(), to);
 }
 
 std::string writePng(const SheetPlot& sheet, const Sink& sink, const PictureOptions& options) {
   std::string problem;
   const CairoSurface image = paintBitmap(sheet, options, problem);
   if (!problem.empty()) return problem;
-  const cairo_status_t status =
-      cairo_surface_write_to_png_stream(image.get(), writeToSink, const_cast<Sink*>(&sink));
-  return status == CAIRO_STATUS_SUCCESS ? std::string() : cairo_status_to_string(status);
+  CairoSink to{sink};
+  return outcome(cairo_surface_write_to_png_stream(image.get(), writeToSink, &to), to);
 }
 
 std::string writeBmp(const SheetPlot& sheet, const Sink& sink, const PictureOptions& options) {
   std::string problem;
   const CairoSurface image = paintBitmap(sheet, options, problem);
   if (!problem.empty()) return problem;
-  if (!writeBmpRows(image.get(), sink)) return "The bitmap could not be written.";
+  writeBmpRows(image.get(), sink);
   return {};
 }
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "paper/cairo_target.hpp"
+#include "sheet/output_buffer.hpp"
 #include "sheet/sheet_plot.hpp"
-#include "sheet/sink.hpp"
 
 namespace dialwright {
 
@@ -33,12 +33,12 @@ inline constexpr PictureOptions kScreenPicture{.scale = {}, .inks = Inks::Own};
 // frame tells which part of the drawing lies where.
 void drawPicture(const SheetPlot& sheet, const SheetFrame& frame, DrawTarget& target);
 
-// The type of a picture at 1:n, in twips: that of the screen, but smaller where the drawing is, so
-// that lines of text don't run together.
+// The type of a picture at 1:n, in twips: it grows with the drawing, so that the lines of a text
+// stand to each other and to the drawing as on the screen.
 double textSizeAt(const SheetPlot& sheet, int n);
 
 // These write one page or bitmap of the sheet's size into the sink. The result is empty, or says
-// what stood in the way.
+// what can't be made; what the sink throws passes through.
 [[nodiscard]] std::string writePdf(const SheetPlot& sheet, const Sink& sink,
                                    const PictureOptions& options = {});
 [[nodiscard]] std::string writePng(const SheetPlot& sheet, const Sink& sink,

@@ -29,19 +29,21 @@ std::string creationDate() {
 
 }  // namespace
 
-cairo_status_t writeToSink(void* sink, const unsigned char* bytes, unsigned int count) {
+cairo_status_t writeToSink(void* closure, const unsigned char* bytes, unsigned int count) {
+  auto& to = *static_cast<CairoSink*>(closure);
+  if (to.failure) return CAIRO_STATUS_WRITE_ERROR;
   try {
-    const auto& take = *static_cast<const Sink*>(sink);
-    const std::string_view chunk(reinterpret_cast<const char*>(bytes), count);
-    return take(chunk) ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
+    to.sink({reinterpret_cast<const char*>(bytes), count});
+    return CAIRO_STATUS_SUCCESS;
   } catch (...) {  // no exception may pass through Cairo
+    to.failure = std::current_exception();
     return CAIRO_STATUS_WRITE_ERROR;
   }
 }
 
-CairoSurface pdfSurface(const Sink& sink, double width, double height) {
+CairoSurface pdfSurface(CairoSink& sink, double width, double height) {
   CairoSurface surface(cairo_pdf_surface_create_for_stream(
-      writeToSink, const_cast<Sink*>(&sink), width * kPointsPerMeter, height * kPointsPerMeter));
+      writeToSink, &sink, width * kPointsPerMeter, height * kPointsPerMeter));
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
                                  creationDate().c_str());
   return surface;
@@ -54,10 +56,14 @@ CairoContext pdfContext(cairo_surface_t* surface) {
   return cairo;
 }
 
-std::string finish(cairo_surface_t* surface) {
-  cairo_surface_finish(surface);
-  const cairo_status_t status = cairo_surface_status(surface);
+std::string outcome(cairo_status_t status, const CairoSink& sink) {
+  if (sink.failure) std::rethrow_exception(sink.failure);
   return status == CAIRO_STATUS_SUCCESS ? std::string() : cairo_status_to_string(status);
+}
+
+std::string finish(cairo_surface_t* surface, const CairoSink& sink) {
+  cairo_surface_finish(surface);
+  return outcome(cairo_surface_status(surface), sink);
 }
 
 }  // namespace dialwright

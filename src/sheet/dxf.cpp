@@ -66,14 +66,14 @@ std::string DXF_DefaultName(const std::tm& now) {
   return name;
 }
 
-bool DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
+void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
   OutputBuffer out(sink);
   DxfWriter writer(sheet, piGreco, out);
   writer.DXF_CreaHeader();
   out << " 0 \r\nSECTION\r\n 2 \r\nENTITIES\r\n";
   writer.DXF_Entities();
   out << " 0 \r\nENDSEC\r\n 0 \r\nEOF\r\n";
-  return out.flush();
+  out.flush();
 }
 
 DxfWriter::DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out)

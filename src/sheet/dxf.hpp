@@ -15,9 +15,8 @@ namespace dialwright {
 //
 // piGreco is the circle constant that the arcs' angles are turned into degrees with. With an
 // inverted x axis every export turns the stored x values over, so that every second one is not
-// mirrored; that is why the sheet is not const. False
-// when the sink took not all.
-bool DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink);
+// mirrored; that is why the sheet is not const.
+void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink);
 
 // The name that a save dialogue proposes, without its ending: "DXF", then year, month, day, hour,
 // minute and second as plain numbers.

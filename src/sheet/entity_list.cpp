@@ -33,11 +33,11 @@ class EntityListWriter {
     for (const std::string& layer : list.layerNames()) layers_.push_back(quoted(layer));
   }
 
-  bool write() {
+  void write() {
     out_ << kHeader;
     list_.visit([this](const auto& record) { row(record); });
     for (const TextRecord& text : list_.texts) row(text);
-    return out_.flush();
+    out_.flush();
   }
 
  private:
@@ -104,11 +104,11 @@ class EntityListWriter {
 
 }  // namespace
 
-bool writeEntityList(const DisplayList& list, const Sink& sink) {
-  return EntityListWriter(list, sink).write();
+void writeEntityList(const DisplayList& list, const Sink& sink) {
+  EntityListWriter(list, sink).write();
 }
 
-bool writeTexts(const DisplayList& list, const Sink& sink) {
+void writeTexts(const DisplayList& list, const Sink& sink) {
   OutputBuffer out(sink);
   for (const TextRecord& record : list.texts) {
     std::string line = record.text;
@@ -117,7 +117,7 @@ bool writeTexts(const DisplayList& list, const Sink& sink) {
     }
     out << line << '\n';
   }
-  return out.flush();
+  out.flush();
 }
 
 }  // namespace dialwright

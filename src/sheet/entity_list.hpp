@@ -7,11 +7,10 @@
 namespace dialwright {
 
 // The entity list: CSV (RFC 4180, UTF-8) with one row an entity in drawing order, then the texts.
-// Numbers are those of the records, in the shortest form that reads back to the same double. False
-// when the sink took not all.
-bool writeEntityList(const DisplayList& list, const Sink& sink);
+// Numbers are those of the records, in the shortest form that reads back to the same double.
+void writeEntityList(const DisplayList& list, const Sink& sink);
 
-// Every text in order, one a line, as it stands on the sheet. False when the sink took not all.
-bool writeTexts(const DisplayList& list, const Sink& sink);
+// Every text in order, one a line, as it stands on the sheet.
+void writeTexts(const DisplayList& list, const Sink& sink);
 
 }  // namespace dialwright

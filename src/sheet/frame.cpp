@@ -88,31 +88,30 @@ int SheetFrame::clip(Segment& segment) const {
   }
   const bool columns = within(whole.x1, left, right) || within(whole.x2, left, right);
   const bool rows = within(whole.y1, top, bottom) || within(whole.y2, top, bottom);
-  if (!(columns && rows) && (outsideBox({segment.x1, segment.y1}, whole) ||
-                             outsideBox({segment.x2, segment.y2}, whole))) {
+  if ((paper || !(columns && rows)) && (outsideBox({segment.x1, segment.y1}, whole) ||
+                                        outsideBox({segment.x2, segment.y2}, whole))) {
     return 0;
   }
   return count;
 }
 
 Segment SheetFrame::mirrored(const LineRecord& line) const {
-  if (line.layer == axesLayer || line.layer == selectionLayer)
-    return {line.x1, line.y1, line.x2, line.y2};
+  if (!mirrors(line.layer)) return {line.x1, line.y1, line.x2, line.y2};
   return {line.x1 * signX, line.y1 * signY, line.x2 * signX, line.y2 * signY};
 }
 
 void SheetFrame::draw(const LineRecord& line, DrawTarget& target) const {
-  const bool dotted = line.layer == gridLayer || line.layer == selectionLayer;
-  if (dotted) target.dotted(true);
+  const bool dots = dotted(line.layer);
+  if (dots) target.dotted(true);
   draw(mirrored(line), line.colour, line.width, target);
-  if (dotted) target.dotted(false);
+  if (dots) target.dotted(false);
 }
 
 void SheetFrame::draw(const Segment& segment, Rgb colour, int lineWidth, DrawTarget& target) const {
   Segment visible = segment;
   if (clip(visible) == 0) return;
   target.line(toTargetX(visible.x1), toTargetY(visible.y1), toTargetX(visible.x2),
-              toTargetY(visible.y2), black ? kBlack : colour, ownWidths ? lineWidth : 1);
+              toTargetY(visible.y2), black ? kBlack : colour, paper ? lineWidth : 1);
 }
 
 void SheetFrame::draw(const PointRecord& point, DrawTarget& target) const {

@@ -29,9 +29,11 @@ struct SheetFrame {
   double factor = kTwipsPerMeter;  // target units a metre
   double signX = 1;
   double signY = 1;
-  bool black = false;      // every outline in black
-  bool ownWidths = false;  // lines in the width of their record, not in 1
-  LayerId axesLayer{};     // these two layers are never mirrored
+  bool black = false;  // every outline in black
+  // On paper a line has the width of its record, not 1, and a line that only touches the rectangle
+  // from outside leaves nothing on it.
+  bool paper = false;
+  LayerId axesLayer{};  // these two layers are never mirrored
   LayerId selectionLayer{};
   LayerId gridLayer{};  // drawn dotted, as is the selection
 
@@ -48,9 +50,14 @@ struct SheetFrame {
     return x >= xMin() && x < xMax() && y >= yMin() && y < yMax();
   }
 
+  bool mirrors(LayerId layer) const { return layer != axesLayer && layer != selectionLayer; }
+
   // Cuts the segment to the rectangle; 0 when nothing of it is to be drawn, else the number of
   // edge crossings that it met.
   int clip(Segment& segment) const;
+
+  // True for the page grid and the selected pages.
+  bool dotted(LayerId layer) const { return layer == gridLayer || layer == selectionLayer; }
 
   // The line's ends with the signs that its layer takes.
   Segment mirrored(const LineRecord& line) const;

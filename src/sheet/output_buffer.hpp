@@ -2,7 +2,7 @@
 // 64 KB come out, so that a large drawing is never held twice.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "numerics/numbers.hpp"
-#include "sheet/sink.hpp"
+#include "numerics/sink.hpp"
 
 namespace dialwright {
 
@@ -19,12 +19,10 @@ class OutputBuffer {
  public:
   explicit OutputBuffer(Sink sink) : sink_(std::move(sink)) {}
 
-  // Hands over what is still in the buffer: the last call of every writer. False when the sink has
-  // refused a chunk; what comes after that is dropped.
-  bool flush() {
-    if (at_ != begin()) handOver({begin(), used()});
+  // Hands over what is still in the buffer; the last call of every writer.
+  void flush() {
+    if (at_ != begin()) sink_({begin(), used()});
     at_ = begin();
-    return taken_;
   }
 
   OutputBuffer& operator<<(char c) {
@@ -36,12 +34,11 @@ class OutputBuffer {
   OutputBuffer& operator<<(std::string_view text) {
     if (text.size() > kChunk) {
       flush();
-      handOver(text);
+      sink_(text);
       return *this;
     }
     need(text.size());
-    std::memcpy(at_, text.data(), text.size());
-    at_ += text.size();
+    at_ = std::copy(text.begin(), text.end(), at_);
     return *this;
   }
 
@@ -86,12 +83,11 @@ class OutputBuffer {
   }
 
  private:
-  static constexpr std::size_t kChunk = 64 * 1024;
+  static constexpr std::size_t kChunk = std::size_t{64} * 1024;
   static constexpr std::size_t kNumber = kNumberLength + 8;
 
   char* begin() { return bytes_.get(); }
   std::size_t used() { return static_cast<std::size_t>(at_ - begin()); }
-  void handOver(std::string_view bytes) { taken_ = taken_ && sink_(bytes); }
   void need(std::size_t bytes) {
     if (used() + bytes > kChunk) [[unlikely]]
       flush();
@@ -107,7 +103,6 @@ class OutputBuffer {
   }
 
   Sink sink_;
-  bool taken_ = true;
   std::unique_ptr<char[]> bytes_ = std::make_unique<char[]>(kChunk);
   char* at_ = bytes_.get();
 };

@@ -140,7 +140,7 @@ void SheetPlot::xPlineEnd(LayerId layer) {
 
 void SheetPlot::OutputToPRN(DrawTarget* printer) {
   printer_ = printer;
-  frame_.ownWidths = printer != nullptr;
+  frame_.paper = printer != nullptr;
 }
 
 void SheetPlot::moveCursor(double xTwips, double yTwips) {

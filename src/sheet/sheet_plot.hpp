@@ -85,6 +85,9 @@ class SheetPlot {
   void invertX() { frame_.signX = -frame_.signX; }
   void invertY() { frame_.signY = -frame_.signY; }
 
+  // False for the sheet's own axes and page frames, whose lines an inversion leaves where they are.
+  bool mirrors(LayerId layer) const { return frame_.mirrors(layer); }
+
   double PageW() const { return kPageW; }
   double PageH() const { return kPageH; }
 

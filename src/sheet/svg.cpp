@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "numerics/fault.hpp"
-#include "sheet/paper_colours.hpp"
+#include "sheet/paper_ink.hpp"
 #include "sheet/utf8.hpp"
 
 namespace dialwright {
@@ -72,7 +72,7 @@ class Inks {
   const std::string& of(Rgb colour) {
     if (colour != last_ || text_.empty()) {
       last_ = colour;
-      text_ = hex(dark_ ? colour : onPaper(colour));
+      text_ = hex(dark_ ? colour : inkOnPaper(colour));
     }
     return text_;
   }
@@ -247,13 +247,13 @@ class SvgWriter {
   SvgWriter(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options)
       : sheet_(sheet), list_(sheet.list()), dark_(options.dark), out_(sink), inks_(options.dark) {}
 
-  bool write() {
+  void write() {
     open();
     const ItemsByLayer items(list_);
     for (std::size_t n = 0; n < items.layers.size(); ++n) layer(items, n);
     texts();
     out_ << "</svg>\n";
-    return out_.flush();
+    out_.flush();
   }
 
  private:
@@ -314,7 +314,9 @@ void SvgWriter::openGroup(std::string_view id, std::string_view label) {
 }
 
 void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
-  openGroup("layer" + std::to_string(n + 1), list_.name(items.layers[n]));
+  const LayerId id = items.layers[n];
+  openGroup("layer" + std::to_string(n + 1), list_.name(id));
+  if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
   items.visit(n, [this](const Item& item) { drawItem(item); });
   joiner_.close();
@@ -490,8 +492,8 @@ void SvgWriter::text(const TextRecord& record) {
 
 }  // namespace
 
-bool writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
-  return SvgWriter(sheet, sink, options).write();
+void writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options) {
+  SvgWriter(sheet, sink, options).write();
 }
 
 }  // namespace dialwright

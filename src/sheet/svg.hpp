@@ -12,8 +12,7 @@ struct SvgOptions {
 
 // The whole sheet in millimetres, to the micrometre: what stands on it at the place where it is
 // seen, with the axis signs and the shift. The segments of a curve become one path, its points
-// another; a line without length and whatever is no number is left out, as on the sheet. False when
-// the sink took not all.
-bool writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options = {});
+// another; a line without length and whatever is no number is left out, as on the sheet.
+void writeSvg(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options = {});
 
 }  // namespace dialwright

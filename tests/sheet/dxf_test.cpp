@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,7 +37,7 @@ Groups parse(std::string_view file) {
 }
 
 std::string file(SheetPlot& sheet) {
-  return written([&](const Sink& sink) { return DXF_Generate(sheet, kPi, sink); });
+  return written([&](const Sink& sink) { DXF_Generate(sheet, kPi, sink); });
 }
 
 const Groups kHead = {"999=DXF creato da SheetPlot",
@@ -218,10 +219,13 @@ TEST_F(DxfTest, LayerNamesStayOnOneLineInWindows1252) {
   EXPECT_EQ(values(8), (Groups{"23.445\xb0", "a_b__c", "____&", "_", "_", "0"}));
 }
 
-TEST_F(DxfTest, TheWriterReportsASinkThatRefuses) {
+TEST_F(DxfTest, ASinkThatThrowsEndsTheWriting) {
   for (int i = 0; i < 5000; ++i) sheet.xLine(0, 0, 1.0 / 3, 1.0 / 7, kWhite);
   int calls = 0;
-  EXPECT_FALSE(DXF_Generate(sheet, kPi, [&calls](std::string_view) { return ++calls < 2; }));
+  const Sink full = [&calls](std::string_view) {
+    if (++calls == 2) throw std::runtime_error("disk full");
+  };
+  EXPECT_THROW(DXF_Generate(sheet, kPi, full), std::runtime_error);
   EXPECT_EQ(calls, 2) << "it is not asked again";
 }
 

@@ -107,9 +107,10 @@ TEST_F(SheetPlotTest, WhatIsNotOnTheSheetIsInvisible) {
 TEST_F(SheetPlotTest, InvisibleLinesAreStoredAllTheSame) {
   sheet.xLine(3, 3, 4, 4, kWhite);
   sheet.xLine(0.05, 0.05, 0.05, 0.05, kWhite);
-  sheet.xLine(0, 0, std::numeric_limits<double>::infinity(), 0, kWhite);
   EXPECT_TRUE(screen.lines.empty());
-  EXPECT_EQ(sheet.list().size(), 3u);
+  EXPECT_EQ(sheet.list().size(), 2u);
+  sheet.xLine(0, 0, std::numeric_limits<double>::infinity(), 0, kWhite);
+  EXPECT_EQ(sheet.list().size(), 2u) << "a call with a failed argument is skipped";
 }
 
 TEST_F(SheetPlotTest, ParallelAndDegenerateLinesDoNotMeet) {

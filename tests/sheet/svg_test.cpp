@@ -7,7 +7,7 @@
 #include <limits>
 #include <regex>
 
-#include "sheet/paper_colours.hpp"
+#include "sheet/paper_ink.hpp"
 #include "support/written.hpp"
 
 namespace dialwright {
@@ -24,7 +24,7 @@ class SvgTest : public testing::Test {
   }
 
   std::string svg(bool dark = false) const {
-    return written([&](const Sink& sink) { return writeSvg(sheet, sink, {.dark = dark}); });
+    return written([&](const Sink& sink) { writeSvg(sheet, sink, {.dark = dark}); });
   }
   std::vector<std::string> all(const std::string& pattern) const {
     const std::string text = svg();
@@ -193,10 +193,22 @@ TEST_F(SvgTest, HostileNamesAndTextsAreEscaped) {
   EXPECT_EQ(all("<title>([^<]*)</title>"), Texts{"&lt;title&gt;"});
 }
 
-TEST(PaperColoursTest, EveryInkOfThePaletteIsReadOnWhite) {
+TEST(PaperInkTest, NoInkIsLighterThanRedAndTheDarkOnesStay) {
+  const auto light = [](Rgb colour) {  // relative luminance
+    const auto linear = [](int channel) { return std::pow(channel / 255.0, 2.2); };
+    return 0.2126 * linear(redOf(colour)) + 0.7152 * linear(greenOf(colour)) +
+           0.0722 * linear(blueOf(colour));
+  };
+  EXPECT_EQ(inkOnPaper(kWhite), kBlack);
   for (int number = 0; number < 16; ++number) {
-    EXPECT_LT(brightness(onPaper(palette(number))), 130) << number;
+    const Rgb ink = inkOnPaper(palette(number));
+    EXPECT_LT(light(ink), 0.22) << number;
+    const bool dark = light(palette(number)) < 0.21;
+    EXPECT_EQ(ink == palette(number), dark || number == 12) << number;
   }
+  const Rgb yellow = inkOnPaper(palette(14));
+  EXPECT_EQ(redOf(yellow), greenOf(yellow)) << "the hue stays";
+  EXPECT_EQ(blueOf(yellow), 0);
 }
 
 }  // namespace

@@ -260,7 +260,7 @@ TEST_F(ViewTest, SelectedPagesPrintAtTrueSizeAndLeaveTheSheetAsItWas) {
   EXPECT_EQ(paper.texts, (std::vector<std::string>{"35", "36"}));
   std::vector<double> lengths;
   for (const Segment& line : paper.lines) {
-    if (std::abs(line.y1 - 5670) > 1 || line.y1 != line.y2) continue;
+    if (std::abs(line.y1 - 5670) + std::abs(line.y2 - 5670) > 1) continue;
     lengths.push_back(std::abs(line.x2 - line.x1) / kTwipsPerMeter);
   }
   EXPECT_EQ(sheet.Scala(), 5);
