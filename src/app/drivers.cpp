@@ -7,6 +7,8 @@
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
+#include "dials/cylindrical/cappello.hpp"
+#include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -18,6 +20,8 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
