@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -12,6 +13,7 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
