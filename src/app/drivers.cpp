@@ -5,6 +5,11 @@
 #include <array>
 
 #include "dials/flat/universale.hpp"
+#include "dials/bifilar/ball.hpp"
+#include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/fontana.hpp"
+#include "dials/cylindrical/cappello.hpp"
+#include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -14,6 +19,11 @@ namespace {
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
     DriverRow{Item::mnuUni, DisegnaUniversale},
+    DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBall, QuadranteBall},
+    DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};

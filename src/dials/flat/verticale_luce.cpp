@@ -77,7 +77,7 @@ class Drawing {
   void sunLines(Sweep hours, HourSystem system, Rgb colour);
   void Analemma();
   std::vector<InkedPoint> yearOfNoons();
-  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v);
+  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic, double& v);
   void noonAtEquator(const SunOfDay& sun, InkedPoint& noon);
   void LineaEquinoziale();
   void LineaSustilare();
@@ -212,9 +212,10 @@ void Drawing::linesOfConicStyle() {
   const ConicSet& conic = p_.conic(Declination::Latitude);
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
   const double half = root(radicand(conic, 0));
-  Punto V1, V2;
-  assign(V1, turn(0, -conic.A1 / 2 + half));
-  assign(V2, turn(0, -conic.A1 / 2 - half));
+  double v1 = 0, v2 = 0;
+  assign(v1, -conic.A1 / 2 + half);
+  assign(v2, -conic.A1 / 2 - half);
+  const Punto V1 = turn(0, v1), V2 = turn(0, v2);
   // The line from T0 through a vertex, produced to twice the vertex's height.
   const auto produced = [&](Punto V) {
     Punto end{0, 2 * V.y};
@@ -405,12 +406,13 @@ std::vector<InkedPoint> Drawing::yearOfNoons() {
   const double tilt = p_.radians(obliquity(47));
   std::vector<InkedPoint> year;
   InkedPoint noon;
+  ConicSet conic;
   double v = 0;
   for (const double L : run_.sweep(-80, 280, 360 / (kDaysOfYear * 4))) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     if (equator && facesPole) {
       noonAtEquator(sun, noon);
-    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, v)) {
+    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v)) {
       continue;
     }
     year.push_back(noon);
@@ -420,7 +422,8 @@ std::vector<InkedPoint> Drawing::yearOfNoons() {
 
 // The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
 // False when they don't meet.
-bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v) {
+bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic,
+                           double& v) {
   const double d = sun.declination;
   const double t = std::tan(d);
   const double K = over(1, t * t);
@@ -430,7 +433,6 @@ bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, doub
   const double b0 = over(p_.Stilo, cosine) * std::tan(f);
   const double H2 = over(p_.Stilo, sine * cosine);
   const double den = sine * sine - K * cosine * cosine;
-  ConicSet conic;
   setConic(conic, p_.Stilo, p_.ElevStilo, K);
   const double aa = H2 * H2 + conic.A2 * b0 * b0;
   const double bb = (conic.A1 * H2 - 2 * conic.A2 * b0 * b0) * H2;
@@ -481,15 +483,13 @@ void Drawing::LineaEquinoziale() {
   }
   circle(sheet_, M, p_.Stilo / 100, palette(12));
   const double radius = over(p_.Stilo, std::cos(elevationByPosition()));
-  if (sound(radius)) {
-    const Punto N2 = gnomonicCentre();
-    circle(sheet_, N2, radius, palette(13));
-    circle(sheet_, N2, radius / 100, palette(12));
-    line(sheet_, M, N2, palette(12));
-  }
+  const Punto N2 = gnomonicCentre();
+  circle(sheet_, N2, radius, palette(13));
+  circle(sheet_, N2, radius / 100, palette(12));
+  line(sheet_, M, N2, palette(12));
   if (p_.LatGradi == 0 && p_.DeclGradi != 0) {
     const double X = over(p_.DistPiedeCentro, std::sin(p_.Sustilare));
-    if (sound(X)) sheet_.xLine(X, 0, X, 1, palette(9));
+    sheet_.xLine(X, 0, X, 1, palette(9));
   }
 }
 
