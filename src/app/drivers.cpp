@@ -21,9 +21,12 @@ constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura
 std::span<const DriverRow> drivers() { return kDrivers; }
 
 bool draws(Item dial) {
-  return std::any_of(kDrivers.begin(), kDrivers.end(), [dial](const DriverRow& row) { return row.item == dial; });
+  return std::any_of(kDrivers.begin(), kDrivers.end(),
+                     [dial](const DriverRow& row) { return row.item == dial; });
 }
 
-bool isSilent(Item dial) { return std::find(kSilent.begin(), kSilent.end(), dial) != kSilent.end(); }
+bool isSilent(Item dial) {
+  return std::find(kSilent.begin(), kSilent.end(), dial) != kSilent.end();
+}
 
 }  // namespace dialwright

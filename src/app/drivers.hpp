@@ -13,7 +13,8 @@ std::span<const DriverRow> drivers();
 // True when the dial has a driver.
 bool draws(Item dial);
 
-// True for the items that are in the catalogue only: a run with one of them checked draws nothing and says nothing.
+// True for the items that are in the catalogue only: a run with one of them checked draws nothing
+// and says nothing.
 bool isSilent(Item dial);
 
 }  // namespace dialwright

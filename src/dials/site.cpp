@@ -16,12 +16,12 @@ void LeggiParametriSito(Run& run) {
   DialParams& p = run.params;
   p.PiGreco = Angles{}.PiGreco;
   assign(p.LatGradi, run.number(Field::txtLAT));
-  p.Colatitudine = p.PiGreco / 2 - p.radians(p.LatGradi);
-  p.LatRad = p.radians(p.LatGradi);
+  assign(p.Colatitudine, p.PiGreco / 2 - p.radians(p.LatGradi));
+  assign(p.LatRad, p.radians(p.LatGradi));
   assign(p.LonGradi, run.number(Field::txtLON));
   setLongitudeCorrections(run);
   assign(p.DeclGradi, run.number(Field::txtDecl));
-  p.DeclRad = p.radians(p.DeclGradi);
+  assign(p.DeclRad, p.radians(p.DeclGradi));
   assign(p.StiloBase, run.number(Field::TxtStilo) * (std::abs(p.DeclGradi) > 90 ? kNorthWallFactor : 1));
   assign(p.Raggio, run.number(Field::TxtRadius));
   assign(p.PassoOre, over(15, run.number(Field::TxtHour)));

@@ -1,6 +1,7 @@
 // Reading and writing numbers without a locale.
 #include "numerics/numbers.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -60,15 +61,16 @@ double numberOf(std::string_view text) {
 }
 
 std::string textOf(double number) {
-  if (!sound(number)) return {};
-  if (number == 0) return "0";
-  std::array<char, 32> buffer{};
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::general, 15);
-  std::string text(buffer.data(), written.ptr);
-  for (char& c : text) {
-    if (c == 'e') c = 'E';
-  }
-  return text;
+  std::array<char, kNumberLength> buffer{};
+  return {buffer.data(), writeNumber(buffer.data(), number)};
+}
+
+char* writeNumber(char* to, double number) {
+  if (!sound(number)) return to;
+  if (number == 0) number = 0;  // no sign
+  char* end = std::to_chars(to, to + kNumberLength, number, std::chars_format::general, 15).ptr;
+  std::replace(to, end, 'e', 'E');
+  return end;
 }
 
 std::string textWithSign(double number) { return number < 0 ? textOf(number) : ' ' + textOf(number); }

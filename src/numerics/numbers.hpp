@@ -1,6 +1,7 @@
 // The number of a text and the text of a number: how fields are read and how figures are written.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,10 @@ double numberOf(std::string_view text);
 // Up to 15 significant digits, "." as decimal point, no trailing zeros, an exponent for the very small and the very
 // large ("0.2", "15", "1E-05"). An empty text for a fault.
 std::string textOf(double number);
+
+// The same, written at `to`, which has room for kNumberLength characters; gives the end of what it wrote.
+inline constexpr std::size_t kNumberLength = 32;
+char* writeNumber(char* to, double number);
 
 // The same with its sign place: a leading blank for numbers that are not negative.
 std::string textWithSign(double number);

@@ -27,6 +27,12 @@ bool outsideBox(const Place& p, const Segment& box) {
   return !within(p.x, left - kSlack, right + kSlack) || !within(p.y, low - kSlack, high + kSlack);
 }
 
+// A call whose argument failed is a failed statement: it is skipped.
+template <class... Numbers>
+bool allSound(Numbers... numbers) {
+  return (sound(numbers) && ...);
+}
+
 // Largest side of the sheet (metres, exclusive) for each scale: 0.564 m, 32000 twips, for each step of n.
 struct ScaleBand {
   double below;
@@ -100,6 +106,7 @@ void SheetPlot::keep(const Record& record) {
 }
 
 void SheetPlot::xLine(double x1, double y1, double x2, double y2, Rgb colour, const LineStyle& style) {
+  if (!allSound(x1, y1, x2, y2)) return;
   const LineRecord record{x1, y1, x2, y2, colour, style.width, style.layer};
   if (style.store) keep(record);
   if (target() != nullptr) draw(record);
@@ -107,7 +114,7 @@ void SheetPlot::xLine(double x1, double y1, double x2, double y2, Rgb colour, co
 
 void SheetPlot::draw(const LineRecord& line) {
   Segment segment{line.x1, line.y1, line.x2, line.y2};
-  if (line.layer != axesLayer_ && line.layer != pagesLayer_) {
+  if (mirrors(line.layer)) {
     segment = {line.x1 * signX_, line.y1 * signY_, line.x2 * signX_, line.y2 * signY_};
   }
   drawClipped(segment, line.colour, line.width);
@@ -133,6 +140,7 @@ void SheetPlot::draw(const PointRecord& point) {
 }
 
 void SheetPlot::xCircle(double x, double y, double radius, Rgb colour, const CircleStyle& style) {
+  if (!allSound(x, y, radius) || !allSound(style.aspect, style.startAngle, style.endAngle)) return;
   const CircleRecord record{x,          y, radius, style.aspect, colour, style.fill, style.startAngle, style.endAngle,
                             style.layer};
   if (style.store) keep(record);
@@ -152,6 +160,7 @@ void SheetPlot::draw(const CircleRecord& circle) {
 }
 
 void SheetPlot::xBox(double x1, double y1, double x2, double y2, Rgb colour, bool filled, LayerId layer, bool store) {
+  if (!allSound(x1, y1, x2, y2)) return;
   const BoxRecord record{x1, y1, x2, y2, colour, filled, layer};
   if (store) keep(record);
   if (target() != nullptr) draw(record);
@@ -188,9 +197,12 @@ void SheetPlot::moveCursor(double xTwips, double yTwips) {
 }
 
 void SheetPlot::writeText(std::string_view text, std::optional<double> x, std::optional<double> y, bool store) {
+  if (!allSound(x.value_or(0), y.value_or(0))) return;
   if (x) assign(cursorX_, toTargetX(*x));
   if (y) assign(cursorY_, toTargetY(*y));
-  if (store) {
+  if (store && list_.texts.size() >= limit_) {
+    full_ = true;
+  } else if (store) {
     list_.add(TextRecord{x.value_or(cursorX_), y.value_or(cursorY_), std::string(text), xCurrentX(), xCurrentY(),
                          ForeColor});
   }

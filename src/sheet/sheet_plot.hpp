@@ -84,6 +84,9 @@ class SheetPlot {
   void invertX() { signX_ = -signX_; }
   void invertY() { signY_ = -signY_; }
 
+  // False for the sheet's own axes and page frames, whose lines an inversion leaves where they are.
+  bool mirrors(LayerId layer) const { return layer != axesLayer_ && layer != pagesLayer_; }
+
   double PageW() const { return kPageW; }
   double PageH() const { return kPageH; }
 

@@ -10,7 +10,7 @@ bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
   p.SegnoLon = run.number(Field::txtLON) < 0 ? 1 : -1;
   p.SegnoEmisfero = run.number(Field::txtLAT) < 0 ? -1 : 1;
   assign(p.DeclGradi, run.number(Field::txtDecl));
-  p.DeclRad = p.radians(p.DeclGradi);
+  assign(p.DeclRad, p.radians(p.DeclGradi));
   p.SegnoDecl = signOrOne(p.DeclGradi);
   assign(p.ReclinGradi, run.number(Field::txtReclinZ));
   p.InclinGradi = 90 - p.ReclinGradi * p.SegnoEmisfero;

@@ -34,9 +34,10 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
 
 std::string nearestName(std::string_view wrong, const std::vector<std::string_view>& names) {
   constexpr std::size_t kLongest = 60;
+  constexpr std::size_t kNear = 3;  // changes that are too many even for a short name
   if (wrong.size() > kLongest) return {};
   std::string_view best;
-  std::size_t least = wrong.size() / 2 + 1;
+  std::size_t least = std::max(kNear, wrong.size() / 2 + 1);
   for (const std::string_view name : names) {
     const std::size_t changes = distance(wrong, name);
     if (changes < least) {

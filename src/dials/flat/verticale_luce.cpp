@@ -1,6 +1,7 @@
-// Program 1: a vertical declining dial by plane analytic geometry. The declination curves are conics in the substyle's
-// frame, the hour lines straight lines, and the construction triangle of the style is shown. The origin G of the dial's
-// coordinates is the foot of the perpendicular style.
+// Program 1: a vertical declining dial by plane analytic geometry. The declination curves are
+// conics in the substyle's frame, the hour lines straight lines, and the construction triangle of
+// the style is shown. The origin G of the dial's coordinates is the foot of the perpendicular
+// style.
 #include "dials/flat/verticale_luce.hpp"
 
 #include <array>
@@ -22,10 +23,10 @@ constexpr Rgb kEquinoctialBlue = rgb(49, 172, 238);
 constexpr Rgb kItalicPink = rgb(255, 128, 255);
 constexpr Rgb kYellow = 65535;
 
-constexpr double kSunLineGap = 0.01;       // longest segment of a line traced by sun positions, metres
-constexpr double kHourMark = 0.002;        // radius
-constexpr double kHourLineBottom = -0.8;   // ordinate
-constexpr double kSideWall = 80;           // degrees of declination from which the centre is of no use
+constexpr double kSunLineGap = 0.01;  // longest segment of a line traced by sun positions, metres
+constexpr double kHourMark = 0.002;   // radius
+constexpr double kHourLineBottom = -0.8;  // ordinate
+constexpr double kSideWall = 80;  // degrees of declination from which the centre is of no use
 constexpr double kAnalemmaPi = 3.1415926536;
 
 // A declination pair and its colour number.
@@ -104,7 +105,8 @@ void Drawing::all() {
   if (on(Field::ck_Orizzonte)) sheet_.xLine(-sheet_.ShiftX(), 0, sheet_.ShiftX(), 0, palette(2));
   dot(sheet_, {0, 0}, palette(12));
   const auto hours = [this] {
-    return run_.sweep(number(Field::TxtInizio), number(Field::TxtFine), 1, {.bound = Field::TxtFine});
+    return run_.sweep(number(Field::TxtInizio), number(Field::TxtFine), 1,
+                      {.bound = Field::TxtFine});
   };
   if (on(Field::ck_Italiche)) sunLines(hours(), HourSystem::Italic, kItalicPink);
   if (on(Field::ck_babiloniche)) sunLines(hours(), HourSystem::Babylonian, palette(13));
@@ -129,14 +131,17 @@ void Drawing::PreparaVerticale() {
   p_.PuntoRiferimentoX = p_.PuntoRiferimentoY = 0;
 }
 
-double Drawing::elevationByPosition() const { return -p_.ArcSin(-std::cos(p_.LatRad) * std::cos(p_.DeclRad)); }
+double Drawing::elevationByPosition() const {
+  return -p_.ArcSin(-std::cos(p_.LatRad) * std::cos(p_.DeclRad));
+}
 
 void Drawing::locateCentre() {
   const double distance = over(p_.Stilo, std::tan(p_.ElevStilo));
   assign(centre_, {-distance * std::sin(p_.Sustilare), distance * std::cos(p_.Sustilare)});
 }
 
-// N2: the gnomonic centre, where the style's length falls when it is laid into the plane along the substyle.
+// N2: the gnomonic centre, where the style's length falls when it is laid into the plane along the
+// substyle.
 Punto Drawing::gnomonicCentre() const {
   const double E2 = elevationByPosition();
   const double B =
@@ -194,7 +199,8 @@ void Drawing::linesOfConicStyle() {
   const double reach = p_.SegnoDecl * p_.Stilo * signOrOne(p_.LatRad);
   const Punto T0{reach * std::cos(p_.Sustilare), reach * std::sin(p_.Sustilare)};
   Punto C;
-  assign(C, {-p_.Stilo * std::tan(p_.DeclRad), over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
+  assign(C, {-p_.Stilo * std::tan(p_.DeclRad),
+             over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
   line(sheet_, T0, C, palette(9));
   if (hasCentre()) line(sheet_, T0, {C.x, 0}, palette(2));
   dot(sheet_, {0, 0}, palette(15));
@@ -217,7 +223,8 @@ void Drawing::linesOfConicStyle() {
   line(sheet_, T0, facesNorth ? produced(V2) : V2, palette(12));
 }
 
-// Italic (side -1) and babylonian (side +1) hours as tangents to the style's conic from the hours of the equinoctial.
+// Italic (side -1) and babylonian (side +1) hours as tangents to the style's conic from the hours
+// of the equinoctial.
 void Drawing::conicHours(double side, const Ink& ink) {
   const ConicSet& conic = p_.conic(Declination::Latitude);
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
@@ -226,7 +233,8 @@ void Drawing::conicHours(double side, const Ink& ink) {
   double e0 = 0;
   double slope = 0;
   for (const double H : run_.sweep(-90, 90, 15)) {
-    assign(e0, over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(H)));
+    assign(e0,
+           over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(H)));
     assign(slope, tangentSlope(conic, e0, side));
     const Sweep us = run_.sweep(-1, 1, 0.005);
     for (const double u : us) {
@@ -289,7 +297,8 @@ void Drawing::LineeOrarie() {
     assign(foot, reach * t);
     assign(x0, over(foot - p_.DistPiedeCentro * a, cosine - sine * a));
     assign(m, over(a * cosine + sine, cosine - a * sine));
-    sheet_.xLine(x0 - m * top, -top, x0 - m * kHourLineBottom, -kHourLineBottom, palette(hourInk(H)));
+    sheet_.xLine(x0 - m * top, -top, x0 - m * kHourLineBottom, -kHourLineBottom,
+                 palette(hourInk(H)));
   }
 }
 
@@ -313,17 +322,19 @@ void Drawing::CurveDeclinazione() {
   }
 }
 
-// On the equator the curves have their own form, without a window; a curve that does not reach this far takes with it
-// those of the greater declinations.
+// On the equator the curves have their own form, without a window; a curve that does not reach this
+// far takes with it those of the greater declinations.
 void Drawing::curvesAtEquator() {
   const double sine = std::sin(p_.DeclRad), cosine = std::cos(p_.DeclRad);
   const double foot = -p_.Stilo * sine * std::tan(p_.DeclRad) + over(p_.Stilo, cosine);
-  const std::array<double, 3> K = {coneOf(p_, kSolstice), coneOf(p_, kTwentieth), coneOf(p_, kEleventh)};
+  const std::array<double, 3> K = {coneOf(p_, kSolstice), coneOf(p_, kTwentieth),
+                                   coneOf(p_, kEleventh)};
   std::array<double, 3> W{};
   for (const double X : run_.sweep(-1, 1, 0.01)) {
     const double along = -X * sine + foot;
     const double across = X * cosine + p_.Stilo * sine;
-    for (std::size_t i = 0; i < kPairs.size(); ++i) assign(W[i], K[i] * along * along - across * across);
+    for (std::size_t i = 0; i < kPairs.size(); ++i)
+      assign(W[i], K[i] * along * along - across * across);
     const std::size_t first = W[2] < 0 ? 3 : W[1] < 0 ? 2 : W[0] < 0 ? 1 : 0;
     for (std::size_t i = first; i < kPairs.size(); ++i) {
       dot(sheet_, {X, std::sqrt(W[i])}, palette(kPairs[i].colour));
@@ -351,7 +362,8 @@ void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
   double azimuth = 0, altitude = 0;
   Punto point;
   for (const double T : hours) {
-    const Sweep declinations = run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
+    const Sweep declinations =
+        run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
     for (const double declination : declinations) {
       p_.DeclSole = declination;
       const double d = p_.radians(declination);
@@ -364,7 +376,8 @@ void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
       assign(altitude, p_.ArcSin(sinLat * std::sin(d) + cosLat * std::cos(d) * cosH));
       const double aside = azimuth - p_.DeclRad;
       if (!(std::abs(aside) < p_.PiGreco / 2)) continue;
-      assign(point, {p_.Stilo * std::tan(aside), over(-p_.Stilo * std::tan(altitude), std::cos(aside))});
+      assign(point,
+             {p_.Stilo * std::tan(aside), over(-p_.Stilo * std::tan(altitude), std::cos(aside))});
       if (point.y > 0) continue;
       pen.visit(point, drawIf(declination > declinations.first() && window_.holds(point)));
     }
@@ -376,7 +389,8 @@ void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
 void Drawing::Analemma() {
   const bool equator = p_.LatGradi == 0;
   const bool facesPole = p_.DeclGradi == 0 || std::abs(p_.DeclGradi) == 180;
-  // The analemma leaves a finer circle constant behind: what follows in this run and its report is measured with it.
+  // The analemma leaves a finer circle constant behind: what follows in this run and its report is
+  // measured with it.
   p_.PiGreco = kAnalemmaPi;
   const double tilt = p_.radians(obliquity(47));
   Rgb colour = 0;
@@ -393,7 +407,8 @@ void Drawing::Analemma() {
 }
 
 // The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
-void Drawing::analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point, double& v) {
+void Drawing::analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point,
+                               double& v) {
   const double d = sun.declination;
   const double t = std::tan(d);
   const double K = over(1, t * t);
@@ -495,13 +510,15 @@ void Drawing::SchemaGnomonico() {
   const double B =
       p_.LatRad == 0 ? p_.PiGreco / 2 : p_.ArcTanPieno(std::sin(p_.DeclRad), std::tan(p_.LatRad));
   Punto C2;
-  assign(C2, {-p_.Stilo * std::tan(p_.DeclRad), over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
+  assign(C2, {-p_.Stilo * std::tan(p_.DeclRad),
+              over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
   const Punto N{p_.Stilo * std::cos(B) * p_.SegnoDecl, p_.Stilo * std::sin(B) * p_.SegnoDecl};
   const Punto N2 = gnomonicCentre();
   line(sheet_, N, {0, 0}, palette(13));
   circle(sheet_, C2, p_.Stilo / 100, palette(12));
   assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
-  const Punto P{p_.DistPiedeCentro * std::sin(p_.Sustilare), -p_.DistPiedeCentro * std::cos(p_.Sustilare)};
+  const Punto P{p_.DistPiedeCentro * std::sin(p_.Sustilare),
+                -p_.DistPiedeCentro * std::cos(p_.Sustilare)};
   line(sheet_, N, P, palette(10));
   line(sheet_, N2, P, palette(10));
   circle(sheet_, N, 0.01, palette(12));

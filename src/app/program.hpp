@@ -1,0 +1,88 @@
+// One running program: its panel, record, sheet, language and folders, with the operations that any
+// face calls. Two programs in one process don't disturb each other.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/drivers.hpp"
+#include "persist/dizionario.hpp"
+#include "persist/parametri.hpp"
+#include "persist/project.hpp"
+#include "shell/clicks.hpp"
+#include "shell/run.hpp"
+
+namespace dialwright {
+
+struct ProgramConfig {
+  std::filesystem::path workingFolder;  // defaults, dictionary, export folder
+  std::filesystem::path dataFolder;     // the dictionaries of all languages, the map
+  std::string
+      language;  // "en", "it", "fr", "es" for this program alone; empty for the stored choice
+};
+
+// How a run ended.
+enum class RunResult {
+  Drawn,
+  Refused,   // the dial can't work with its input and has said so
+  NoDriver,  // the chosen item has no drawing
+};
+
+class Program {
+ public:
+  static constexpr std::string_view kTitle = "Dialwright";
+
+  // Starts the program: the language, the export folder, the window's texts, program 1 as after a
+  // click on it, the stored defaults, and a sheet ten times the page.
+  explicit Program(ProgramConfig config);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  Panel& panel() { return panel_; }
+  DialParams& params() { return params_; }
+  SheetPlot& sheet() { return sheet_; }
+  const SheetPlot& sheet() const { return sheet_; }
+  const ProgramConfig& config() const { return config_; }
+  const std::filesystem::path& CartellaDXF() const { return cartellaDXF_; }
+
+  // Where the program's questions and messages go; set by the face before the first run.
+  Ports ports;
+
+  // A text in the program's language.
+  std::string T(std::string_view text) const;
+
+  // A click on a menu item of the catalogue.
+  void click(Item item);
+  // A click on a check box or an option, which then has that state.
+  void click(Field field, bool state);
+  // A text typed into a field.
+  void type(Field field, std::string_view text) { panel_.setText(field, text); }
+
+  // The Run button.
+  RunResult CmdRun_Click();
+
+  // Stores the panel's chief inputs for the next starts. Throws FileError.
+  void SalvaDefault();
+
+  // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
+  LoadResult CaricaProgetto(const std::filesystem::path& path);
+
+  // A new, empty sheet of the size that the program started with.
+  void NuovoFoglio();
+
+ private:
+  void loadLanguage();
+  Ports portsOfRun() const;
+
+  ProgramConfig config_;
+  std::filesystem::path cartellaDXF_;
+  Dizionario dictionary_;
+  Parametri store_;
+  Panel panel_;
+  DialParams params_;
+  SheetPlot sheet_;
+};
+
+}  // namespace dialwright

@@ -1,0 +1,161 @@
+// The grammar of the command line.
+#include "cli/command_line.hpp"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <map>
+#include <set>
+
+#include "cli/commands.hpp"
+#include "cli/errors.hpp"
+#include "cli/request.hpp"
+#include "cli/words.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
+void addCommon(CLI::App& command, Request& request) {
+  command
+      .add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
+      ->type_name("DIR");
+  command.add_option("--lang", request.language, "language of this run: en, it, fr or es")
+      ->type_name("LANG")
+      ->check(CLI::IsMember({"en", "it", "fr", "es"}));
+  command.add_option("--size", request.size, "sheet in metres, width x height")->type_name("LxH");
+  command
+      .add_option("--shift", request.shift,
+                  "the drawing's origin from the sheet's top left corner, metres")
+      ->type_name("X,Y");
+  command.add_option("--scale", request.scale, "scale 1:n of the sheet's view")
+      ->type_name("N")
+      ->check(CLI::IsMember({1, 2, 3, 4, 5, 10, 20, 100}));
+  command.add_option("--invert", request.invert, "mirror an axis: x, y or xy")
+      ->type_name("AXIS")
+      ->check(CLI::IsMember({"x", "y", "xy"}));
+  command.add_flag("--quiet,-q", request.quiet, "no messages");
+  command.add_flag("--verbose,-v", request.verbose, "the caption of the sheet as well");
+}
+
+void addOutputs(CLI::App& command, Request& request) {
+  command.add_option("--press", request.presses, "press a button after the run, in order")
+      ->type_name("BUTTON")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command
+      .add_option(
+          "-o,--output", request.outputs,
+          "write a file, format by its ending (.dxf .svg .csv .txt); - with --format writes to standard output")
+      ->type_name("FILE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command.add_option("--format", request.format, "format of standard output")->type_name("FORMAT");
+  command.add_flag("--dark", request.dark,
+                   "the sheet's own colours on its dark ground instead of inks for white paper");
+  command.add_option("--viewer", request.viewer, "start this program with each new DXF file")
+      ->type_name("PROGRAM");
+}
+
+using Command = void (*)(const Request&);
+
+// The sub-commands with what they run.
+std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
+  std::map<std::string, Command> commands;
+  const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
+    CLI::App& sub = *app.add_subcommand(name, help);
+    addCommon(sub, request);
+    commands[name] = command;
+    return sub;
+  };
+  CLI::App& list = add("list", "the catalogue of dials in menu order", commandList);
+  list.add_flag("--json", request.json, "as JSON");
+
+  CLI::App& fields = add("fields", "the fields that a dial shows, or all of them", commandFields);
+  fields.add_option("ITEM", request.item, "menu item or program number");
+  fields.add_flag("--json", request.json, "as JSON");
+
+  CLI::App& run = add("run", "draw a dial and write files", commandRun);
+  run.add_option("ITEM", request.item, "menu item or program number")->required();
+  run.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addOutputs(run, request);
+  return commands;
+}
+
+std::vector<std::string> wordsOf(const CLI::App& app) {
+  std::vector<std::string> words;
+  for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; }))
+    words.push_back(sub->get_name());
+  return words;
+}
+
+std::string suggest(const CLI::App& app, const std::string& word) {
+  std::vector<std::string> known;
+  const bool option = word.rfind("-", 0) == 0;
+  if (option) {
+    std::set<std::string> names;
+    for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; })) {
+      for (const CLI::Option* each : sub->get_options()) {
+        for (const std::string& name : each->get_lnames()) names.insert("--" + name);
+      }
+    }
+    known.assign(names.begin(), names.end());
+  } else {
+    known = wordsOf(app);
+  }
+  const std::vector<std::string_view> views(known.begin(), known.end());
+  return unknownWord(option ? "option" : "command", word, views);
+}
+
+int usageError(std::string_view sentence) {
+  std::cerr << "dialwright: " << sentence << "\n'dialwright --help' shows the commands\n";
+  return kUsage;
+}
+
+int parseFailure(const CLI::App& app, const CLI::ParseError& error, int argc, char** argv) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return app.exit(error);
+  const std::vector<std::string> words = wordsOf(app);
+  const std::string first = argc > 1 ? argv[1] : "";
+  if (!first.empty() && first[0] != '-' &&
+      std::find(words.begin(), words.end(), first) == words.end()) {
+    return usageError(suggest(app, first));
+  }
+  // A word too many stands at the end of the parser's sentence.
+  const std::string sentence = error.what();
+  const std::size_t extra = sentence.find(": -");
+  const bool tooMany = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+  if (tooMany && extra != std::string::npos) {
+    return usageError(
+        suggest(app, sentence.substr(extra + 2, sentence.find(' ', extra + 2) - extra - 2)));
+  }
+  return usageError(error.what());
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv) {
+  Request request;
+  CLI::App app("Dialwright: sundials at true scale", "dialwright");
+  app.set_version_flag("--version", "Dialwright " DIALWRIGHT_VERSION);
+  app.require_subcommand(1);
+  const std::map<std::string, Command> commands = buildGrammar(app, request);
+  try {
+    app.parse(argc, argv);
+    commands.at(app.get_subcommands().front()->get_name())(request);
+    std::cout.flush();
+    return 0;
+  } catch (const CLI::ParseError& error) {
+    return parseFailure(app, error, argc, argv);
+  } catch (const UsageError& error) {
+    return usageError(error.what());
+  } catch (const CommandFailure& error) {
+    if (error.what()[0] != '\0') std::cerr << "dialwright: " << error.what() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << "dialwright: " << error.what() << '\n';
+  }
+  return kFailed;
+}
+
+}  // namespace dialwright

@@ -1,0 +1,87 @@
+// Choosing formats and writing files.
+#include "cli/outputs.hpp"
+
+#include <array>
+#include <iostream>
+
+#include "app/viewer.hpp"
+#include "cli/errors.hpp"
+#include "persist/safe_file.hpp"
+#include "sheet/dxf.hpp"
+#include "sheet/entity_list.hpp"
+#include "sheet/svg.hpp"
+#include "shell/names.hpp"
+
+namespace dialwright {
+
+namespace {
+
+using Writing = void (*)(Program& program, const Request& request, const Sink& sink);
+
+struct FormatRow {
+  std::string_view ending;
+  Writing write;
+};
+
+constexpr std::array kFormats = {
+    FormatRow{"dxf", [](Program& p, const Request&,
+                        const Sink& sink) { DXF_Generate(p.sheet(), p.params().PiGreco, sink); }},
+    FormatRow{"svg", [](Program& p, const Request& r,
+                        const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
+    FormatRow{"csv", [](Program& p, const Request&,
+                        const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
+    FormatRow{"txt", [](Program& p, const Request&,
+                        const Sink& sink) { writeTexts(p.sheet().list(), sink); }},
+};
+
+std::string allEndings() {
+  std::string all;
+  for (const FormatRow& row : kFormats) all += (all.empty() ? "." : " .") + std::string(row.ending);
+  return all;
+}
+
+const FormatRow& formatOf(std::string_view ending, const std::string& where) {
+  for (const FormatRow& row : kFormats) {
+    if (equalIgnoringCase(row.ending, ending)) return row;
+  }
+  throw UsageError(where + ": no format '" + std::string(ending) + "'; there are " + allEndings());
+}
+
+}  // namespace
+
+std::vector<Output> outputsOf(const Request& request) {
+  std::vector<Output> outputs;
+  for (const std::string& path : request.outputs) {
+    if (path == "-") {
+      if (request.format.empty())
+        throw UsageError("-o - needs --format; there are " + allEndings());
+      outputs.push_back({path, &formatOf(request.format, "--format") - kFormats.data()});
+      continue;
+    }
+    const std::string ending = std::filesystem::path(path).extension().string();
+    if (ending.size() < 2)
+      throw UsageError(path + ": the file's ending chooses the format; there are " + allEndings());
+    outputs.push_back({path, &formatOf(ending.substr(1), path) - kFormats.data()});
+  }
+  return outputs;
+}
+
+void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request) {
+  for (const Output& output : outputs) {
+    const FormatRow& format = kFormats[static_cast<std::size_t>(output.format)];
+    if (output.path == "-") {
+      format.write(program, request, [](std::string_view chunk) {
+        std::cout.write(chunk.data(), static_cast<std::streamsize>(chunk.size()));
+      });
+      std::cout.flush();
+      if (!std::cout)
+        throw CommandFailure(
+            "standard output took no more: the disk may be full or the reader gone");
+      continue;
+    }
+    replaceFile(output.path, [&](const Sink& sink) { format.write(program, request, sink); });
+    if (format.ending == "dxf") openViewer(request.viewer, output.path);
+  }
+}
+
+}  // namespace dialwright

@@ -1,0 +1,26 @@
+// The files that a command writes: format by ending, written beside and renamed.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/program.hpp"
+#include "cli/request.hpp"
+
+namespace dialwright {
+
+struct Output {
+  std::string path;       // "-" for standard output
+  std::ptrdiff_t format;  // row of the table of formats
+};
+
+// The outputs of a request, before anything is run. Throws UsageError for an ending without a
+// format.
+std::vector<Output> outputsOf(const Request& request);
+
+// Writes them in order. Throws CommandFailure with a sentence that names the path and the cause.
+void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request);
+
+}  // namespace dialwright

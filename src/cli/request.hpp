@@ -1,0 +1,32 @@
+// What a command line asks for.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace dialwright {
+
+struct Request {
+  // Options of every command.
+  std::string folder;
+  std::string language;
+  std::string size;
+  std::string shift;
+  std::string invert;
+  int scale = 0;
+  bool quiet = false;
+  bool verbose = false;
+
+  // What a command works on.
+  std::string item;
+  std::vector<std::string> words;  // assignments, and for some commands a file at the end
+  std::vector<std::string> presses;
+  std::vector<std::string> outputs;
+  std::string format;
+  std::string viewer;
+  bool dark = false;
+  bool json = false;
+};
+
+}  // namespace dialwright

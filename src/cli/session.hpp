@@ -1,0 +1,17 @@
+// A program with the command line as its face.
+#pragma once
+
+#include <memory>
+
+#include "app/program.hpp"
+#include "cli/request.hpp"
+
+namespace dialwright {
+
+// Starts a program in the request's folder and language, with its sheet and ports.
+std::unique_ptr<Program> startProgram(const Request& request);
+
+// Runs the chosen dial. Throws CommandFailure when it refuses or has no drawing yet.
+void runDial(Program& program, const Request& request);
+
+}  // namespace dialwright

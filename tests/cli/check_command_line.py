@@ -1,0 +1,149 @@
+"""The command line from outside: what scripts rely on, the errors that users meet, and files left whole.
+
+usage: check_command_line.py SOURCE_DIR PROGRAM
+"""
+import csv
+import io
+import json
+import os
+import re
+import stat
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree as ElementTree
+
+PROGRAM = sys.argv[2]
+FOLDER = tempfile.mkdtemp()
+failures = []
+
+
+def run(*arguments, status=0, lang=None):
+    done = subprocess.run([PROGRAM, *arguments, "--folder", os.path.join(FOLDER, "cfg")],
+                          cwd=FOLDER, capture_output=True, text=True, timeout=120)
+    expect(done.returncode == status, f"{arguments}: status {done.returncode}, not {status}; {done.stderr}")
+    return done
+
+
+def expect(condition, sentence):
+    if not condition:
+        failures.append(sentence)
+
+
+def rows_of(text):
+    return list(csv.DictReader(io.StringIO(text)))
+
+
+def read(name):
+    with open(os.path.join(FOLDER, name), newline="") as file:
+        return file.read()
+
+
+def lists():
+    dials = json.loads(run("list", "--json").stdout)
+    expect(len(dials) == 28 and dials[0]["item"] == "M_Light" and dials[0]["program"] == 1, "list --json")
+    expect(dials[0]["draws"] is True, "M_Light draws")
+    expect(len(run("list").stdout.splitlines()) == 29, "list has a row a dial and a head")
+    fields = {row["name"]: row for row in json.loads(run("fields", "M_Light", "--json").stdout)}
+    expect(fields["txtLAT"]["default"] == "45.7438" and fields["txtLAT"]["kind"] == "text", "fields: txtLAT")
+    expect(fields["TxtFine"]["default"] == "15", "fields tell what the dial's click has set")
+    expect("txtReclinZ" not in fields and "CkConic" in fields, "fields that the dial shows")
+    every = json.loads(run("fields", "--json").stdout)
+    expect(len(every) > 70, "fields without a dial lists them all")
+    italian = {row["name"]: row for row in json.loads(run("fields", "1", "--json", "--lang", "it").stdout)}
+    expect(italian["txtLAT"]["label"] != fields["txtLAT"]["label"], "--lang translates labels")
+
+
+def drawing():
+    run("run", "M_Light", "-o", "a.dxf", "-o", "a.svg", "-o", "a.csv", "-o", "a.txt")
+    text = read("a.csv")
+    expect(text.startswith("kind,x1,y1,x2,y2,radius,aspect,start,end,colour,fill,width,layer,text\r\n")
+           or text.startswith("kind,x1,y1,x2,y2,radius,aspect,start,end,colour,fill,width,layer,text\n"), "csv head")
+    rows = rows_of(text)
+    kinds = [row["kind"] for row in rows]
+    expect(kinds == sorted(kinds, key=lambda k: k == "T"), "texts come last")
+    by_number = run("run", "1", "-o", "-", "--format", "csv").stdout
+    expect(rows_of(by_number) == rows, "a program number names the same dial, standard output the same list")
+    svg = ElementTree.parse(os.path.join(FOLDER, "a.svg")).getroot()
+    expect(svg.get("width") == "1990mm" and svg.get("height") == "2800mm", f"true scale: {svg.get('width')}")
+    expect(svg.get("viewBox") == "0 0 1990 2800", f"view box: {svg.get('viewBox')}")
+    texts = [row["text"] for row in rows if row["kind"] == "T"]
+    expect([line.rstrip() for line in read("a.txt").splitlines()] == [text.rstrip() for text in texts], "txt")
+    small = rows_of(run("run", "1", "TXTLAT=41.9", "TxtStilo=0.1", "-o", "-", "--format", "csv").stdout)
+    expect(small != rows, "assignments without regard to case")
+    frame = rows_of(run("run", "1", "ckFrame=1", "-o", "-", "--format", "csv").stdout)
+    expect(sum(row["kind"] == "B" and row["layer"] == "Quadro" for row in frame) == 1, "the run draws the frame once")
+    hours = rows_of(run("run", "1", "ck_Italiche=1", "TxtInizio=15", "-o", "-", "--format", "csv").stdout)
+    whole = rows_of(run("run", "1", "TxtInizio=15", "ck_Italiche=1", "-o", "-", "--format", "csv").stdout)
+    expect(hours != whole, "a click's hours can be overridden afterwards, from left to right")
+    sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "-o", "small.svg")
+    expect('viewBox="0 0 1000 800"' in read("small.svg"), "--size")
+    expect(sized.stderr == "", "silent when all is well")
+    expect("light graph" in run("run", "1", "--verbose").stderr, "--verbose shows the caption")
+
+
+def usage_errors():
+    for arguments, word in ((("run", "1", "txtLatt=3"), "txtLAT"), (("rnu",), "run"), (("run", "M_Ligt"), "M_Light"),
+                            (("run", "1", "--pres", "x"), "--press"), (("run", "1", "-o", "x.dwg"), ".dxf"),
+                            (("run", "1", "nonsense"), "NAME=VALUE"), (("run", "1", "ckFrame=yes"), "1 or 0"),
+                            (("run", "1", "lblAO=x"), "label"), (("run",), "ITEM"), (("run", "1", "-o", "-"), "--format"),
+                            (("run", "1", "--size", "big"), "--size"), (("run", "1", "--size", "0x1"), "--size"),
+                            (("run", "1", "--scale", "1"), "1:5"), ((), "--help")):
+        done = run(*arguments, status=2)
+        expect(word in done.stderr, f"{arguments} should name {word}: {done.stderr}")
+        expect(done.stdout == "", f"{arguments}: nothing on standard output")
+
+
+def refusals_and_files():
+    with open(os.path.join(FOLDER, "old.csv"), "w") as file:
+        file.write("old")
+    refused = run("run", "1", "txtLAT=-10", "-o", "old.csv", status=1)
+    expect("Southern" in refused.stderr and read("old.csv") == "old", "a refusal leaves the old file")
+    expect(run("run", "1", "txtLAT=-10", "--quiet", status=1).stderr == "", "--quiet")
+    run("run", "mnuBall2", "-o", "empty.csv")
+    expect(rows_of(read("empty.csv")) == [], "an item without a drawing draws nothing and says nothing")
+    lost = run("run", "1", "-o", "nowhere/x.svg", status=1)
+    expect("nowhere/x.svg" in lost.stderr and "No such file" in lost.stderr, lost.stderr)
+    os.chmod(os.path.join(FOLDER, "old.csv"), stat.S_IREAD)
+    locked = run("run", "1", "-o", "old.csv", status=1)
+    expect("old.csv" in locked.stderr and read("old.csv") == "old", "a read-only file stays: " + locked.stderr)
+    full = run("run", "1", "-o", "-", "--format", "csv")
+    with open("/dev/full", "w") as sink:
+        done = subprocess.run([PROGRAM, "run", "1", "-o", "-", "--format", "csv"], stdout=sink, stderr=subprocess.PIPE,
+                              text=True, timeout=60)
+    expect(done.returncode == 1 and "disk" in done.stderr, f"full standard output: {done.returncode} {done.stderr}")
+    expect(not [name for name in os.listdir(FOLDER) if re.search(r"tmp|~|\.new", name)], "no leftovers")
+
+
+def any_input():
+    for field in ("txtLAT", "txtLON", "txtDecl", "TxtStilo", "TxtHour", "txt_Definition", "TxtInizio", "TxtFine", "x1txt"):
+        for value in ("", "letters", "0", "-1", "1e-300", "1e300", "1e999", "91", "9" * 400):
+            done = subprocess.run([PROGRAM, "run", "1", f"{field}={value}", "-o", "-", "--format", "csv"],
+                                  capture_output=True, text=True, timeout=20)
+            expect(done.returncode in (0, 1), f"{field}={value[:20]}: status {done.returncode}")
+            expect(not re.search(r"nan|inf\b", done.stdout, re.I), f"{field}={value[:20]}: a number that is none")
+
+
+def viewer():
+    script = os.path.join(FOLDER, "viewer.sh")
+    with open(script, "w") as file:
+        file.write('#!/bin/sh\nprintf %s "$1" > "$(dirname "$1")/seen"\n')
+    os.chmod(script, 0o755)
+    run("run", "1", "-o", "v.dxf", "--viewer", script)
+    for _ in range(50):
+        if os.path.exists(os.path.join(FOLDER, "seen")):
+            break
+        subprocess.run(["sleep", "0.1"])
+    expect(os.path.exists(os.path.join(FOLDER, "seen")) and read("seen").endswith("v.dxf"), "the viewer gets the file")
+    run("run", "1", "-o", "v.dxf", "--viewer", "/no/such/viewer")
+
+
+lists()
+drawing()
+usage_errors()
+refusals_and_files()
+any_input()
+viewer()
+for sentence in failures:
+    print(sentence)
+sys.exit(1 if failures else 0)

@@ -1,0 +1,106 @@
+// Translating, and choosing a language.
+#include "persist/dizionario.hpp"
+
+#include <gtest/gtest.h>
+
+#include "folder.hpp"
+
+namespace dialwright {
+namespace {
+
+TEST(Dizionario, FindsTheFirstEntryWithoutCase) {
+  const Folder folder;
+  folder.put("DBQ2006.txt",
+             "Latitude |Latitudine \r\nlatitude |second\r\nno bar\r\nblank|  \r\nblank|later\r\n"
+             "bar|a|b\r\nlone\nfeed|one\r\nété ÿ|summer\r\n |x\r\nlast|end");
+  Dizionario words;
+  EXPECT_EQ(words.T("Latitude "), "Latitude ");
+  words.load(folder.path(), " Q2006 ");
+  EXPECT_EQ(words.T("latitude "), "Latitudine ");
+  EXPECT_EQ(words.T("Latitude"), "Latitude");
+  EXPECT_EQ(words.T("no bar"), "no bar");
+  EXPECT_EQ(words.T("Blank"), "later");
+  EXPECT_EQ(words.T("bar"), "a|b");
+  EXPECT_EQ(words.T("lone\nfeed"), "one");
+  EXPECT_EQ(words.T("ÉTÉ Ÿ"), "summer");
+  EXPECT_EQ(words.T("LAST"), "end");
+  EXPECT_EQ(words.T(""), "");
+}
+
+TEST(Dizionario, LoadsAKeyOnceAndANewKeyAnew) {
+  const Folder folder;
+  folder.put("DBa.txt", "x|1\r\n");
+  folder.put("DBb.txt", "y|\xB0\r\n");
+  Dizionario words;
+  words.load(folder.path(), "a");
+  folder.put("DBa.txt", "x|2\r\n");
+  words.load(folder.path(), "a");
+  EXPECT_EQ(words.T("x"), "1");
+  words.load(folder.path(), "b");
+  EXPECT_EQ(words.T("x"), "x");
+  EXPECT_EQ(words.T("y"), "°");
+  words.load(folder.path(), "none");
+  EXPECT_TRUE(words.empty());
+  words.load(folder.path(), "a");
+  EXPECT_EQ(words.T("x"), "2");
+}
+
+TEST(Dizionario, TranslatesThePanelByKind) {
+  const Folder folder;
+  folder.put("DBQ2006.txt",
+             "Hour lines|Linee orarie\r\nDark green|Verde scuro\r\nFile|Archivio\r\n"
+             "x1|ics\r\nLoc.|Luogo\r\nRun|Via\r\nLatitude |Latitudine \r\n");
+  Panel panel;
+  Dizionario words;
+  TraduciFinestra(panel, kMainWindow, "", folder.path(), words);
+  EXPECT_EQ(panel[Field::cmdRun].caption, "Run");
+  TraduciFinestra(panel, kMainWindow, kLanguageKey, folder.path(), words);
+  EXPECT_EQ(panel[Field::cmdRun].caption, "Via");
+  EXPECT_EQ(panel[Field::lblLatitudine].caption, "Latitudine ");
+  EXPECT_EQ(panel[Field::chkOreAstronomiche].caption, "Linee orarie");
+  EXPECT_EQ(panel[Field::ck_Orizzonte].tip, "Verde scuro");
+  EXPECT_EQ(panel[Field::x1txt].tip, "ics");
+  EXPECT_EQ(panel[Item::nome].caption, "Archivio");
+  EXPECT_EQ(panel.text(Field::txtLocation), "Loc.");
+}
+
+TEST(Dizionario, DumpsTheTextsOfAWindow) {
+  const Folder folder;
+  Panel panel;
+  Dizionario words;
+  TraduciFinestra(panel, kMainWindow, "_DB", folder.path(), words);
+  const std::string dump = folder.get("DB_MDIForm1.txt");
+  EXPECT_TRUE(dump.starts_with("List of inputs|\r\nLatitude |\r\nuse degrees even with decimals|"));
+  EXPECT_TRUE(dump.ends_with("Français|\r\nEspanol|\r\n"));
+  EXPECT_EQ(dump.find("45.7438"), std::string::npos);
+}
+
+TEST(Language, IsPutInPlaceForTheNextStart) {
+  const Folder work;
+  const Folder data;
+  data.put("DBItalianoQ2006.txt", "Run|Esegui\r\n");
+  data.put("DBFranceseQ2006.txt", "Run|Tracer\r\n");
+  work.put("DBFranceseQ2006.txt", "Run|Lancer\r\n");
+  const auto choose = [&](Item item, const char* message) {
+    Panel panel;
+    EXPECT_EQ(scegliLingua(panel, item, work.path(), data.path()), message);
+    EXPECT_FALSE(panel[Item::mnuLang].enabled);
+    return work.get("DBQ2006.txt");
+  };
+  EXPECT_EQ(choose(Item::mnuItalian, "Riavviare Dialwright!!"), "Run|Esegui\r\n");
+  EXPECT_EQ(choose(Item::mnuEspanol, "Reiniciar Dialwright!!"), "Run|Esegui\r\n");  // no such file
+  EXPECT_EQ(choose(Item::mnuFrancais, "Il faut sortir avant d'exécuter Dialwright!!"),
+            "Run|Lancer\r\n");
+  EXPECT_EQ(choose(Item::mnuInglese, "You must restart Dialwright!!"), "");
+  EXPECT_FALSE(std::filesystem::exists(work / "DBQ2006.txt"));
+  choose(Item::mnuInglese, "You must restart Dialwright!!");
+
+  Panel panel;
+  EXPECT_EQ(scegliLingua(panel, Item::mnuUni, work.path(), data.path()), "");
+  EXPECT_TRUE(panel[Item::mnuLang].enabled);
+  EXPECT_EQ(findLingua("IT")->key, "ItalianoQ2006");
+  EXPECT_EQ(findLingua("de"), nullptr);
+}
+
+}  // namespace
+}  // namespace dialwright

@@ -1,0 +1,178 @@
+// Files stay whole, whatever goes wrong with the new one.
+#include "persist/safe_file.hpp"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
+
+#include "folder.hpp"
+
+namespace dialwright {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The sentence of the failure, or an empty text.
+template <class Deed>
+std::string sentenceOf(Deed deed) {
+  try {
+    deed();
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return {};
+}
+
+std::string replacing(const fs::path& path) {
+  return sentenceOf([&] { replaceFile(path, "new"); });
+}
+
+bool holds(const std::string& text, std::string_view part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(ReplaceFile, WritesSmallAndLargePiecesInOrder) {
+  const Folder folder;
+  std::string expected;
+  const auto piece = [](std::size_t i) { return std::string(i * 37 % 9000, char('a' + i % 26)); };
+  replaceFile(folder / "out", [&](const Sink& sink) {
+    for (std::size_t i = 0; i < 300; ++i) {
+      expected += piece(i);
+      sink(piece(i));
+    }
+    expected += std::string(300'000, 'z');
+    sink(std::string(300'000, 'z'));
+    sink("end");
+  });
+  EXPECT_EQ(folder.get("out"), expected + "end");
+  EXPECT_EQ(readFile(folder / "out"), expected + "end");
+  EXPECT_EQ(folder.count(), 1u);
+}
+
+TEST(ReplaceFile, KeepsPermissionsAndLinks) {
+  const Folder folder;
+  folder.put("real", "old");
+  ASSERT_EQ(::chmod((folder / "real").c_str(), 0640), 0);
+  fs::create_symlink("real", folder / "link");
+  fs::create_symlink("missing", folder / "dangling");
+  replaceFile(folder / "link", "new");
+  replaceFile(folder / "dangling", "made");
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(folder.get("real"), "new");
+  EXPECT_EQ(folder.get("missing"), "made");
+  struct stat status {};
+  ASSERT_EQ(::stat((folder / "real").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0640u);
+}
+
+TEST(ReplaceFile, KeepsTheOwner) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
+  const Folder folder;
+  folder.put("file", "old");
+  ASSERT_EQ(::chown((folder / "file").c_str(), 1234, 4321), 0);
+  replaceFile(folder / "file", "new");
+  struct stat status {};
+  ASSERT_EQ(::stat((folder / "file").c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, 1234u);
+  EXPECT_EQ(status.st_gid, 4321u);
+  EXPECT_EQ(folder.get("file"), "new");
+}
+
+TEST(ReplaceFile, LeavesReadOnlyFilesAndFoldersAlone) {
+  const Folder folder;
+  folder.put("file", "old");
+  ASSERT_EQ(::chmod((folder / "file").c_str(), 0444), 0);
+  const std::string refusal = replacing(folder / "file");
+  EXPECT_TRUE(holds(refusal, (folder / "file").string())) << refusal;
+  EXPECT_TRUE(holds(refusal, "Permission denied. Change the permissions")) << refusal;
+  ASSERT_EQ(::chmod((folder / "file").c_str(), 0644), 0);
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
+  EXPECT_TRUE(holds(replacing(folder / "file"), "Permission denied"));
+  EXPECT_TRUE(holds(replacing(folder / "another"), "Permission denied"));
+  EXPECT_EQ(folder.get("file"), "old");
+  EXPECT_EQ(folder.count(), 1u);
+}
+
+TEST(ReplaceFile, NamesTheCauseAndWhatHelps) {
+  const Folder folder;
+  EXPECT_TRUE(holds(replacing(folder / "no/such/file"), "Check the name and its folder"));
+  EXPECT_TRUE(holds(replacing(folder.path()), "Is a directory. Add a file name"));
+  EXPECT_TRUE(holds(replacing(folder / std::string(300, 'n')), "Choose a shorter name"));
+  EXPECT_TRUE(holds(replacing("/dev/full"), "No space left on device. Make room"));
+  fs::create_symlink("loop", folder / "loop");
+  EXPECT_TRUE(holds(replacing(folder / "loop"), "Check the name"));
+  EXPECT_FALSE(replacing("").empty());
+  EXPECT_EQ(replacing("/dev/null"), "");
+}
+
+TEST(ReplaceFile, LeavesTheOldFileWhenItsWriterFails) {
+  const Folder folder;
+  folder.put("file", "old");
+  const auto failing = [](const Sink& sink) {
+    sink(std::string(500'000, 'x'));
+    throw std::runtime_error("no more");
+  };
+  EXPECT_THROW(replaceFile(folder / "file", failing), std::runtime_error);
+  EXPECT_EQ(folder.get("file"), "old");
+  EXPECT_EQ(folder.count(), 1u);
+}
+
+// A limit on the size of files stops a write halfway, as a full disk does.
+TEST(ReplaceFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const Folder folder;
+  folder.put("file", "old");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const rlimit limit{200'000, 200'000};
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string sentence =
+        sentenceOf([&] { replaceFile(folder / "file", std::string(400'000, 'x')); });
+    ::_exit(holds(sentence, "Make room on the disk") ? 0 : 1);
+  }
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(folder.get("file"), "old");
+  EXPECT_EQ(folder.count(), 1u);
+}
+
+TEST(ReplaceFile, IsWholeAfterAKill) {
+  const Folder folder;
+  constexpr std::size_t kSize = 1'000'000;
+  folder.put("file", std::string(kSize, 'a'));
+  for (int round = 0; round < 50; ++round) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      for (int i = 0;; ++i) replaceFile(folder / "file", std::string(kSize, char('a' + i % 26)));
+    }
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + 337 * (round % 20)));
+    ::kill(child, SIGKILL);
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    const std::string content = folder.get("file");
+    ASSERT_EQ(content.size(), kSize);
+    ASSERT_EQ(content.find_first_not_of(content.front()), std::string::npos);
+  }
+}
+
+TEST(ReadFile, RefusesWhatIsNoPlainFileOrTooLarge) {
+  const Folder folder;
+  folder.put("file", "12345");
+  EXPECT_EQ(readFile(folder / "file", 5), "12345");
+  EXPECT_TRUE(holds(sentenceOf([&] { readFile(folder / "file", 4); }), "it is larger than"));
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  for (const fs::path& path :
+       {folder / "pipe", folder.path(), folder / "none", fs::path("/dev/zero")}) {
+    EXPECT_TRUE(holds(sentenceOf([&] { readFile(path); }), path.string())) << path;
+  }
+  EXPECT_FALSE(readFile("/proc/self/status").empty());
+}
+
+}  // namespace
+}  // namespace dialwright

@@ -1,0 +1,95 @@
+// The dictionaries know every text that the program asks them for.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <string>
+
+#include "persist/dizionario.hpp"
+#include "shell/clicks.hpp"
+
+namespace dialwright {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Texts with the place that asks for them.
+using Texts = std::map<std::string, std::string>;
+
+bool hasLetters(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](unsigned char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c >= 0x80;
+  });
+}
+
+void addTables(Texts& texts) {
+  for (const FieldRow& row : fieldTable()) {
+    if (row.kind != FieldKind::Text) texts.emplace(row.text, row.name);
+    texts.emplace(row.tip, row.name);
+  }
+  for (const ItemRow& row : itemTable()) texts.emplace(row.caption, row.name);
+}
+
+void addClicks(Texts& texts) {
+  for (const Item dial : dialItems()) {
+    Panel panel;
+    DialParams params;
+    clickItem(panel, params, dial, [&](std::string_view text) {
+      texts.emplace(text, rowOf(dial).name);
+      return std::string(text);
+    });
+  }
+}
+
+std::string unescaped(std::string_view literal) {
+  std::string text;
+  for (std::size_t i = 0; i < literal.size(); ++i) {
+    if (literal[i] == '\\' && i + 1 < literal.size()) ++i;
+    text += literal[i];
+  }
+  return text;
+}
+
+// The literals in calls of T, one argument in one or more pieces.
+void addCalls(Texts& texts, const fs::path& source) {
+  static const std::regex kCall(R"re(\bT\(\s*((?:"(?:[^"\\\n]|\\.)*"\s*)+))re");
+  static const std::regex kPiece(R"re("((?:[^"\\\n]|\\.)*)")re");
+  std::ifstream file(source);
+  const std::string code{std::istreambuf_iterator<char>(file), {}};
+  for (std::sregex_iterator call(code.begin(), code.end(), kCall), end; call != end; ++call) {
+    const std::string pieces = (*call)[1];
+    std::string text;
+    for (std::sregex_iterator piece(pieces.begin(), pieces.end(), kPiece); piece != end; ++piece) {
+      text += unescaped((*piece)[1].str());
+    }
+    texts.emplace(text, source.filename().string());
+  }
+}
+
+TEST(Texts, StandInEveryDictionary) {
+  Texts texts;
+  addTables(texts);
+  addClicks(texts);
+  const std::size_t ofPanel = texts.size();
+  for (const auto& entry : fs::recursive_directory_iterator(DIALWRIGHT_SOURCE_DIR "/src")) {
+    if (entry.path().extension() == ".cpp") addCalls(texts, entry.path());
+  }
+  ASSERT_GT(ofPanel, 150u);
+  ASSERT_GT(texts.size(), ofPanel);
+  for (const Lingua& lingua : lingue()) {
+    if (lingua.key.empty()) continue;
+    Dizionario words;
+    words.load(DIALWRIGHT_DATA_DIR, lingua.key);
+    for (const auto& [text, place] : texts) {
+      if (!hasLetters(text)) continue;
+      EXPECT_TRUE(words.has(text)) << lingua.code << " misses \"" << text << "\" of " << place;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace dialwright
