@@ -2,6 +2,7 @@
 // the panel and the record (LatRad, Stilo, and what it names) and asks which dial is checked.
 #pragma once
 
+#include "dials/pen.hpp"
 #include "numerics/projection.hpp"
 #include "shell/run.hpp"
 
@@ -10,6 +11,13 @@ namespace dialwright {
 // The longest segment of a line traced by sun positions, metres. It is the same for every style: with a long one the
 // curves thin out rather than being drawn coarse.
 inline constexpr double kSkyGap = 0.01;
+
+// The sampling rule of the flat dials' curves: a shadow over the horizon is none, and a sample draws inside the window,
+// but for the first of its loop.
+inline Verdict TracciaCurva(const Window& window, double horizon, Punto p, bool pastStart) {
+  if (!(p.y <= horizon)) return Verdict::Drop;
+  return drawIf(pastStart && window.holds(p));
+}
 
 // The plane of the record: Stilo, LatRad, DeclRad, and ZenitPiano from ReclinRad.
 Piano planeOf(const DialParams& params);

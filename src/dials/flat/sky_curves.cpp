@@ -1,0 +1,221 @@
+// The shared curves of the sky.
+#include "dials/flat/sky_curves.hpp"
+
+#include <cmath>
+
+#include "numerics/numbers.hpp"
+#include "shell/dispatch.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr Rgb kAsrGreen = rgb(0, 193, 97);
+constexpr Rgb kQiblaGreen = 65280;
+constexpr Rgb kTextWhite = 16777215;
+
+bool isUpright(const Run& run) { return run.panel[Item::mnuVertSph].checked; }
+
+bool isLevel(const Run& run) { return !isUpright(run) && std::abs(run.params.ReclinGradi) == 90; }
+
+// Only the universal dial takes its reclination to these curves.
+void readReclination(Run& run) {
+  DialParams& p = run.params;
+  p.ReclinRad = run.panel[Item::mnuUni].checked ? p.radians(p.ReclinGradi) : 0;
+}
+
+double horizonOf(const DialParams& p) { return p.Stilo * std::tan(p.ReclinRad); }
+
+}  // namespace
+
+Piano planeOf(const DialParams& p) { return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad}; }
+
+void CurvaAsr(Run& run) {
+  DialParams& p = run.params;
+  assign(p.DeclRad, p.radians(run.number(Field::txtDecl)));
+  if (isUpright(run)) p.ReclinRad = 0;
+  assign(p.LimiteOrizzonte, over(p.Stilo * std::sin(p.ReclinRad), std::cos(p.ReclinRad)));
+  if (!run.on(Field::ckAsr)) return;
+  const Projection project(planeOf(p));
+  const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
+  const double s = signOrOne(p.LatRad);
+  const bool level = isLevel(run);
+  double altitude = 0, H = 0;
+  Punto point;
+  for (const double degrees : run.sweep(-kSolstice, kSolstice, 0.05)) {
+    const double d = p.radians(degrees);
+    assign(altitude, arctan(over(1, 1 + std::tan((p.LatRad - d) * s))));
+    assign(H, p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s);
+    assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
+    // A level plane, whose horizon is infinitely far, has its points in any case.
+    if (s * point.y <= s * p.LimiteOrizzonte) dot(run.sheet, {s * point.x, s * point.y}, kAsrGreen);
+    if (level) dot(run.sheet, {s * point.x, s * point.y}, kAsrGreen);
+  }
+}
+
+// --- The Qibla
+
+namespace {
+
+class Qibla {
+ public:
+  explicit Qibla(Run& run)
+      : run_(run),
+        p_(run.params),
+        window_(run),
+        project_(planeOf(p_)),
+        s_(signOrOne(p_.LatRad)),
+        horizon_(horizonOf(p_)),
+        level_(isLevel(run)) {
+    const double away = p_.radians(run.number(Field::txtQlon) - run.number(Field::txtLON));
+    const double target = p_.radians(run.number(Field::txtQlat));
+    const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
+    double tangent = 0;
+    assign(tangent, over(std::sin(away), sinLat * std::cos(away) - cosLat * std::tan(target)));
+    azimuth_ = p_.degrees(arctan(tangent));
+    b_ = arctan(sinLat * tangent);
+    sinB_ = std::sin(b_);
+    tanLat_ = std::tan(p_.LatRad);
+  }
+
+  void curve() {
+    for (const double degrees : run_.sweep(-kSolstice, kSolstice, 0.005)) point(degrees);
+    point(kSolstice * s_);
+    run_.sheet.ForeColor = kQiblaGreen;
+    run_.sheet.Dati(run_.panel.text(Field::txtLocation), point_.x * s_, -(point_.y - 0.02 * s_) * s_);
+    run_.sheet.ForeColor = kTextWhite;
+  }
+
+  void report() {
+    SheetPlot& sheet = run_.sheet;
+    sheet.Dati("", -sheet.ShiftX(), 0.75);
+    sheet.Dati(run_.panel.text(Field::txtLocation));
+    sheet.ForeColor = kQiblaGreen;
+    figure("Latitude ", run_.number(Field::txtQlat));
+    figure("Longitude ", run_.number(Field::txtQlon));
+    const double B = azimuth_;
+    if (p_.LatRad > 0) {
+      figure("Qibla from South = ", B, "° azimuth");
+      figure("Qibla from North = ", B < 0 ? 180 + B : -180 + B, "° azimuth");
+    } else {
+      figure("Qibla from North = ", -B, "° azimuth");
+      figure("Qibla from South = ", B < 0 ? -180 - B : 180 - B, "° azimuth");
+    }
+    sheet.ForeColor = kTextWhite;
+  }
+
+ private:
+  void point(double degrees) {
+    const double tangent = std::tan(p_.radians(degrees));
+    const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
+    if (!(std::abs(g) <= 1)) return;
+    const double H = s_ * (b_ - p_.ArcSin(g));
+    assign(point_, project_(std::sin(H), std::cos(H), tangent));
+    if (!window_.holds(point_)) return;
+    const bool sunUp = s_ * point_.y <= s_ * horizon_;
+    if (level_ || (s_ > 0 && sunUp)) dot(run_.sheet, point_, palette(10));
+    if (level_) return;
+    if (s_ < 0 && sunUp) dot(run_.sheet, {-point_.x, -point_.y}, palette(10));
+    if (p_.PianoOrizzontale) dot(run_.sheet, point_, palette(10));
+  }
+
+  void figure(std::string_view label, double value, std::string_view unit = {}) {
+    run_.sheet.Dati(run_.T(label) + textOf(truncated(value, 5)).append(unit));
+  }
+
+  Run& run_;
+  const DialParams& p_;
+  Window window_;
+  Projection project_;
+  double s_;  // -1 in the South, which is drawn as the northern picture turned about the foot
+  double horizon_;
+  bool level_;
+  double azimuth_ = 0;  // of the Qibla, degrees from the South, West positive
+  double b_ = 0, sinB_ = 0, tanLat_ = 0;
+  Punto point_;
+};
+
+}  // namespace
+
+void CurvaQibla(Run& run) {
+  readReclination(run);
+  Qibla qibla(run);
+  qibla.curve();
+  qibla.report();
+}
+
+// --- The sun's azimuth and altitude
+
+void LineeAzimut(Run& run) {
+  DialParams& p = run.params;
+  assign(p.DeclGradi, run.number(Field::txtDecl));
+  if (p.LatRad < 0) p.DeclGradi = -(180 + p.DeclGradi);
+  if (std::abs(p.DeclGradi) > 180) p.DeclGradi -= 360 * Sgn(p.DeclGradi);
+  p.DeclRad = p.radians(p.DeclGradi);
+  readReclination(run);
+  if (p.LatRad == 0 || !run.on(Field::ckAz)) return;
+  const Window window(run);
+  const Projection project(planeOf(p));
+  const double horizon = horizonOf(p);
+  const double sinLat = std::sin(p.LatRad), tanLat = std::tan(p.LatRad);
+  Pen pen(run.sheet);
+  pen.dip({palette(6), run.sheet.layer("azimut")});
+  double H = 0;
+  Punto point;
+  for (const double azimuth : run.sweep(-90, 90, 15)) {
+    const double b = arctan(sinLat * std::tan(p.radians(azimuth)));
+    const double slope = over(std::sin(b), tanLat);
+    const Sweep declinations = run.sweep(-kSolstice, kSolstice, 0.05);
+    for (const double degrees : declinations) {
+      const double tangent = std::tan(p.radians(degrees));
+      assign(H, b - p.ArcSin(tangent * slope));
+      assign(point, project(std::sin(H), std::cos(H), tangent));
+      pen.visit(point, drawIf(point.y <= horizon && window.holds(point) && degrees > declinations.first()));
+    }
+  }
+}
+
+namespace {
+
+// The lines of altitude of one half of the day: side -1 before noon, +1 after it.
+void almucantars(Run& run, const Window& window, Pen& pen, double side) {
+  const DialParams& p = run.params;
+  const Projection project(planeOf(p));
+  const double horizon = horizonOf(p);
+  const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
+  const double step = 0.005 * run.number(Field::txt_Definition);
+  double c = 0;
+  Punto point;
+  for (const double altitude : run.sweep(10, 90 - run.number(Field::txtLAT) + kSolstice, 10, {.bound = Field::txtLAT})) {
+    const double height = std::sin(p.radians(altitude));
+    const Sweep declinations = run.sweep(-kSolstice, kSolstice, step, {.step = Field::txt_Definition});
+    for (const double degrees : declinations) {
+      const double d = p.radians(degrees);
+      assign(c, over(height - sinLat * std::sin(d), cosLat * std::cos(d)));
+      if (!(std::abs(c) <= 1)) continue;
+      const double H = side * p.ArcCos(c);
+      assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
+      if (!(p.LatRad >= 0)) continue;
+      pen.visit(point, TracciaCurva(window, horizon, point, degrees > declinations.first()));
+    }
+  }
+}
+
+}  // namespace
+
+void CurveAlmucantarat(Run& run) {
+  DialParams& p = run.params;
+  readReclination(run);
+  assign(p.DeclRad, p.radians(run.number(Field::txtDecl)));
+  if (isLevel(run)) {
+    p.DeclRad = 0;
+    p.PianoOrizzontale = true;
+  }
+  const Window window(run);
+  Pen pen(run.sheet, kSkyGap);
+  pen.dip({palette(7), run.sheet.layer("almucantarat")});
+  almucantars(run, window, pen, -1);
+  almucantars(run, window, pen, +1);
+}
+
+}  // namespace dialwright
