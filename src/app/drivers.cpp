@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -12,6 +16,10 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
