@@ -1,6 +1,6 @@
-// Program 5: a vertical dial, facing North or South, by plane analytic geometry: the hours are straight lines and the
-// declination curves conics, both written in the substyle's frame and turned. The wall's declination is counted the other
-// way round here, and so is the turn.
+// Program 5: a vertical dial, facing North or South, by plane analytic geometry: the hours are
+// straight lines and the declination curves conics, both written in the substyle's frame and
+// turned. The wall's declination is counted the other way round here, and so is the turn.
 #include "dials/flat/frinter.hpp"
 
 #include <cmath>
@@ -16,12 +16,12 @@ namespace dialwright {
 
 namespace {
 
-constexpr double kNearPole = 89.9999;      // degrees of latitude that stand for 90
-constexpr double kPolarCircle = 66.55;     // degrees of latitude up to which every day has a sunrise
-constexpr double kCurveReach = 1.953;      // metres
-constexpr double kCurveStep = 0.00012;     // metres: fine enough for points to make a curve
-constexpr double kEquatorStep = 0.0001;    // metres
-constexpr double kLineReach = 1;           // metres from the frame's origin to the ends of straight lines
+constexpr double kNearPole = 89.9999;    // degrees of latitude that stand for 90
+constexpr double kPolarCircle = 66.55;   // degrees of latitude up to which every day has a sunrise
+constexpr double kCurveReach = 1.953;    // metres
+constexpr double kCurveStep = 0.00012;   // metres: fine enough for points to make a curve
+constexpr double kEquatorStep = 0.0001;  // metres
+constexpr double kLineReach = 1;  // metres from the frame's origin to the ends of straight lines
 
 // A declination pair and its colour number, in the order in which the curves are drawn.
 struct Pair {
@@ -199,14 +199,16 @@ void Drawing::hoursFromHorizon(double side, Rgb colour) {
   const ConicSet& conic = p_.conic(Declination::Latitude);
   double U = 0, slope = 0;
   for (const double t : run_.sweep(-105, 105, 15)) {
-    assign(U, over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(t)));
+    assign(U,
+           over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(t)));
     assign(slope, tangentSlope(conic, U, side * p_.SegnoEmisfero));
-    frameLine({-kLineReach, slope * (-kLineReach - U)}, {kLineReach, slope * (kLineReach - U)}, colour);
+    frameLine({-kLineReach, slope * (-kLineReach - U)}, {kLineReach, slope * (kLineReach - U)},
+              colour);
   }
 }
 
-// The sun of each day at the zone's noon on the wall as it is typed; every point is set in its season's colour and again
-// in the figure's.
+// The sun of each day at the zone's noon on the wall as it is typed; every point is set in its
+// season's colour and again in the figure's.
 void Drawing::Analemma() {
   const Projection project({p_.Stilo, p_.LatRad, p_.DeclRad, p_.PiGreco / 2});
   const double tilt = p_.radians(obliquity(47));

@@ -1,7 +1,7 @@
-// Program 2: a declining, reclining dial by analytic geometry in space. The plane runs through the origin of the world's
-// coordinates (X to the East, Y to the North, Z upwards) with the tip of the style over it. Every curve is where the
-// plane meets a plane of hours or a cone of declination, worked out at values of one coordinate, X or Y; each variable
-// draws what the other can't.
+// Program 2: a declining, reclining dial by analytic geometry in space. The plane runs through the
+// origin of the world's coordinates (X to the East, Y to the North, Z upwards) with the tip of the
+// style over it. Every curve is where the plane meets a plane of hours or a cone of declination,
+// worked out at values of one coordinate, X or Y; each variable draws what the other can't.
 #include "dials/flat/inclinati.hpp"
 
 #include <array>
@@ -18,13 +18,14 @@ namespace dialwright {
 
 namespace {
 
-constexpr double kReach = 1;           // metres swept on both sides of the origin
-constexpr double kFineStep = 0.001;    // of what does not follow the definition, metres
-constexpr double kProbe = 0.1;         // where the substyle's angle is taken, metres
-constexpr double kLongestStyle = 100;  // in perpendicular styles: a longer one has its centre out of reach
+constexpr double kReach = 1;         // metres swept on both sides of the origin
+constexpr double kFineStep = 0.001;  // of what does not follow the definition, metres
+constexpr double kProbe = 0.1;       // where the substyle's angle is taken, metres
+constexpr double kLongestStyle =
+    100;  // in perpendicular styles: a longer one has its centre out of reach
 
-// The plane, the site and the tip (x0, y0, z0) of the style. F stands for the latitude, D for the wall's declination, R
-// for its reclination.
+// The plane, the site and the tip (x0, y0, z0) of the style. F stands for the latitude, D for the
+// wall's declination, R for its reclination.
 struct Space {
   double sinF, cosF, tanF, sinD, cosD, tanD, sinR, cosR, tanR;
   double x0, y0, z0;
@@ -54,11 +55,13 @@ struct Place {
   double swept, w;
 };
 
-// The formulas of one variable; each gives the world's height w of the plane's point at a value of that variable.
+// The formulas of one variable; each gives the world's height w of the plane's point at a value of
+// that variable.
 struct Formulas {
   double (*hour)(const Space&, double s, double tanH);
   Quadratic (*cone)(const Space&, double s, double K);
-  double (*horizonHour)(const Space&, double s, double sinH, double cosH);  // hours from sunset and sunrise
+  double (*horizonHour)(const Space&, double s, double sinH,
+                        double cosH);  // hours from sunset and sunrise
   double (*equinoctial)(const Space&, double s);
   double (*substyle)(const Space&, double s);
   Place (*foot)(const Space&, double s);
@@ -69,7 +72,9 @@ namespace along_x {
 
 double hour(const Space& k, double X, double t) {
   const double den = t * (k.tanR * k.sinF - k.cosF * k.cosD);
-  return over(X * (k.sinD * k.sinF * t - k.cosD) + k.cosD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t), den);
+  return over(
+      X * (k.sinD * k.sinF * t - k.cosD) + k.cosD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t),
+      den);
 }
 
 Quadratic cone(const Space& k, double X, double K) {
@@ -81,13 +86,16 @@ Quadratic cone(const Space& k, double X, double K) {
   const double cosD2 = k.cosD * k.cosD;
   return {cosD2 * A1 + T * T * A2 - 2 * k.cosD * T * mixed,
           -2 * k.z0 * cosD2 * A1 + 2 * mixed * k.cosD * (P + T * k.z0) - 2 * T * A2 * P,
-          cosD2 * (A1 * k.z0 * k.z0 + (X - k.x0) * (X - k.x0)) - 2 * k.cosD * k.z0 * P * mixed + A2 * P * P, 0};
+          cosD2 * (A1 * k.z0 * k.z0 + (X - k.x0) * (X - k.x0)) - 2 * k.cosD * k.z0 * P * mixed +
+              A2 * P * P,
+          0};
 }
 
 double horizonHour(const Space& k, double X, double sinH, double cosH) {
   const double c = k.cosF * cosH + k.tanF * k.sinF;
   const double den = k.cosD * c - k.sinF * k.tanR * (cosH - 1);
-  return over(-(X * k.sinD + k.y0 * k.cosD) * k.sinF * (cosH - 1) - sinH * k.cosD * (X - k.x0) + k.z0 * k.cosD * c,
+  return over(-(X * k.sinD + k.y0 * k.cosD) * k.sinF * (cosH - 1) - sinH * k.cosD * (X - k.x0) +
+                  k.z0 * k.cosD * c,
               den);
 }
 
@@ -111,7 +119,9 @@ namespace along_y {
 
 double hour(const Space& k, double Y, double t) {
   const double den = k.tanR - k.sinD * k.cosF * t;
-  return over(Y * (k.cosD - k.sinF * t * k.sinD) + k.sinD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t), den);
+  return over(
+      Y * (k.cosD - k.sinF * t * k.sinD) + k.sinD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t),
+      den);
 }
 
 Quadratic cone(const Space& k, double Y, double K) {
@@ -128,7 +138,8 @@ Quadratic cone(const Space& k, double Y, double K) {
 double horizonHour(const Space& k, double Y, double sinH, double cosH) {
   const double den = k.tanR * sinH + (k.cosF * cosH + k.sinF * k.tanF) * k.sinD;
   const double rise = k.cosD * sinH + k.sinF * k.sinD * cosH - k.cosF * k.tanF * k.sinD;
-  return over((Y - k.y0) * rise + (k.x0 * k.sinD + k.y0 * k.cosD - k.z0 * k.tanR) * sinH, den) + k.z0;
+  return over((Y - k.y0) * rise + (k.x0 * k.sinD + k.y0 * k.cosD - k.z0 * k.tanR) * sinH, den) +
+         k.z0;
 }
 
 double equinoctial(const Space& k, double Y) { return over(-(Y - k.y0), k.tanF) + k.z0; }
@@ -150,10 +161,12 @@ Punto toPlane(const Space& k, const Place& at) {
 
 }  // namespace along_y
 
-constexpr Formulas kAlongX{along_x::hour,     along_x::cone, along_x::horizonHour, along_x::equinoctial,
-                           along_x::substyle, along_x::foot, along_x::toPlane};
-constexpr Formulas kAlongY{along_y::hour,     along_y::cone, along_y::horizonHour, along_y::equinoctial,
-                           along_y::substyle, along_y::foot, along_y::toPlane};
+constexpr Formulas kAlongX{along_x::hour,        along_x::cone,     along_x::horizonHour,
+                           along_x::equinoctial, along_x::substyle, along_x::foot,
+                           along_x::toPlane};
+constexpr Formulas kAlongY{along_y::hour,        along_y::cone,     along_y::horizonHour,
+                           along_y::equinoctial, along_y::substyle, along_y::foot,
+                           along_y::toPlane};
 
 enum class Variable { X, Y };
 
@@ -172,7 +185,9 @@ class Drawing {
  private:
   bool on(Field field) const { return run_.on(field); }
   bool isX() const { return variable_ == Variable::X; }
-  Sweep swept() { return run_.sweep(-kReach, kReach, p_.PassoCurva / 5, {.step = Field::txt_Definition}); }
+  Sweep swept() {
+    return run_.sweep(-kReach, kReach, p_.PassoCurva / 5, {.step = Field::txt_Definition});
+  }
   void mark(Trace& trace, const Place& at, Rgb colour);
   template <class Height>
   void row(Trace& trace, const Sweep& sweep, Rgb colour, Height height);
@@ -234,7 +249,8 @@ void Drawing::all() {
   if (!isX() && on(Field::ck_Triangolo)) Triangolo();
   if (on(Field::Ck_DayLightCurves)) Curve();
   const double step = p_.PassoCurva / 5;
-  if (on(Field::ck_Italiche)) hoursFromHorizon(0, 180, isX() ? step : kFineStep, palette(isX() ? 9 : 11));
+  if (on(Field::ck_Italiche))
+    hoursFromHorizon(0, 180, isX() ? step : kFineStep, palette(isX() ? 9 : 11));
   if (on(Field::ck_babiloniche)) hoursFromHorizon(-180, 0, step, palette(10));
   if (on(Field::ck_Lemniscate)) Analemma();
   SistemaSustilare(p_);
@@ -253,8 +269,9 @@ void Drawing::row(Trace& trace, const Sweep& sweep, Rgb colour, Height height) {
   for (const double s : sweep) mark(trace, {s, height(s)}, colour);
 }
 
-// The hours are counted before noon, so that 90 is six in the morning. Where a plane of hours holds the swept direction
-// (noon, along X) it has no height to give: that row stays at the height of the line before it.
+// The hours are counted before noon, so that 90 is six in the morning. Where a plane of hours holds
+// the swept direction (noon, along X) it has no height to give: that row stays at the height of the
+// line before it.
 void Drawing::Ore() {
   readUsaLongitudine(run_);
   if (isX() && p_.ReclinGradi == 90 - p_.LatGradi && p_.DeclRad == 0) {
@@ -264,11 +281,13 @@ void Drawing::Ore() {
   Trace trace;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
     const double tanH = std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
-    row(trace, swept(), palette(hourInk(t)), [&](double s) { return formulas_.hour(space_, s, tanH); });
+    row(trace, swept(), palette(hourInk(t)),
+        [&](double s) { return formulas_.hour(space_, s, tanH); });
   }
 }
 
-// On a plane parallel to the axis the hours are upright lines, and stand every half hour in any case.
+// On a plane parallel to the axis the hours are upright lines, and stand every half hour in any
+// case.
 void Drawing::hoursOfPolarPlane() {
   double x = 0;
   for (const double t : run_.sweep(-90, 90, 7.5)) {
@@ -296,7 +315,8 @@ void Drawing::Sustilare() {
   row(trace, swept(), palette(9), [&](double s) { return formulas_.substyle(space_, s); });
 }
 
-// Tangent of the substyle's angle from the upright, taken at a point of it; a fault where it can't be worked out.
+// Tangent of the substyle's angle from the upright, taken at a point of it; a fault where it can't
+// be worked out.
 double Drawing::substyleTangent(double at) const {
   Place place{at, 0};
   assign(place.w, formulas_.substyle(space_, at));
@@ -306,7 +326,8 @@ double Drawing::substyleTangent(double at) const {
 
 void Drawing::Angoli() {
   assign(p_.Sustilare, arctan(substyleTangent(kProbe)));
-  assign(p_.ElevStilo, p_.ArcSin(-space_.cosF * space_.cosR * (space_.tanR * space_.tanF - space_.cosD)));
+  assign(p_.ElevStilo,
+         p_.ArcSin(-space_.cosF * space_.cosR * (space_.tanR * space_.tanF - space_.cosD)));
   if (p_.ElevStilo == 0) return;
   assign(p_.OrarioSustilare, -p_.ArcSin(over(space_.sinD * space_.cosR, std::cos(p_.ElevStilo))));
   assign(p_.IpotenusaStilo, over(p_.Stilo, std::sin(p_.ElevStilo)));
@@ -345,8 +366,8 @@ void Drawing::Triangolo() {
   steepestLine(sheet_, centre.x);
 }
 
-// The style's line from its tip and its slope, for a centre out of reach. The program draws it only until it has drawn
-// a whole triangle once.
+// The style's line from its tip and its slope, for a centre out of reach. The program draws it only
+// until it has drawn a whole triangle once.
 void Drawing::styleByItsSlope(Punto tip, double angle, double elevation) {
   Punto point;
   const double slope = std::tan(elevation + angle);
@@ -379,19 +400,21 @@ void Drawing::Curve() {
   }
 }
 
-// Hours counted from sunset (0 to 180 degrees) and from sunrise (-180 to 0); the longitude does not enter.
+// Hours counted from sunset (0 to 180 degrees) and from sunrise (-180 to 0); the longitude does not
+// enter.
 void Drawing::hoursFromHorizon(double first, double last, double step, Rgb colour) {
   Trace trace;
   for (const double t : run_.sweep(first, last, 15)) {
     const double H = p_.radians(t);
     const double sinH = std::sin(H), cosH = std::cos(H);
     const Sweep sweep = run_.sweep(-kReach, kReach, step, {.step = Field::txt_Definition});
-    row(trace, sweep, colour, [&](double s) { return formulas_.horizonHour(space_, s, sinH, cosH); });
+    row(trace, sweep, colour,
+        [&](double s) { return formulas_.horizonHour(space_, s, sinH, cosH); });
   }
 }
 
-// The ray of each day's sun at the zone's noon, from the tip on to the plane. Where the sun is behind the plane the ray
-// is drawn backwards.
+// The ray of each day's sun at the zone's noon, from the tip on to the plane. Where the sun is
+// behind the plane the ray is drawn backwards.
 void Drawing::Analemma() {
   const Space& k = space_;
   const double tilt = p_.radians(obliquity(47));
@@ -405,7 +428,8 @@ void Drawing::Analemma() {
     const double den = lift * (k.cosF * k.cosD - k.sinF * k.tanR) +
                        (k.cosF * k.tanR + k.sinF * k.cosD) * sinH - sinH * tanH * k.sinD;
     const double ray = over(G, den);
-    const double swept = isX() ? -ray * sinH * tanH + k.x0 : ray * (lift * k.cosF + k.sinF * sinH) + k.y0;
+    const double swept =
+        isX() ? -ray * sinH * tanH + k.x0 : ray * (lift * k.cosF + k.sinF * sinH) + k.y0;
     mark(trace, {swept, ray * (lift * k.sinF - k.cosF * sinH) + k.z0}, palette(isX() ? 14 : 12));
   }
 }
@@ -417,7 +441,8 @@ void drawUnder(Run& run, Variable variable, std::string_view caption) {
   run.hourglass(false);
 }
 
-constexpr std::string_view kDefinitionMessage = "Modify the definition if the graph is not well visible";
+constexpr std::string_view kDefinitionMessage =
+    "Modify the definition if the graph is not well visible";
 constexpr std::string_view kUseXCaption = "Horizontal dial, please use variable X";
 
 }  // namespace

@@ -1,4 +1,5 @@
-// Program 2: a declining, reclining dial by analytic geometry in space, swept along one of two coordinates.
+// Program 2: a declining, reclining dial by analytic geometry in space, swept along one of two
+// coordinates.
 #pragma once
 
 #include "shell/run.hpp"

@@ -1,6 +1,7 @@
-// Program 4: a flat dial by projection, latter version. The reference plane is the upright wall of the dial's own
-// declination that meets the dial's plane in the level line through the foot of its style: the tip stands
-// N = Stilo/cos R before it. On it, (p, q) are the coordinates along and across the substyle, q from the equinoctial.
+// Program 4: a flat dial by projection, latter version. The reference plane is the upright wall of
+// the dial's own declination that meets the dial's plane in the level line through the foot of its
+// style: the tip stands N = Stilo/cos R before it. On it, (p, q) are the coordinates along and
+// across the substyle, q from the equinoctial.
 #include "dials/flat/nuovo_proiettivo.hpp"
 
 #include <array>
@@ -45,10 +46,10 @@ class Drawing {
   Window window_;
   StyleOfDial style_;
   double sinR_, cosR_, tanR_;
-  double N_;               // the style on the reference plane
-  double sinE_, cosE_;     // of the polar style's elevation over the reference plane
+  double N_;                // the style on the reference plane
+  double sinE_, cosE_;      // of the polar style's elevation over the reference plane
   double equinoctialUnit_;  // N/cos E: tangents of hour angles come in it along the equinoctial
-  double sinS_, cosS_;     // of the reference plane's substyle
+  double sinS_, cosS_;      // of the reference plane's substyle
   std::array<DeclinationCone, 3> cones_;
   Punto point_;  // the last good one
 };
@@ -126,8 +127,8 @@ void Drawing::all() {
   SistemaSustilare(p_);
 }
 
-// An hour's line runs from its point on the equinoctial, p = N/cos E * tan h, to the centre of the reference plane,
-// q = N/(sin E cos E).
+// An hour's line runs from its point on the equinoctial, p = N/cos E * tan h, to the centre of the
+// reference plane, q = N/(sin E cos E).
 void Drawing::Ore() {
   readUsaLongitudine(run_);
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
@@ -162,8 +163,8 @@ void Drawing::Curve() {
   }
 }
 
-// Italic (side -1) and babylonian (side +1) hours: the tangents to the conic of the circumpolar sky from the hours of
-// the equinoctial.
+// Italic (side -1) and babylonian (side +1) hours: the tangents to the conic of the circumpolar sky
+// from the hours of the equinoctial.
 void Drawing::hoursFromHorizon(double side) {
   const ConicSet& horizon = p_.conic(Declination::Latitude);
   double slope = 0;
@@ -174,9 +175,10 @@ void Drawing::hoursFromHorizon(double side) {
   }
 }
 
-// The sun of each day at the zone's noon. With h its hour angle from the substyle's, the ray meets the reference plane
-// at p = N sin h/D, q = -N tan(declination)/(cos E D), where D = cos h cos E - tan(declination) sin E is its part along
-// the plane's normal. What the sun throws from behind the plane stands above the horizon and is left out.
+// The sun of each day at the zone's noon. With h its hour angle from the substyle's, the ray meets
+// the reference plane at p = N sin h/D, q = -N tan(declination)/(cos E D), where D = cos h cos E -
+// tan(declination) sin E is its part along the plane's normal. What the sun throws from behind the
+// plane stands above the horizon and is left out.
 void Drawing::Analemma() {
   const double tilt = p_.radians(obliquity(47));
   assign(p_.LimiteOrizzonte, p_.Stilo * tanR_);

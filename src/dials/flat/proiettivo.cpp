@@ -1,7 +1,8 @@
-// Program 3: a flat dial by projection, former version. The reference plane is the upright one that faces South (or,
-// where St is negative, North) through the dial's own centre: p to the West and q upwards from the centre. Since both
-// planes hold the centre, they share the polar style, whose length St from the centre to the tip puts the tip at
-// St cos(latitude) before the reference plane and St sin(latitude) below the centre.
+// Program 3: a flat dial by projection, former version. The reference plane is the upright one that
+// faces South (or, where St is negative, North) through the dial's own centre: p to the West and q
+// upwards from the centre. Since both planes hold the centre, they share the polar style, whose
+// length St from the centre to the tip puts the tip at St cos(latitude) before the reference plane
+// and St sin(latitude) below the centre.
 #include "dials/flat/proiettivo.hpp"
 
 #include <array>
@@ -47,10 +48,10 @@ class Drawing {
   DialParams& p_;
   SheetPlot& sheet_;
   StyleOfDial style_;
-  double sinF_, cosF_, tanF_;        // of the latitude
+  double sinF_, cosF_, tanF_;         // of the latitude
   double cosD_, tanD_, cosR_, tanR_;  // of the plane
-  double St_;                        // the style on the reference plane
-  double equator_;                   // ordinate of the equinoctial there
+  double St_;                         // the style on the reference plane
+  double equator_;                    // ordinate of the equinoctial there
   std::array<DeclinationCone, 3> cones_;
   Punto point_;  // the last good one
 };
@@ -91,7 +92,8 @@ double Drawing::styleOnReference() {
   return St;
 }
 
-// The conic y^2 + A1*y + A0 + A2*p^2 = 0 of a cone on the reference plane, y counted from the equinoctial.
+// The conic y^2 + A1*y + A0 + A2*p^2 = 0 of a cone on the reference plane, y counted from the
+// equinoctial.
 ConicSet Drawing::conicOf(double K) const {
   const double M = cosF_ * cosF_ - K * sinF_ * sinF_;
   const double drop = over(St_, tanF_);
@@ -104,7 +106,8 @@ Punto Drawing::MappaProiettiva(double p, double q) const {
   const double a2 = St_ * sinF_;
   const double e = q + a2;
   const double f = 1 - over(p * tanD_, a1);
-  const double Z = over(over(a1 * a2, e) - a1 - over(p * tanD_, f), over(tanR_, f * cosD_) - over(a1, e));
+  const double Z =
+      over(over(a1 * a2, e) - a1 - over(p * tanD_, f), over(tanR_, f * cosD_) - over(a1, e));
   const double X = over(p * (Z + a2), e);
   const double u = -(over(X, cosD_) + Z * tanR_ * tanD_);
   return {u - p_.PuntoRiferimentoX, over(Z, cosR_) - p_.PuntoRiferimentoY};
@@ -141,11 +144,13 @@ void Drawing::CentroProiettivo() {
 }
 
 void Drawing::Equinoziale() {
-  for (const double p : run_.sweep(-LimiteSweep, LimiteSweep, kFineSweepStep)) mark(p, equator_, palette(9));
+  for (const double p : run_.sweep(-LimiteSweep, LimiteSweep, kFineSweepStep))
+    mark(p, equator_, palette(9));
 }
 
-// The hours are counted before noon, and no longitude enters. Noon itself is upright on the reference plane and can't be
-// swept along p: the ordinate stays that of the line before it. The polar line shows noon.
+// The hours are counted before noon, and no longitude enters. Noon itself is upright on the
+// reference plane and can't be swept along p: the ordinate stays that of the line before it. The
+// polar line shows noon.
 void Drawing::Ore() {
   double q = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
@@ -157,9 +162,9 @@ void Drawing::Ore() {
   }
 }
 
-// The upright p = 0 of the reference plane, noon, on the dial's plane: from the vertical through the centre it leans by
-// the angle g, whose tangent -du/dv is sin R tan D by the projection with X = 0. Where g is 0, the line of steepest slope
-// stands for it.
+// The upright p = 0 of the reference plane, noon, on the dial's plane: from the vertical through
+// the centre it leans by the angle g, whose tangent -du/dv is sin R tan D by the projection with X
+// = 0. Where g is 0, the line of steepest slope stands for it.
 void Drawing::LineaPolare() {
   const double g = arctan(std::sin(p_.ReclinRad) * tanD_);
   if (!(g != 0)) return;
@@ -192,8 +197,8 @@ void Drawing::Curve() {
   }
 }
 
-// Italic (side +1) and babylonian (side -1) hours: the tangents to the conic of the circumpolar sky, whose cone is as
-// wide as the latitude, from the hours of the equinoctial.
+// Italic (side +1) and babylonian (side -1) hours: the tangents to the conic of the circumpolar
+// sky, whose cone is as wide as the latitude, from the hours of the equinoctial.
 void Drawing::hoursFromHorizon(double side) {
   const ConicSet horizon = conicOf(tanF_ * tanF_);
   double slope = 0;

@@ -5,7 +5,8 @@
 
 namespace dialwright {
 
-// Draws the dial of the panel. Refuses a southern latitude, the equator, walls that face East or West, level planes.
+// Draws the dial of the panel. Refuses a southern latitude, the equator, walls that face East or
+// West, level planes.
 void DisegnaProiettivo(Run& run);
 
 }  // namespace dialwright
