@@ -3,6 +3,9 @@
 
 #include <system_error>
 
+#include "persist/encoding.hpp"
+#include "persist/safe_file.hpp"
+
 namespace dialwright {
 
 namespace {
@@ -44,6 +47,78 @@ void Program::loadLanguage() {
 
 std::string Program::T(std::string_view text) const { return dictionary_.T(text); }
 
+std::string Program::chooseLanguage(Item item) {
+  return scegliLingua(panel_, item, config_.workingFolder, config_.dataFolder);
+}
+
+std::string Program::storedLanguage() const {
+  const std::string stored = dictionaryText(config_.workingFolder, kLanguageKey);
+  if (stored.empty()) return "en";
+  for (const Lingua& lingua : lingue()) {
+    if (!lingua.key.empty() && dictionaryText(config_.dataFolder, lingua.key) == stored)
+      return std::string(lingua.code);
+  }
+  return {};
+}
+
+std::vector<std::string_view> Program::buttons() const {
+  std::vector<std::string_view> names;
+  for (const FieldRow& row : fieldTable()) {
+    if (row.kind == FieldKind::Button || row.group == OptionGroup::Point) names.push_back(row.name);
+  }
+  return names;
+}
+
+Press Program::press(std::string_view button) {
+  const auto field = findField(button);
+  if (!field || !(rowOf(*field).kind == FieldKind::Button || field == Field::Option_P))
+    return Press::Unknown;
+  if (!panel_[*field].enabled || !panel_[*field].visible) return Press::Disabled;
+  pressEnabled(*field);
+  return Press::Done;
+}
+
+void Program::pressEnabled(Field button) {
+  if (button == Field::cmdRun) {
+    CmdRun_Click();
+    return;
+  }
+  const Ports all = portsOfRun();
+  Run run(panel_, params_, sheet_, all);
+  switch (button) {
+    case Field::cmdSave: SalvaDefault(); break;
+    case Field::cmdStati: loadWorld(run); break;
+    case Field::cmdPlot:
+      if (world_.rows.empty()) loadWorld(run);
+      DisegnaMondo(run, world_);
+      break;
+    case Field::Option_P: click(Field::Option_P, true); break;
+    default: break;
+  }
+}
+
+// The user's own map in the working folder goes before the one that comes with the program; without
+// any the list of countries holds the whole world alone.
+void Program::loadWorld(Run& run) {
+  world_ = {};
+  for (const std::filesystem::path& folder : {config_.workingFolder, config_.dataFolder}) {
+    try {
+      world_ = readWorld(decodeText(readFile(folder / "mondo.csv")), panel_.number(Field::txtLON));
+      break;
+    } catch (const FileError&) {
+      continue;
+    }
+  }
+  CaricaMondo(run);
+}
+
+void Program::type(Field field, std::string_view text) {
+  panel_.setText(field, text);
+  if (field != Field::cmbStati) return;
+  panel_[Field::Distance1].visible = false;
+  panel_[Field::lblFiltro].visible = true;
+}
+
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {
@@ -64,6 +139,13 @@ void Program::click(Field field, bool state) {
   const Ports all = portsOfRun();
   Run run(panel_, params_, sheet_, all);
   clickField(run, field, state);
+  if (field != Field::Option_P || !state) return;
+  if (panel_.on(Field::ckFunction)) {
+    MappaCitta(run);
+  } else {
+    PuntoOpzionale(run);
+  }
+  panel_.setState(Field::Option_P, false);  // it works as a push button
 }
 
 RunResult Program::CmdRun_Click() {

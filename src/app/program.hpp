@@ -6,12 +6,14 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/drivers.hpp"
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
 #include "shell/clicks.hpp"
+#include "shell/places.hpp"
 #include "shell/run.hpp"
 
 namespace dialwright {
@@ -28,6 +30,13 @@ enum class RunResult {
   Drawn,
   Refused,   // the dial can't work with its input and has said so
   NoDriver,  // the chosen item has no drawing
+};
+
+// What became of a press.
+enum class Press {
+  Done,
+  Disabled,  // the button can't be pressed on this dial
+  Unknown,   // there is no such button
 };
 
 class Program {
@@ -57,14 +66,31 @@ class Program {
   void click(Item item);
   // A click on a check box or an option, which then has that state.
   void click(Field field, bool state);
-  // A text typed into a field.
-  void type(Field field, std::string_view text) { panel_.setText(field, text); }
+  // A text typed into a field, or chosen in the list of countries.
+  void type(Field field, std::string_view text);
 
   // The Run button.
   RunResult CmdRun_Click();
 
+  // A press of a button: of the panel (cmdRun, cmdSave ...) or of the sheet's bar.
+  Press press(std::string_view button);
+
+  // The names of all buttons.
+  std::vector<std::string_view> buttons() const;
+
+  // A choice in the language menu, for the next starts. Gives the message for the user.
+  std::string chooseLanguage(Item item);
+  // The code of the stored language ("en", "it" ...), or an empty text for a dictionary of the
+  // user's own.
+  std::string storedLanguage() const;
+
   // Stores the panel's chief inputs for the next starts. Throws FileError.
   void SalvaDefault();
+
+  // The map, once its button was pressed.
+  const WorldTable& world() const { return world_; }
+
+  Parametri& store() { return store_; }
 
   // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
   LoadResult CaricaProgetto(const std::filesystem::path& path);
@@ -74,12 +100,15 @@ class Program {
 
  private:
   void loadLanguage();
+  void loadWorld(Run& run);
+  void pressEnabled(Field button);
   Ports portsOfRun() const;
 
   ProgramConfig config_;
   std::filesystem::path cartellaDXF_;
   Dizionario dictionary_;
   Parametri store_;
+  WorldTable world_;
   Panel panel_;
   DialParams params_;
   SheetPlot sheet_;

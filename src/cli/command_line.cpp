@@ -81,6 +81,26 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   run.add_option("ITEM", request.item, "menu item or program number")->required();
   run.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
   addOutputs(run, request);
+
+  CLI::App& open = add("open", "draw a project and write files", commandOpen);
+  open.add_option("FILE", request.item, "a project, .sun")->required();
+  open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addOutputs(open, request);
+
+  CLI::App& save = add("save", "write a project", commandSave);
+  save.add_option("ITEM", request.item, "menu item or program number")->required();
+  save.add_option("NAME=VALUE ... FILE", request.words,
+                  "assignments and, at the end, the project's file")
+      ->required();
+
+  CLI::App& defaults =
+      add("defaults", "show or store what each start begins with", commandDefaults);
+  defaults.add_option("--save", request.words, "store a dial's panel: ITEM NAME=VALUE ...")
+      ->type_name("ITEM");
+
+  CLI::App& language =
+      add("language", "show or set the language of the next starts", commandLanguage);
+  language.add_option("LANG", request.item, "en, it, fr or es");
   return commands;
 }
 

@@ -1,8 +1,11 @@
 // The commands.
 #include "cli/commands.hpp"
 
+#include <filesystem>
 #include <iostream>
+#include <span>
 
+#include "cli/errors.hpp"
 #include "cli/listing.hpp"
 #include "cli/outputs.hpp"
 #include "cli/session.hpp"
@@ -20,14 +23,90 @@ void commandFields(const Request& request) {
   std::cout << listOfFields(*startProgram(request), dial, request.json);
 }
 
+namespace {
+
+void assignAll(Program& program, std::span<const std::string> assignments) {
+  for (const std::string& assignment : assignments) assignField(program, assignment);
+}
+
+// The run, the presses and the files of a program whose panel is ready.
+void finish(Program& program, const std::vector<Output>& outputs, const Request& request) {
+  runDial(program, request);
+  for (const std::string& button : request.presses) pressButton(program, button);
+  writeOutputs(program, outputs, request);
+}
+
+void openProject(Program& program, const std::string& path) {
+  const LoadResult loaded = program.CaricaProgetto(path);
+  if (loaded.outcome != LoadResult::Outcome::Loaded)
+    throw CommandFailure(path + ": " + loaded.message);
+}
+
+}  // namespace
+
 void commandRun(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::vector<Output> outputs = outputsOf(request);
   const auto program = startProgram(request);
   program->click(dial);
-  for (const std::string& assignment : request.words) assignField(*program, assignment);
-  runDial(*program, request);
-  writeOutputs(*program, outputs, request);
+  assignAll(*program, request.words);
+  finish(*program, outputs, request);
+}
+
+void commandOpen(const Request& request) {
+  const std::vector<Output> outputs = outputsOf(request);
+  const auto program = startProgram(request);
+  openProject(*program, request.item);
+  applySheetOptions(program->sheet(), request);
+  assignAll(*program, request.words);
+  finish(*program, outputs, request);
+}
+
+void commandSave(const Request& request) {
+  const Item dial = dialOf(request.item);
+  const std::string& path = request.words.back();
+  if (std::filesystem::path(path).extension() != ".sun") {
+    throw UsageError(
+        "save takes the project's file at the end, as in 'save M_Light txtLAT=41.9 roma.sun'");
+  }
+  const auto program = startProgram(request);
+  program->click(dial);
+  assignAll(*program, std::span(request.words).first(request.words.size() - 1));
+  SalvaProgetto(path, program->panel(), program->sheet());
+}
+
+void commandDefaults(const Request& request) {
+  const auto program = startProgram(request);
+  if (!request.words.empty()) {
+    program->click(dialOf(request.words.front()));
+    assignAll(*program, std::span(request.words).subspan(1));
+    program->SalvaDefault();
+  }
+  if (program->store().pairs().empty())
+    std::cerr << "dialwright: none are stored, the built-in ones hold\n";
+  for (const auto& [key, value] : program->store().pairs())
+    std::cout << key << '=' << value << '\n';
+}
+
+void commandLanguage(const Request& request) {
+  const auto program = startProgram(request);
+  if (request.item.empty()) {
+    const std::string code = program->storedLanguage();
+    std::cout << (code.empty() ? "a dictionary of your own" : code) << '\n';
+    return;
+  }
+  const Lingua* chosen = findLingua(request.item);
+  if (chosen == nullptr)
+    throw UsageError("no language '" + request.item + "'; there are en, it, fr and es");
+  std::error_code ignored;
+  std::filesystem::create_directories(program->config().workingFolder, ignored);
+  program->chooseLanguage(chosen->item);
+  if (program->storedLanguage() != chosen->code) {
+    throw CommandFailure("the language can't be stored in " +
+                         program->config().workingFolder.string() +
+                         ": check that the folder can be written to");
+  }
+  if (!request.quiet) std::cerr << "dialwright: the next starts speak '" << chosen->code << "'\n";
 }
 
 }  // namespace dialwright

@@ -6,6 +6,7 @@
 
 #include "app/viewer.hpp"
 #include "cli/errors.hpp"
+#include "persist/project.hpp"
 #include "persist/safe_file.hpp"
 #include "sheet/dxf.hpp"
 #include "sheet/entity_list.hpp"
@@ -30,6 +31,8 @@ constexpr std::array kFormats = {
                         const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
     FormatRow{"csv", [](Program& p, const Request&,
                         const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
+    FormatRow{"sun", [](Program& p, const Request&,
+                        const Sink& sink) { sink(progettoDi(p.panel(), p.sheet())); }},
     FormatRow{"txt", [](Program& p, const Request&,
                         const Sink& sink) { writeTexts(p.sheet().list(), sink); }},
 };

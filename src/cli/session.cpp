@@ -46,7 +46,29 @@ NumberPair pairOf(const std::string& text, char separator, std::string_view opti
   return {numberOf(text.substr(0, at)), numberOf(text.substr(at + 1))};
 }
 
-void setSheet(SheetPlot& sheet, const Request& request) {
+// A line that tells how far a long run has come, on a terminal only.
+class ProgressLine {
+ public:
+  ~ProgressLine() {
+    if (shown_) std::cerr << "\r\033[K" << std::flush;
+  }
+
+  void operator()(double samples) {
+    const auto now = Clock::now();
+    if (now - last_ < std::chrono::milliseconds(300)) return;
+    last_ = now;
+    shown_ = true;
+    std::cerr << "\rdrawing ... " << static_cast<long long>(samples) << " samples" << std::flush;
+  }
+
+ private:
+  Clock::time_point last_ = Clock::now();
+  bool shown_ = false;
+};
+
+}  // namespace
+
+void applySheetOptions(SheetPlot& sheet, const Request& request) {
   if (!request.size.empty()) {
     const NumberPair size = pairOf(request.size, 'x', "--size", "2x1.5");
     if (!(size.first > 0 && size.second > 0))
@@ -74,28 +96,6 @@ void setSheet(SheetPlot& sheet, const Request& request) {
   if (request.invert.find('y') != std::string::npos) sheet.invertY();
 }
 
-// A line that tells how far a long run has come, on a terminal only.
-class ProgressLine {
- public:
-  ~ProgressLine() {
-    if (shown_) std::cerr << "\r\033[K" << std::flush;
-  }
-
-  void operator()(double samples) {
-    const auto now = Clock::now();
-    if (now - last_ < std::chrono::milliseconds(300)) return;
-    last_ = now;
-    shown_ = true;
-    std::cerr << "\rdrawing ... " << static_cast<long long>(samples) << " samples" << std::flush;
-  }
-
- private:
-  Clock::time_point last_ = Clock::now();
-  bool shown_ = false;
-};
-
-}  // namespace
-
 std::unique_ptr<Program> startProgram(const Request& request) {
   ProgramConfig config;
   config.workingFolder =
@@ -108,7 +108,7 @@ std::unique_ptr<Program> startProgram(const Request& request) {
       std::cerr << "dialwright: " << text << '\n';
     };
   }
-  setSheet(program->sheet(), request);
+  applySheetOptions(program->sheet(), request);
   return program;
 }
 

@@ -91,4 +91,17 @@ void assignField(Program& program, std::string_view assignment) {
   }
 }
 
+void pressButton(Program& program, std::string_view button) {
+  if (button.find('=') != std::string_view::npos) {
+    assignField(program, button);
+    return;
+  }
+  switch (program.press(button)) {
+    case Press::Done: return;
+    case Press::Disabled:
+      throw CommandFailure("the button " + std::string(button) + " can't be pressed on this dial");
+    case Press::Unknown: throw UsageError(unknownWord("button", button, program.buttons()));
+  }
+}
+
 }  // namespace dialwright

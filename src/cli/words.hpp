@@ -25,4 +25,7 @@ Field fieldOf(std::string_view word);
 // UsageError.
 void assignField(Program& program, std::string_view assignment);
 
+// Presses a button; NAME=VALUE in its place assigns a field between two presses. Throws UsageError.
+void pressButton(Program& program, std::string_view button);
+
 }  // namespace dialwright

@@ -109,6 +109,10 @@ void install(std::string_view key, const fs::path& workFolder, const fs::path& d
 
 std::span<const Lingua> lingue() { return kLingue; }
 
+std::string dictionaryText(const fs::path& folder, std::string_view key) {
+  return decodeText(tryRead(folder / fileOf(key)).value_or(""));
+}
+
 const Lingua* findLingua(std::string_view code) {
   const auto found = std::find_if(kLingue.begin(), kLingue.end(), [code](const Lingua& lingua) {
     return equalIgnoringCase(lingua.code, code);
@@ -122,7 +126,7 @@ void Dizionario::load(const fs::path& folder, std::string_view key) {
   folder_ = folder;
   entries_.clear();
   if (trimmed(key).empty()) return;
-  const std::string text = decodeText(tryRead(folder / fileOf(key)).value_or(""));
+  const std::string text = dictionaryText(folder, key);
   for (std::string_view rest = text; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find(kLineEnd));
     add(line);

@@ -51,6 +51,9 @@ class Dizionario {
   std::unordered_map<std::string, std::string> entries_;  // by the source in upper case
 };
 
+// What the dictionary file of a key says, in a folder; empty when there is none.
+std::string dictionaryText(const std::filesystem::path& folder, std::string_view key);
+
 // Translates the captions and tips of the panel with the dictionary of a key. A key that begins
 // with
 // "_DB" writes them instead, each with an empty translation, to "DB_" + window + ".txt" in the

@@ -94,6 +94,11 @@ std::vector<Parametri::Pair>::iterator Parametri::find(std::string_view key) {
   return std::find_if(pairs_.begin(), pairs_.end(), [key](const Pair& p) { return p.key == key; });
 }
 
+const std::vector<Parametri::Pair>& Parametri::pairs() {
+  readOnce();
+  return pairs_;
+}
+
 std::string Parametri::Leggi(std::string_view key) {
   const auto found = find(key);
   return found == pairs_.end() ? std::string() : found->value;

@@ -16,6 +16,11 @@ class Parametri {
  public:
   static constexpr std::size_t kMostPairs = 100;
 
+  struct Pair {
+    std::string key;
+    std::string value;
+  };
+
   explicit Parametri(std::filesystem::path file) : file_(std::move(file)) {}
 
   const std::filesystem::path& NomeFile() const { return file_; }
@@ -23,6 +28,9 @@ class Parametri {
 
   // The value of a key (case matters), or an empty text.
   std::string Leggi(std::string_view key);
+
+  // All pairs in the file's order.
+  const std::vector<Pair>& pairs();
 
   // Keeps a value and writes the file. Throws FileError when that fails and when the store is full.
   void Scrivi(std::string_view key, std::string_view value);
@@ -32,11 +40,6 @@ class Parametri {
   void writeFile() const;
 
  private:
-  struct Pair {
-    std::string key;
-    std::string value;
-  };
-
   void readOnce();
   std::vector<Pair>::iterator find(std::string_view key);
 

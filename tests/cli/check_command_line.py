@@ -124,6 +124,32 @@ def any_input():
             expect(not re.search(r"nan|inf\b", done.stdout, re.I), f"{field}={value[:20]}: a number that is none")
 
 
+def projects_and_settings():
+    run("save", "M_Light", "txtLAT=41.9", "ck_Italiche=1", "roma.sun")
+    run("open", "roma.sun", "-o", "opened.csv")
+    run("run", "M_Light", "txtLAT=41.9", "ck_Italiche=1", "-o", "direct.csv")
+    opened, direct = rows_of(read("opened.csv")), rows_of(read("direct.csv"))
+    expect([r["kind"] for r in opened] == [r["kind"] for r in direct], "a project draws what its panel draws")
+    numbers = [(float(a[key] or 0), float(b[key] or 0)) for a, b in zip(opened, direct) for key in ("x1", "y1", "x2", "y2")]
+    expect(all(abs(a - b) <= 1e-12 * max(1, abs(a)) for a, b in numbers), "a project draws it where its panel does")
+    changed = rows_of(run("open", "roma.sun", "TxtStilo=0.3", "-o", "-", "--format", "csv").stdout)
+    expect(changed != opened, "assignments come after the project")
+    expect("riconosciuto" in run("open", "direct.csv", status=1).stderr, "a file that is no project")
+    expect("nowhere.sun" in run("open", "nowhere.sun", status=1).stderr, "a project that is not there")
+    run("save", "M_Light", "txtLAT=41.9", status=2)
+    run("language", "it")
+    expect(run("language").stdout == "it\n", "the language is stored")
+    expect("emisfero" in run("run", "1", "txtLAT=-3", status=1).stderr, "and spoken")
+    expect("hemisphere" in run("run", "1", "txtLAT=-3", "--lang", "en", status=1).stderr, "--lang en for one run")
+    run("language", "en")
+    run("language", "de", status=2)
+    expect("LAT=10\n" in run("defaults", "--save", "1", "txtLAT=10").stdout, "defaults --save")
+    expect("LAT=10\n" in run("defaults").stdout, "defaults")
+    fields = {row["name"]: row for row in json.loads(run("fields", "1", "--json").stdout)}
+    expect(fields["txtLAT"]["default"] == "10", "stored defaults come back at the next start")
+    os.remove(os.path.join(FOLDER, "cfg", "dialwright.dat"))
+
+
 def viewer():
     script = os.path.join(FOLDER, "viewer.sh")
     with open(script, "w") as file:
@@ -143,6 +169,7 @@ drawing()
 usage_errors()
 refusals_and_files()
 any_input()
+projects_and_settings()
 viewer()
 for sentence in failures:
     print(sentence)

@@ -1,0 +1,200 @@
+// Projecting places.
+#include "shell/places.hpp"
+
+#include <array>
+#include <cmath>
+
+#include "numerics/numbers.hpp"
+#include "numerics/projection.hpp"
+#include "sheet/pen.hpp"
+#include "shell/cities.hpp"
+#include "shell/window.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kCityDot = 0.0009;  // radius, metres
+constexpr double kNameDrop = 0.02;   // from a city to its name
+constexpr double kInnerStar = 0.381966;
+
+// The plane of the dial with its lit side, for suns given in degrees.
+class PlaceMap {
+ public:
+  explicit PlaceMap(const Run& run) : p_(run.params), projection_(planeOf(run)) {
+    const double declination = run.number(Field::txtDecl);
+    const Piano plane = planeOf(run);
+    sinLat_ = std::sin(plane.LatRad);
+    cosLat_ = std::cos(plane.LatRad);
+    level_ = p_.InclinGradi == 0;
+    backwards_ = std::abs(declination) >= 90;
+    tanDecl_ = std::tan(plane.DeclRad);
+    depth_ = over(1, std::tan(plane.ZenitPiano) * std::cos(plane.DeclRad));
+  }
+
+  // Projects a sun; a coordinate that fails keeps its old value in `image`. False on the dark side.
+  bool litImage(double hourAngle, double declination, Punto& image) const {
+    const double H = p_.radians(hourAngle), delta = p_.radians(declination);
+    const double sinH = std::sin(H), cosH = std::cos(H), sinD = std::sin(delta),
+                 cosD = std::cos(delta);
+    // The sun's direction: to the South, to the West, to the zenith.
+    const double X = sinLat_ * cosD * cosH - cosLat_ * sinD;
+    const double Y = cosD * sinH;
+    const double Z = sinLat_ * sinD + cosLat_ * cosD * cosH;
+    const double side = level_ ? -Z : -X - Y * tanDecl_ - Z * depth_;
+    if (!(backwards_ ? side > 0 : side < 0)) return false;
+    assign(image, projection_(sinH, cosH, sinD / cosD));
+    return true;
+  }
+
+  // Projects a sun on either side.
+  void image(double hourAngle, double declination, Punto& image) const {
+    const double H = p_.radians(hourAngle);
+    assign(image, projection_(std::sin(H), std::cos(H), std::tan(p_.radians(declination))));
+  }
+
+ private:
+  static Piano planeOf(const Run& run) {
+    const DialParams& p = run.params;
+    const double declination = p.InclinGradi == 0 ? 0 : run.number(Field::txtDecl);
+    return {p.Stilo, p.radians(run.number(Field::txtLAT)), p.radians(declination),
+            p.radians(p.InclinGradi)};
+  }
+
+  const DialParams& p_;
+  Projection projection_;
+  double sinLat_ = 0, cosLat_ = 0, tanDecl_ = 0, depth_ = 0;
+  bool level_ = false;
+  bool backwards_ = false;
+};
+
+// The dictionary's "Inv" turns the map over: the stored declinations then count as they are.
+double mapSign(const Run& run) { return run.on(Field::ckAssi) ? -1 : 1; }
+
+std::string withoutDigits(std::string_view text) {
+  std::string name;
+  for (const char c : text) {
+    if (c < '0' || c > '9') name += c;
+  }
+  return name;
+}
+
+template <class Wanted>
+void drawRows(Run& run, const WorldTable& world, Rgb colour, Wanted wanted) {
+  const PlaceMap map(run);
+  const Window window(run);
+  const double sigma = mapSign(run);
+  double filter = 0;
+  assign(filter, run.number(Field::Filtertxt));
+  Pen pen(run.sheet, filter);
+  pen.dip({colour});
+  Punto image;
+  std::uint32_t stretch = 0;
+  bool first = true;
+  for (const WorldTable::Row& row : world.rows) {
+    if (!wanted(row)) continue;
+    first = first || row.Tratto != stretch;
+    stretch = row.Tratto;
+    if (!map.litImage(row.AngoloOrario, sigma * row.Declinazione, image)) continue;
+    pen.visit(image, drawIf(!first && window.holds(image)));
+    first = false;
+  }
+}
+
+}  // namespace
+
+WorldTable readWorld(std::string_view text, double longitude) {
+  WorldTable world;
+  std::string_view lastStretch;
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    const std::size_t first = line.find(';');
+    const std::size_t second = first == std::string_view::npos ? first : line.find(';', first + 1);
+    if (second == std::string_view::npos) continue;
+    const std::string_view stretch = line.substr(0, first);
+    const double latitude = numberOf(line.substr(first + 1, second - first - 1));
+    const double east = numberOf(line.substr(second + 1));
+    if (!sound(latitude) || !sound(east)) continue;
+    if (world.rows.empty() || stretch != lastStretch) {
+      std::string country = withoutDigits(stretch);
+      if (world.countries.empty() || country != world.countries.back())
+        world.countries.push_back(std::move(country));
+    }
+    const std::uint32_t previous = world.rows.empty() ? 0 : world.rows.back().Tratto;
+    const std::uint32_t number =
+        !world.rows.empty() && stretch == lastStretch ? previous : previous + 1;
+    lastStretch = stretch;
+    world.rows.push_back({-east - longitude, -latitude,
+                          static_cast<std::uint32_t>(world.countries.size() - 1), number});
+  }
+  return world;
+}
+
+void CaricaMondo(Run& run) {
+  run.sheet.Messaggio(run.T("Map"));
+  run.panel[Field::cmbStati].text = kWholeWorld;
+  run.panel.show(Field::Filtertxt, true);
+  run.panel[Field::cmbStati].enabled = true;
+  run.panel[Field::cmdPlot].enabled = true;
+}
+
+void DisegnaMondo(Run& run, const WorldTable& world) {
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T("Map"));
+  const std::string& chosen = run.panel.text(Field::cmbStati);
+  if (chosen == kWholeWorld) {
+    drawRows(run, world, palette(11), [](const WorldTable::Row&) { return true; });
+  } else {
+    drawRows(run, world, palette(12),
+             [&](const WorldTable::Row& row) { return world.countries[row.Paese] == chosen; });
+  }
+  run.panel.setState(Field::Option_P, false);
+  run.hourglass(false);
+}
+
+void MappaCitta(Run& run) {
+  run.sheet.Messaggio(run.T("Map"));
+  const PlaceMap map(run);
+  const double sigma = mapSign(run);
+  const double longitude = run.number(Field::txtLON);
+  const double east = run.number(Field::txt_R2), west = run.number(Field::TxtRadius);
+  Punto image;
+  const auto draw = [&](std::string_view name, double hourAngle, double declination) {
+    if (!(hourAngle > east && hourAngle < west)) return;
+    if (!map.litImage(hourAngle, sigma * declination, image)) return;
+    circle(run.sheet, image, kCityDot, palette(14), {.fill = palette(12)});
+    run.sheet.ForeColor = palette(10);
+    run.sheet.Dati(name, image.x, -(image.y - kNameDrop));
+  };
+  for (const City& city : cities())
+    draw(city.name, city.longitudeTerm - longitude, city.storedDeclination);
+  draw("", 0, 0);  // the list is read one row past its last city
+}
+
+void PuntoOpzionale(Run& run) {
+  run.sheet.Messaggio(run.T("Optional position"));
+  const DialParams& p = run.params;
+  Punto image;
+  PlaceMap(run).image(run.number(Field::txtAO) - run.number(Field::txtLON),
+                      run.number(Field::txtDelta), image);
+  const double radius = (p.Stilo / 20) * std::sin(p.radians(18)) / std::sin(p.radians(126));
+  circle(run.sheet, image, radius, palette(14), {.fill = palette(9)});
+  StellaCinquePunte(run.sheet, image.x, image.y, p.Stilo / 20, palette(15));
+}
+
+void StellaCinquePunte(SheetPlot& sheet, double x, double y, double R, Rgb colour) {
+  const Angles angles;
+  // Outer vertices at 0, 72 ... degrees, inner ones half way between.
+  const auto vertex = [&](int degrees) {
+    const double radius = degrees % 72 == 0 ? R : kInnerStar * R;
+    return Punto{x + radius * std::cos(angles.radians(degrees)),
+                 y + radius * std::sin(angles.radians(degrees))};
+  };
+  constexpr std::array kRound = {72, 108, 144, 180, 216, 252, 288, 324, 0, 36, 72};
+  for (std::size_t i = 0; i + 1 < kRound.size(); ++i)
+    line(sheet, vertex(kRound[i]), vertex(kRound[i + 1]), colour);
+}
+
+}  // namespace dialwright
