@@ -68,8 +68,9 @@ class Pen {
 // The verdict of a sample that passed its tests: the first of a loop never draws.
 inline Verdict drawIf(bool condition) { return condition ? Verdict::Draw : Verdict::Move; }
 
-// Dial coordinates to the sheet, whose y grows downwards.
+// Dial coordinates to the sheet, whose y grows downwards. A line with a fault in an end is skipped.
 inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink) {
+  if (!sound(from.x) || !sound(from.y) || !sound(to.x) || !sound(to.y)) return;
   sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour, {.width = ink.width, .store = true, .layer = ink.layer});
 }
 inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) { line(sheet, from, to, Ink{colour}); }

@@ -3,6 +3,7 @@
 // there.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "numerics/numbers.hpp"
@@ -51,6 +52,13 @@ class FlatWall : public DialCase {
     clearBoxes();
   }
 
+  FlatWall& checkEveryBox() {
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), true);
+    }
+    return *this;
+  }
+
   sky::Vec sun(double x, double sheetY) const { return plane.sunOf(kStyle, {x, -sheetY}); }
   double declination(double x, double sheetY) const {
     return sky::deg(sky::declinationOf(latitude, sun(x, sheetY)));
@@ -62,7 +70,9 @@ class FlatWall : public DialCase {
   // How far a spot's sun is from the plane of an hour, in degrees; with a circle, from the nearest
   // of the hours that follow each other by so much.
   double offHour(double hour, double x, double sheetY, double circle = 180) const {
-    return apart(hourAngle(x, sheetY), hour, circle) * std::cos(sky::rad(declination(x, sheetY)));
+    const sky::Vec s = sun(x, sheetY);
+    const double meridian = s.z * std::cos(latitude) - s.y * std::sin(latitude);
+    return apart(hourAngle(x, sheetY), hour, circle) * std::hypot(s.x, meridian);
   }
 
   // The turned horizon that a spot's sun (or the sun's opposite) is nearest to.
@@ -77,6 +87,14 @@ class FlatWall : public DialCase {
       if (off < nearest.off) nearest = {hours, off};
     }
     return nearest;
+  }
+
+  // True when no fault has reached the list.
+  bool isSound() const {
+    const auto& lines = sheet.list().lines;
+    return std::all_of(lines.begin(), lines.end(), [](const LineRecord& l) {
+      return sound(l.x1) && sound(l.y1) && sound(l.x2) && sound(l.y2);
+    });
   }
 
   // Where the polar style meets the plane.

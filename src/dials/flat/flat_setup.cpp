@@ -25,7 +25,7 @@ Punto laidTip(const DialParams& p, double substyle) {
 }
 
 void steepestLine(SheetPlot& sheet, double x) {
-  sheet.xLine(x, -sheet.ShiftY(), x, 2 * sheet.ShiftY(), palette(8));
+  line(sheet, {x, sheet.ShiftY()}, {x, -2 * sheet.ShiftY()}, palette(8));
 }
 
 void horizonAcross(Run& run) {

@@ -31,6 +31,7 @@ class Drawing {
   void ImpostaNuovo();
   Punto MappaNuova(double p, double q) const;
   void mark(double p, double q, Rgb colour);
+  double hourFromSubstyle(double H) const;
   void lineThrough(double p0, double dp, double dq, Rgb colour);
 
   void Ore();
@@ -100,6 +101,12 @@ void Drawing::mark(double p, double q, Rgb colour) {
   dot(sheet_, point_, colour);
 }
 
+// An hour angle (radians) from the hour at which the sun stands over the substyle. A wall that faces
+// away from the noon sun has that hour at the other end of the day from its tangent's.
+double Drawing::hourFromSubstyle(double H) const {
+  return p_.OrarioSustilare + H + (p_.ElevStilo < 0 ? p_.PiGreco : 0);
+}
+
 // The line through (p0, 0) in a direction, swept along the coordinate in which it is longer.
 void Drawing::lineThrough(double p0, double dp, double dq, Rgb colour) {
   if (std::abs(dp) <= std::abs(dq)) {
@@ -133,7 +140,7 @@ void Drawing::Ore() {
   readUsaLongitudine(run_);
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
     const double shift = p_.degrees(p_.CorrFuso) * p_.UsaLongitudine;
-    const double tangent = std::tan(p_.OrarioSustilare + p_.radians(t - shift));
+    const double tangent = std::tan(hourFromSubstyle(p_.radians(t - shift)));
     lineThrough(equinoctialUnit_ * tangent, -sinE_ * tangent, 1, palette(hourInk(t)));
   }
 }
@@ -164,13 +171,15 @@ void Drawing::Curve() {
 }
 
 // Italic (side -1) and babylonian (side +1) hours: the tangents to the conic of the circumpolar sky
-// from the hours of the equinoctial.
+// from the hours of the equinoctial. An hour behind the reference plane has its point on the
+// opposite side of the sky, where the two tangents change places.
 void Drawing::hoursFromHorizon(double side) {
   const ConicSet& horizon = p_.conic(Declination::Latitude);
   double slope = 0;
   for (const double t : run_.sweep(-90, 90, 15)) {
-    const double U = equinoctialUnit_ * std::tan(p_.OrarioSustilare + p_.radians(t));
-    assign(slope, tangentSlope(horizon, U, side));
+    const double h = hourFromSubstyle(p_.radians(t));
+    const double U = equinoctialUnit_ * std::tan(h);
+    assign(slope, tangentSlope(horizon, U, std::cos(h) < 0 ? -side : side));
     lineThrough(U, 1, slope, palette(14));
   }
 }
@@ -185,7 +194,7 @@ void Drawing::Analemma() {
   const Sweep days = run_.sweep(-80, 360, 360 / kDaysOfYear);
   for (const double L : days) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
-    const double h = p_.OrarioSustilare - p_.CorrFuso + sun.equationOfTime;
+    const double h = hourFromSubstyle(-p_.CorrFuso + sun.equationOfTime);
     const double tangent = std::tan(sun.declination);
     const double D = std::cos(h) * cosE_ - tangent * sinE_;
     assign(point_, MappaNuova(over(N_ * std::sin(h), D), over(-equinoctialUnit_ * tangent, D)));
