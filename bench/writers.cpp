@@ -14,9 +14,10 @@ namespace dialwright {
 namespace {
 
 constexpr int kLines = 200'000;
+constexpr int kSegments = 500;  // of a curve
 constexpr double kPi = 3.141592654;
 
-// Curves of 500 segments each, drawn as a pen does: from the new point back to the one before.
+// Curves, drawn as a pen does: from the new point back to the one before.
 SheetPlot drawing() {
   SheetPlot sheet;
   sheet.QuadranteL(2);
@@ -27,10 +28,11 @@ SheetPlot drawing() {
   double px = 0;
   double py = 0;
   for (int i = 0; i < kLines; ++i) {
-    const double t = i % 500 / 500.0;
-    const double x = 0.9 * std::cos(3 * t + i / 500);
+    const int curve = i / kSegments;
+    const double t = static_cast<double>(i % kSegments) / kSegments;
+    const double x = 0.9 * std::cos(3 * t + curve);
     const double y = 0.9 * std::sin(5 * t);
-    sheet.xLine(x, y, px, py, palette(i / 500 % 16), {.layer = layer});
+    sheet.xLine(x, y, px, py, palette(curve % 16), {.layer = layer});
     px = x;
     py = y;
   }

@@ -1,7 +1,6 @@
 // Reading and writing numbers without a locale.
 #include "numerics/numbers.hpp"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -67,9 +66,11 @@ std::string textOf(double number) {
 
 char* writeNumber(char* to, double number) {
   if (!sound(number)) return to;
-  if (number == 0) number = 0;  // no sign
+  if (number == 0) number = 0;  // no sign of a negative zero
   char* end = std::to_chars(to, to + kNumberLength, number, std::chars_format::general, 15).ptr;
-  std::replace(to, end, 'e', 'E');
+  for (const std::ptrdiff_t back : {4, 5}) {  // e+16 or e-100
+    if (end - to > back && end[-back] == 'e') end[-back] = 'E';
+  }
   return end;
 }
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "numerics/sink.hpp"
+
 namespace dialwright {
 
 // A file that can't be read or written. what() is a sentence for the user: it names the file, the
@@ -18,8 +20,6 @@ class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Takes a file's content piece by piece, so that a large one never stands in memory as a whole.
-using Sink = std::function<void(std::string_view)>;
 using Writer = std::function<void(const Sink&)>;
 
 // Fills a new file beside the old one with what the writer sends to its sink, and puts it in the

@@ -25,7 +25,8 @@ DisplayList::DisplayList() { layer("0"); }
 
 LayerId DisplayList::layer(std::string_view name) {
   if (name.empty()) return {};
-  const auto [found, added] = numbers_.try_emplace(std::string(name), static_cast<std::uint32_t>(names_.size()));
+  const auto [found, added] =
+      numbers_.try_emplace(std::string(name), static_cast<std::uint32_t>(names_.size()));
   if (added) names_.push_back(found->first);
   return {found->second};
 }
@@ -41,8 +42,8 @@ void DisplayList::clear() {
 }
 
 std::size_t DisplayList::bytes() const {
-  std::size_t bytes = bytesOf(order_) + bytesOf(points) + bytesOf(lines) + bytesOf(boxes) + bytesOf(circles) +
-                      bytesOf(vertices) + bytesOf(texts);
+  std::size_t bytes = bytesOf(order_) + bytesOf(points) + bytesOf(lines) + bytesOf(boxes) +
+                      bytesOf(circles) + bytesOf(vertices) + bytesOf(texts);
   for (const TextRecord& text : texts) bytes += text.text.size();
   return bytes;
 }

@@ -56,8 +56,8 @@ struct VertexRecord {
   LayerId layer;
 };
 
-// A text keeps where it was asked for (metres for a given coordinate, the cursor's target units for one left out) and,
-// beside it, where and in which colour it last came to stand.
+// A text keeps where it was asked for (metres for a given coordinate, the cursor's target units for
+// one left out) and, beside it, where and in which colour it last came to stand.
 struct TextRecord {
   double x, y;
   std::string text;
@@ -70,7 +70,8 @@ struct TextRecord {
   std::string_view recorded() const;
 };
 
-// One order list and one list a kind; the nth line of the order is the nth record of the lines. Walk it with `visit`.
+// One order list and one list a kind; the nth line of the order is the nth record of the lines.
+// Walk it with `visit`.
 class DisplayList {
  public:
   DisplayList();

@@ -7,8 +7,9 @@
 
 namespace dialwright {
 
-// A circle or an arc in target units. Angles are radians, counter-clockwise from the x axis; an end angle of 0 means the
-// whole circle, a negative angle that the arc is closed by a radius at that end.
+// A circle or an arc in target units. Angles are radians, counter-clockwise from the x axis; an end
+// angle of 0 means the whole circle, a negative angle that the arc is closed by a radius at that
+// end.
 struct TargetCircle {
   double x, y, radius;
   double aspect;
@@ -24,6 +25,8 @@ class DrawTarget {
 
   virtual void clear() = 0;
   virtual void line(double x1, double y1, double x2, double y2, Rgb colour, int width) = 0;
+  // Lines from here on are dotted, or solid again; a target may draw them all solid.
+  virtual void dotted(bool) {}
   virtual void point(double x, double y, Rgb colour) = 0;
   virtual void circle(const TargetCircle& circle) = 0;
   virtual void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) = 0;

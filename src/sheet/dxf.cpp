@@ -33,14 +33,16 @@ constexpr std::array<ColourIndex, 15> kColourIndices = {{{0x000080, 1},
                                                          {0x808080, 8},
                                                          {167777215, 7}}};
 
-// A drawing without a version is read as Windows-1252, a name as one line. Only the degree sign and
-// other Latin letters come in our layers; what has no place becomes an underscore.
+// A drawing without a version is read as Windows-1252, and a layer's name may not hold some signs.
+// What has no place becomes an underscore; of our own layers' names nothing does.
 std::string layerText(std::string_view name) {
+  constexpr std::string_view kForbidden = "<>/\\\":;?*|=`'";
   std::string text;
   while (!name.empty()) {
     const auto [code, length] = firstCharacter(name);
     const bool printable = (code >= 0x20 && code < 0x7F) || (code >= 0xA0 && code <= 0xFF);
-    text += printable ? static_cast<char>(code) : '_';
+    const char c = static_cast<char>(code);
+    text += printable && kForbidden.find(c) == std::string_view::npos ? c : '_';
     name.remove_prefix(length);
   }
   return text;

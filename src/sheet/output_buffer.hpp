@@ -2,21 +2,18 @@
 // 64 KB come out, so that a large drawing is never held twice.
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 #include "numerics/numbers.hpp"
+#include "numerics/sink.hpp"
 
 namespace dialwright {
-
-// Takes a file's bytes, chunk by chunk and in order.
-using Sink = std::function<void(std::string_view)>;
 
 class OutputBuffer {
  public:
@@ -41,8 +38,7 @@ class OutputBuffer {
       return *this;
     }
     need(text.size());
-    std::memcpy(at_, text.data(), text.size());
-    at_ += text.size();
+    at_ = std::copy(text.begin(), text.end(), at_);
     return *this;
   }
 
@@ -87,7 +83,7 @@ class OutputBuffer {
   }
 
  private:
-  static constexpr std::size_t kChunk = 64 * 1024;
+  static constexpr std::size_t kChunk = std::size_t{64} * 1024;
   static constexpr std::size_t kNumber = kNumberLength + 8;
 
   char* begin() { return bytes_.get(); }

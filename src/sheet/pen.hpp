@@ -1,4 +1,5 @@
-// The pen: a curve is a run of samples joined by short segments, and each sample comes with a verdict.
+// The pen: a curve is a run of samples joined by short segments, and each sample comes with a
+// verdict.
 #pragma once
 
 #include <cmath>
@@ -9,8 +10,8 @@
 
 namespace dialwright {
 
-// What becomes of a sample: it is joined to the previous point and then is the previous point; it only becomes the
-// previous point; it never was.
+// What becomes of a sample: it is joined to the previous point and then is the previous point; it
+// only becomes the previous point; it never was.
 enum class Verdict { Draw, Move, Drop };
 
 struct Ink {
@@ -22,9 +23,9 @@ struct Ink {
 // Which end of a segment comes first.
 enum class Stroke { ToPrevious, FromPrevious };
 
-// Joins the samples of a routine's curves. The previous point starts at the origin and runs on through all loops of the
-// routine, since the first sample of a loop is a Move. Segments that reach the gap limit are left out: that keeps jumps
-// and chords across infinity off the sheet.
+// Joins the samples of a routine's curves. The previous point starts at the origin and runs on
+// through all loops of the routine, since the first sample of a loop is a Move. Segments that reach
+// the gap limit are left out: that keeps jumps and chords across infinity off the sheet.
 class Pen {
  public:
   static constexpr double kNoLimit = std::numeric_limits<double>::infinity();
@@ -68,16 +69,19 @@ class Pen {
 // The verdict of a sample that passed its tests: the first of a loop never draws.
 inline Verdict drawIf(bool condition) { return condition ? Verdict::Draw : Verdict::Move; }
 
-// Dial coordinates to the sheet, whose y grows downwards. A line with a fault in an end is skipped.
+// Dial coordinates to the sheet, whose y grows downwards.
 inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink) {
-  if (!sound(from.x) || !sound(from.y) || !sound(to.x) || !sound(to.y)) return;
-  sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour, {.width = ink.width, .store = true, .layer = ink.layer});
+  sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour,
+              {.width = ink.width, .store = true, .layer = ink.layer});
 }
-inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) { line(sheet, from, to, Ink{colour}); }
+inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) {
+  line(sheet, from, to, Ink{colour});
+}
 inline void dot(SheetPlot& sheet, Punto at, Rgb colour, LayerId layer = {}) {
   sheet.xPset(at.x, -at.y, colour, layer);
 }
-inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour, const CircleStyle& style = {}) {
+inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
+                   const CircleStyle& style = {}) {
   sheet.xCircle(centre.x, -centre.y, radius, colour, style);
 }
 

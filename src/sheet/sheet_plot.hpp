@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,11 +9,9 @@
 #include "sheet/colour.hpp"
 #include "sheet/display_list.hpp"
 #include "sheet/draw_target.hpp"
+#include "sheet/frame.hpp"
 
 namespace dialwright {
-
-// 567 twips a centimetre.
-inline constexpr double kTwipsPerMeter = 56700;
 
 // A text line on a sheet without a window, in twips, and the type that stands in it.
 inline constexpr double kTextLine = 195;
@@ -23,14 +20,6 @@ inline constexpr double kTextSize = 160;
 // The printable page when there is no printer: A4 less the margins, in metres.
 inline constexpr double kPageW = 0.210 - 0.011;
 inline constexpr double kPageH = 0.297 - 0.017;
-
-struct Segment {
-  double x1, y1, x2, y2;
-};
-
-// Writes the meeting point of the infinite lines a and b into x and y; false, with both untouched, when they are parallel
-// or degenerate or the computation overflows.
-bool IntersezioneDueRette(const Segment& a, const Segment& b, double& x, double& y);
 
 // How a line is drawn and kept.
 struct LineStyle {
@@ -49,52 +38,64 @@ struct CircleStyle {
   LayerId layer{};
 };
 
-// The sheet's x axis grows to the right and its y axis downwards. All coordinates are metres from the drawing's origin,
-// which lies ShiftX and ShiftY from the sheet's top-left corner. The records keep what the caller gave; signs, shift,
-// scale and clipping act on the way to the target only.
+// Told of what is set on the sheet, whoever sets it: the view's fields and bars follow it.
+class SheetWatcher {
+ public:
+  virtual ~SheetWatcher() = default;
+
+  virtual void shiftSet() = 0;
+  virtual void sizeSet() = 0;
+  virtual void scaleSet() = 0;
+  virtual void cleared() = 0;
+};
+
+// The sheet's x axis grows to the right and its y axis downwards. All coordinates are metres from
+// the drawing's origin, which lies ShiftX and ShiftY from the sheet's top-left corner. The records
+// keep what the caller gave; signs, shift, scale and clipping act on the way to the target only.
 class SheetPlot {
  public:
-  static constexpr double kLargest = 15;           // metres, for each side
+  static constexpr double kLargest = 15;  // metres, for each side
   static constexpr std::size_t kUnlimited = ~std::size_t{0};
 
   SheetPlot();
 
   // --- State
-  double QuadranteH() const { return quadranteH_; }
-  double QuadranteL() const { return quadranteL_; }
+  double QuadranteH() const { return frame_.height; }
+  double QuadranteL() const { return frame_.width; }
   // Sets a side in metres; above 15 is stored as 15. The scale grows to what the sheet allows.
   void QuadranteH(double metres);
   void QuadranteL(double metres);
-  // Sets both sides as they are, without limit or scale: the printer's page.
+  // Sets both sides as they are, without limit, scale or word to the watcher: the printer's page.
   void resizeRaw(double height, double width);
 
-  double ShiftX() const { return shiftX_; }
-  double ShiftY() const { return shiftY_; }
-  void ShiftX(double metres) { shiftX_ = metres; }
-  void ShiftY(double metres) { shiftY_ = metres; }
+  double ShiftX() const { return frame_.shiftX; }
+  double ShiftY() const { return frame_.shiftY; }
+  void ShiftX(double metres);
+  void ShiftY(double metres);
 
-  // The denominator of the scale 1:n. Below ScalaMinima the call has no effect, but on the printer there is no limit.
+  // The denominator of the scale 1:n. Below ScalaMinima the call has no effect, but on the printer
+  // there is no limit.
   int Scala() const { return scala_; }
   void Scala(int n);
   int ScalaMinima() const;
-  double ScreenFactor() const { return screenFactor_; }
+  double ScreenFactor() const { return frame_.factor; }
 
-  double SignX() const { return signX_; }
-  double SignY() const { return signY_; }
-  void invertX() { signX_ = -signX_; }
-  void invertY() { signY_ = -signY_; }
+  double SignX() const { return frame_.signX; }
+  double SignY() const { return frame_.signY; }
+  void invertX() { frame_.signX = -frame_.signX; }
+  void invertY() { frame_.signY = -frame_.signY; }
 
   // False for the sheet's own axes and page frames, whose lines an inversion leaves where they are.
-  bool mirrors(LayerId layer) const { return layer != axesLayer_ && layer != pagesLayer_; }
+  bool mirrors(LayerId layer) const { return frame_.mirrors(layer); }
 
   double PageW() const { return kPageW; }
   double PageH() const { return kPageH; }
 
   // Edges of the sheet in drawing coordinates.
-  double xMin() const { return -shiftX_; }
-  double xMax() const { return quadranteL_ - shiftX_; }
-  double yMin() const { return -shiftY_; }
-  double yMax() const { return quadranteH_ - shiftY_; }
+  double xMin() const { return frame_.xMin(); }
+  double xMax() const { return frame_.xMax(); }
+  double yMin() const { return frame_.yMin(); }
+  double yMax() const { return frame_.yMax(); }
 
   std::string Marchio;
   Rgb BackColor = kBlack;
@@ -103,16 +104,19 @@ class SheetPlot {
 
   // The screen that draws along with the calls; none keeps the list alone.
   void attach(DrawTarget* screen) { screen_ = screen; }
+  void watch(SheetWatcher* watcher) { watcher_ = watcher; }
   // While a printer is given, it is the target; nullptr goes back to the screen.
-  void OutputToPRN(DrawTarget* printer) { printer_ = printer; }
+  void OutputToPRN(DrawTarget* printer);
   bool OutputToPRN() const { return printer_ != nullptr; }
 
   // --- Primitives
   void xLine(double x1, double y1, double x2, double y2, Rgb colour, const LineStyle& style = {});
-  // A point off the sheet is neither drawn nor stored; on the left and top edge it is, on the right and bottom it isn't.
+  // A point off the sheet is neither drawn nor stored; on the left and top edge it is, on the right
+  // and bottom it isn't.
   void xPset(double x, double y, Rgb colour, LayerId layer = {}, bool store = true);
   void xCircle(double x, double y, double radius, Rgb colour, const CircleStyle& style = {});
-  void xBox(double x1, double y1, double x2, double y2, Rgb colour, bool filled, LayerId layer = {}, bool store = true);
+  void xBox(double x1, double y1, double x2, double y2, Rgb colour, bool filled, LayerId layer = {},
+            bool store = true);
   void xPlineStart(LayerId layer);
   void xPLineVertex(double x, double y, Rgb colour, LayerId layer);
   void xPlineEnd(LayerId layer);
@@ -132,8 +136,12 @@ class SheetPlot {
   void Clear();
   void Refresh();
 
-  // Cuts the segment to the sheet; 0 when nothing of it is to be drawn, else the number of edge crossings that it met.
-  int ClipToSheet(Segment& segment) const;
+  // Cuts the segment to the sheet; 0 when nothing of it is to be drawn, else the number of edge
+  // crossings that it met.
+  int ClipToSheet(Segment& segment) const { return frame_.clip(segment); }
+
+  // How the sheet lies on its target at this moment.
+  const SheetFrame& frame() const { return frame_; }
 
   LayerId layer(std::string_view name) { return list_.layer(name); }
   DisplayList& list() { return list_; }
@@ -145,39 +153,26 @@ class SheetPlot {
 
  private:
   DrawTarget* target() const { return printer_ != nullptr ? printer_ : screen_; }
-  double toTargetX(double x) const { return (x + shiftX_) * screenFactor_; }
-  double toTargetY(double y) const { return (y + shiftY_) * screenFactor_; }
-  double toMetresX(double twips) const { return twips / kTwipsPerMeter * scala_ - shiftX_; }
-  double toMetresY(double twips) const { return twips / kTwipsPerMeter * scala_ - shiftY_; }
+  double toMetresX(double twips) const { return twips / kTwipsPerMeter * scala_ - frame_.shiftX; }
+  double toMetresY(double twips) const { return twips / kTwipsPerMeter * scala_ - frame_.shiftY; }
   template <class Record>
   void keep(const Record& record);
   void setScale(int n);
-  void growScale();
-  void draw(const LineRecord& line);
-  void draw(const PointRecord& point);
-  void draw(const BoxRecord& box);
-  void draw(const CircleRecord& circle);
-  void draw(const VertexRecord&) {}
-  void drawClipped(const Segment& segment, Rgb colour, int width);
-  void writeText(std::string_view text, std::optional<double> x, std::optional<double> y, bool store);
+  void setSide(double& side, double metres);
+  void setShift(double& shift, double metres);
+  void writeText(std::string_view text, std::optional<double> x, std::optional<double> y,
+                 bool store);
   void replayText(TextRecord& record);
 
   DisplayList list_;
   std::string caption_;
-  double quadranteH_ = kPageH;
-  double quadranteL_ = kPageW;
-  double shiftX_ = 0;
-  double shiftY_ = 0;
+  SheetFrame frame_;
   int scala_ = 1;
-  double screenFactor_ = kTwipsPerMeter;
-  double signX_ = 1;
-  double signY_ = 1;
   double cursorX_ = 0;
   double cursorY_ = 0;
   DrawTarget* screen_ = nullptr;
   DrawTarget* printer_ = nullptr;
-  LayerId axesLayer_;
-  LayerId pagesLayer_;
+  SheetWatcher* watcher_ = nullptr;
   std::size_t limit_ = kUnlimited;
   bool full_ = false;
 };

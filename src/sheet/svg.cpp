@@ -314,7 +314,9 @@ void SvgWriter::openGroup(std::string_view id, std::string_view label) {
 }
 
 void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
-  openGroup("layer" + std::to_string(n + 1), list_.name(items.layers[n]));
+  const LayerId id = items.layers[n];
+  openGroup("layer" + std::to_string(n + 1), list_.name(id));
+  if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
   items.visit(n, [this](const Item& item) { drawItem(item); });
   joiner_.close();
@@ -332,17 +334,14 @@ void SvgWriter::drawItem(const Item& item) {
 }
 
 void SvgWriter::draw(const PointRecord& point) {
+  if (!sheet_.frame().holds(point.x, point.y)) return;
   const double x = across(point.x * sheet_.SignX());
   const double y = down(point.y * sheet_.SignY());
   if (reaches(x, y)) joiner_.dot(spot(x, y), point.colour);
 }
 
 void SvgWriter::draw(const LineRecord& line) {
-  const bool mirrors = sheet_.mirrors(line.layer);
-  const double signX = mirrors ? sheet_.SignX() : 1;
-  const double signY = mirrors ? sheet_.SignY() : 1;
-  drawSegment({line.x1 * signX, line.y1 * signY, line.x2 * signX, line.y2 * signY}, line.colour,
-              line.width);
+  drawSegment(sheet_.frame().mirrored(line), line.colour, line.width);
 }
 
 // A vertex brings the segment to it from the one before.

@@ -1,0 +1,180 @@
+// Lays the parts of the sheet on A4 paper.
+#include "paper/page_writer.hpp"
+
+#include "paper/ink.hpp"
+#include "paper/picture.hpp"
+#include "paper/surface.hpp"
+
+namespace dialwright {
+
+namespace {
+
+// A4 in metres; the printable part lies in its middle.
+constexpr double kPaperW = 0.210;
+constexpr double kPaperH = 0.297;
+constexpr double kMarginX = (kPaperW - kPageW) / 2;
+constexpr double kMarginY = (kPaperH - kPageH) / 2;
+
+constexpr double kMillimetre = kTwipsPerMeter / 1000;
+
+// What stands in the margins, in millimetres.
+constexpr double kMarkGap = 0.5;
+constexpr double kMarkLength = 4;
+constexpr double kMarkWidth = 0.1;
+constexpr double kRuler = 100;
+constexpr double kTick = 1.5;
+constexpr double kLongTick = 2.5;
+constexpr double kRulerLift = 2.2;  // from the page's lower edge
+constexpr double kLabelSize = 2.4;
+
+void toPageCorner(cairo_t* cairo) {
+  cairo_translate(cairo, kMarginX * kTwipsPerMeter, kMarginY * kTwipsPerMeter);
+}
+
+// --- Margins. Positions are millimetres from the page's corner.
+
+class Margin {
+ public:
+  explicit Margin(cairo_t* cairo)
+      : target_(cairo, {.width = kMarkWidth * kMillimetre, .textSize = kLabelSize * kMillimetre}) {}
+
+  void cropMarks() {
+    for (const double x : {0.0, kWidth}) {
+      for (const double y : {0.0, kHeight}) {
+        const double outX = x == 0 ? -1 : 1;
+        const double outY = y == 0 ? -1 : 1;
+        line(x + outX * kMarkGap, y, x + outX * kMarkLength, y);
+        line(x, y + outY * kMarkGap, x, y + outY * kMarkLength);
+      }
+    }
+  }
+
+  // A tick for each centimetre, longer ones at the ends and in the middle.
+  void ruler() {
+    constexpr double kLeft = (kWidth - kRuler) / 2;
+    constexpr double kBase = kHeight + kRulerLift + kLongTick;
+    line(kLeft, kBase, kLeft + kRuler, kBase);
+    for (int tick = 0; tick <= 10; ++tick) {
+      const double x = kLeft + tick * kRuler / 10;
+      line(x, kBase - (tick % 5 == 0 ? kLongTick : kTick), x, kBase);
+    }
+    text(kLeft + kRuler + 2, "100 mm");
+  }
+
+  void label(const PageGrid& grid, int number) {
+    const int column = (number - 1) % grid.columns() + 1;
+    const int row = (number - 1) / grid.columns() + 1;
+    text(5, std::to_string(number) + "   (" + std::to_string(column) + " / " +
+                std::to_string(grid.columns()) + ",  " + std::to_string(row) + " / " +
+                std::to_string(grid.rows()) + ")");
+  }
+
+ private:
+  static constexpr double kWidth = kPageW * 1000;
+  static constexpr double kHeight = kPageH * 1000;
+
+  void line(double x1, double y1, double x2, double y2) {
+    target_.line(x1 * kMillimetre, y1 * kMillimetre, x2 * kMillimetre, y2 * kMillimetre, kBlack, 1);
+  }
+  void text(double x, std::string_view text) {
+    target_.text(x * kMillimetre, (kHeight + kRulerLift) * kMillimetre, text, kBlack);
+  }
+
+  CairoTarget target_;
+};
+
+// The picture with the page's rectangle as the sheet, cut at its edges.
+void drawPage(cairo_t* cairo, const SheetPlot& sheet, const SelectedPage& page,
+              const PagesOptions& options) {
+  SheetFrame frame = sheet.frame();
+  frame.factor = kTwipsPerMeter;
+  frame.width = kPageW;
+  frame.height = kPageH;
+  frame.shiftX -= page.x;
+  frame.shiftY -= page.y;
+  frame.paper = true;
+  cairo_save(cairo);
+  cairo_rectangle(cairo, 0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
+  cairo_clip(cairo);
+  {
+    CairoTarget target(cairo, {.inks = options.inks,
+                               .ground = sheet.BackColor,
+                               .width = options.lineWidth * kTwipsPerMeter,
+                               .textSize = textSizeAt(sheet, 1)});
+    drawPicture(sheet, frame, target);
+  }
+  cairo_restore(cairo);
+}
+
+// The sheet's printer on a PDF. Its pages' corner is that of the printable part.
+class PdfPrinter : public Printer {
+ public:
+  explicit PdfPrinter(cairo_t* cairo)
+      : cairo_(cairo), target_(cairo, {.width = kPaperLine * kTwipsPerMeter}) {}
+
+  void clear() override {}
+  void line(double x1, double y1, double x2, double y2, Rgb colour, int width) override {
+    target_.line(x1, y1, x2, y2, colour, width);
+  }
+  void dotted(bool on) override { target_.dotted(on); }
+  void point(double x, double y, Rgb colour) override { target_.point(x, y, colour); }
+  void circle(const TargetCircle& circle) override { target_.circle(circle); }
+  void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) override {
+    target_.box(x1, y1, x2, y2, colour, filled);
+  }
+  void text(double x, double y, std::string_view text, Rgb colour) override {
+    target_.text(x, y, text, colour);
+  }
+  void newPage() override {
+    target_.flush();
+    cairo_show_page(cairo_);
+  }
+  void endDocument() override { target_.flush(); }
+
+ private:
+  cairo_t* cairo_;
+  CairoTarget target_;
+};
+
+}  // namespace
+
+std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOptions& options) {
+  const PageGrid grid(sheet);
+  for (const int number : options.numbers) {
+    if (number >= 1 && number <= grid.pages()) continue;
+    return "There is no page " + std::to_string(number) + "; the pages of this sheet are 1 to " +
+           std::to_string(grid.pages()) + ".";
+  }
+  const std::vector<int> numbers = options.numbers.empty() ? inkedPages(sheet) : options.numbers;
+  if (numbers.empty()) return "No page of this sheet carries ink.";
+
+  CairoSink to{sink};
+  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
+  const CairoContext cairo = pdfContext(surface.get());
+  toPageCorner(cairo.get());
+  for (const int number : numbers) {
+    drawPage(cairo.get(), sheet, grid.page(number), options);
+    {
+      Margin margin(cairo.get());
+      margin.cropMarks();
+      margin.ruler();
+      margin.label(grid, number);
+    }
+    cairo_show_page(cairo.get());
+  }
+  return finish(surface.get(), to);
+}
+
+std::string writePrintout(const Sink& sink, const std::function<void(Printer&)>& job) {
+  CairoSink to{sink};
+  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
+  const CairoContext cairo = pdfContext(surface.get());
+  toPageCorner(cairo.get());
+  {
+    PdfPrinter printer(cairo.get());
+    job(printer);
+  }
+  return finish(surface.get(), to);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,215 @@
+// The SVG: true scale, joined paths, layers, and texts that no reader chokes on.
+#include "sheet/svg.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <regex>
+
+#include "sheet/paper_ink.hpp"
+#include "support/written.hpp"
+
+namespace dialwright {
+namespace {
+
+// 0.4 x 0.3 m with the origin at (0.2, 0.15).
+class SvgTest : public testing::Test {
+ protected:
+  SvgTest() {
+    sheet.QuadranteL(0.4);
+    sheet.QuadranteH(0.3);
+    sheet.ShiftX(0.2);
+    sheet.ShiftY(0.15);
+  }
+
+  std::string svg(bool dark = false) const {
+    return written([&](const Sink& sink) { writeSvg(sheet, sink, {.dark = dark}); });
+  }
+  std::vector<std::string> all(const std::string& pattern) const {
+    const std::string text = svg();
+    const std::regex expression(pattern);
+    std::vector<std::string> found;
+    for (std::sregex_iterator i(text.begin(), text.end(), expression), end; i != end; ++i) {
+      found.push_back((*i)[1]);
+    }
+    return found;
+  }
+  std::vector<std::string> paths() const { return all(" d=\"([^\"]*)\""); }
+
+  SheetPlot sheet;
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(SvgTest, TheSheetIsAtTrueScaleInMillimetres) {
+  EXPECT_EQ(countOf(svg(), "width=\"400mm\" height=\"300mm\" viewBox=\"0 0 400 300\""), 1u);
+  sheet.xLine(0, 0, 0.1, -0.0500004, kWhite);
+  EXPECT_EQ(paths(), Texts{"M200 150L300 100"});
+  sheet.Scala(10);
+  EXPECT_EQ(paths(), Texts{"M200 150L300 100"}) << "the screen's scale doesn't matter";
+}
+
+TEST_F(SvgTest, AnInvertedAxisShowsAsOnTheSheet) {
+  sheet.xLine(0, 0, 0.1, -0.05, kWhite);
+  sheet.xLine(0, 0, 0.1, -0.05, kWhite, {.layer = sheet.layer("AssiXY")});
+  sheet.Dati("stays", 0.1, 0);
+  sheet.invertX();
+  EXPECT_EQ(paths(), (Texts{"M200 150L100 100", "M200 150L300 100"}));
+  EXPECT_EQ(all("<text x=\"([^\"]*)\""), Texts{"300"});
+}
+
+TEST_F(SvgTest, AStrokeThatSharesAnEndGoesOnWithThePath) {
+  const double at[] = {0, 0.01, 0.03, 0.06, 0.1};
+  for (int i = 1; i < 5; ++i) sheet.xLine(at[i], 0, at[i - 1], 0, kWhite);  // as a pen draws
+  EXPECT_EQ(paths(), Texts{"M200 150L210 150L230 150L260 150L300 150"});
+  sheet.Clear();
+  for (int i = 1; i < 5; ++i) sheet.xLine(at[i - 1], 0, at[i], 0, kWhite);
+  EXPECT_EQ(paths(), Texts{"M200 150L210 150L230 150L260 150L300 150"});
+  sheet.Clear();
+  sheet.xLine(0.01, 0, 0, 0, kWhite);
+  sheet.xLine(0, 0, 0, 0.1, kWhite);
+  sheet.xLine(0, 0.1, 0, 0.1, kWhite);  // no length
+  sheet.xLine(0, 0.1, 0.01, 0.1, kWhite);
+  EXPECT_EQ(paths(), Texts{"M210 150L200 150L200 250L210 250"});
+  sheet.Clear();
+  sheet.xLine(0, 0, 0.01, 0, kWhite);
+  sheet.xLine(0, 0, 0, 0.01, kWhite);  // from where the first began
+  EXPECT_EQ(paths(), Texts{"M210 150L200 150L200 160"});
+}
+
+TEST_F(SvgTest, AnotherColourWidthLayerOrPlaceBeginsAPath) {
+  sheet.xLine(0, 0, 0.01, 0, kWhite);
+  sheet.xLine(0.01, 0, 0.02, 0, palette(12));
+  sheet.xLine(0.02, 0, 0.03, 0, palette(12), {.width = 4});
+  sheet.xLine(0.03, 0, 0.04, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
+  sheet.xLine(0.05, 0, 0.06, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
+  EXPECT_EQ(paths().size(), 5u);
+  EXPECT_EQ(countOf(svg(), "stroke-width=\"0.25\""), 1u) << "of all";
+  EXPECT_EQ(countOf(svg(), "stroke-width=\"1\""), 3u);
+}
+
+TEST_F(SvgTest, PointsOfACurveAreOnePathOfRoundDots) {
+  for (const double x : {0.0, 0.01, 0.02}) sheet.xPset(x, 0, palette(12));
+  sheet.xPset(0.03, 0, palette(9));
+  EXPECT_EQ(paths(), (Texts{"M200 150h0M210 150h0M220 150h0", "M230 150h0"}));
+  EXPECT_EQ(countOf(svg(), "stroke-linecap=\"round\""), 1u);
+}
+
+TEST_F(SvgTest, LayersAreGroupsInTheOrderOfTheirFirstInk) {
+  const LayerId ore = sheet.layer("ore");
+  const LayerId eq = sheet.layer("eq");
+  sheet.xLine(0, 0, 0, 0, kWhite, {.layer = sheet.layer("empty")});
+  sheet.xLine(0, 0, 0.1, 0, kWhite, {.layer = eq});
+  sheet.xCircle(0, 0, 0.1, kWhite, {.layer = ore});
+  sheet.xLine(0.1, 0, 0.2, 0, kWhite, {.layer = eq});
+  sheet.xPset(0, 0, kWhite);
+  sheet.Dati("words", 0, 0);
+  EXPECT_EQ(all("inkscape:groupmode=\"layer\" id=\"([^\"]*)\""),
+            (Texts{"layer1", "layer2", "layer3", "texts"}));
+  EXPECT_EQ(all("inkscape:label=\"([^\"]*)\""), (Texts{"eq", "ore", "0", "texts"}));
+  EXPECT_EQ(paths(), (Texts{"M200 150L300 150L400 150", "M200 150h0"}));
+}
+
+TEST_F(SvgTest, ArcsRunCounterClockwiseAndSlicesCloseAtTheCentre) {
+  const double quarter = std::acos(0);
+  sheet.xCircle(0, 0, 0.1, kWhite, {.endAngle = quarter});
+  sheet.xCircle(0, 0, 0.1, kWhite, {.startAngle = quarter, .endAngle = 4 * quarter});
+  sheet.xCircle(0, 0, 0.1, kWhite, {.fill = 255, .startAngle = -quarter, .endAngle = -2 * quarter});
+  sheet.xCircle(0, 0, 0.1, kWhite, {.startAngle = -quarter, .endAngle = 2 * quarter});
+  EXPECT_EQ(paths(), (Texts{"M300 150A100 100 0 0 0 270.711 79.289A100 100 0 0 0 200 50",
+                            "M200 50A100 100 0 0 0 129.289 220.711A100 100 0 0 0 300 150",
+                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150z",
+                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150"}));
+  EXPECT_EQ(countOf(svg(), " fill=\"#"), 1u) << "only a closed slice is filled";
+}
+
+TEST_F(SvgTest, CirclesEllipsesBoxesAndPolylines) {
+  sheet.xCircle(0, 0, 0.05, palette(12), {.fill = palette(9), .startAngle = 1});
+  sheet.xCircle(0, 0, 0.05, palette(12), {.aspect = 0.5});
+  sheet.xCircle(0, 0, 0.05, palette(12), {.aspect = 2});
+  sheet.xBox(0.1, 0.05, -0.1, -0.05, palette(12), true);
+  sheet.xPlineStart({});
+  sheet.xPLineVertex(0, 0, palette(12), {});
+  sheet.xPLineVertex(0.1, 0, palette(12), {});
+  sheet.xPLineVertex(0.1, 0.1, palette(12), {});
+  sheet.xPlineEnd({});
+  const std::string text = svg();
+  EXPECT_EQ(countOf(text, "fill=\"#0000ff\" cx=\"200\" cy=\"150\" r=\"50\"/>"), 1u);
+  EXPECT_EQ(countOf(text, "rx=\"50\" ry=\"25\"/>"), 1u);
+  EXPECT_EQ(countOf(text, "rx=\"25\" ry=\"50\"/>"), 1u);
+  EXPECT_EQ(countOf(text, "fill=\"#ff0000\" x=\"100\" y=\"100\" width=\"200\" height=\"100\"/>"),
+            1u);
+  EXPECT_EQ(paths(), Texts{"M200 150L300 150L300 250"});
+}
+
+TEST_F(SvgTest, WhatIsNoNumberStaysOutAndWhatIsFarIsCut) {
+  const double huge = std::numeric_limits<double>::max();
+  const double inf = std::numeric_limits<double>::infinity();
+  sheet.xLine(0, 0, std::nan(""), 0, kWhite);
+  sheet.xLine(0, 0, inf, 0, kWhite);
+  sheet.xLine(huge, huge, -huge, huge, kWhite);
+  sheet.xCircle(huge, 0, 1, kWhite);
+  sheet.xCircle(0, 0, -1, kWhite);
+  sheet.xCircle(0, 0, 1, kWhite, {.endAngle = std::nan("")});
+  sheet.xBox(0, 0, inf, 1, kWhite, true);
+  sheet.Dati("lost", inf, 0);
+  sheet.xLine(0, 0, 1e9, 0, kWhite);
+  EXPECT_EQ(paths(), Texts{"M200 150L400 150"});
+  EXPECT_EQ(countOf(svg(), "<circle"), 0u);
+  EXPECT_EQ(countOf(svg(), "<rect"), 0u);
+}
+
+TEST_F(SvgTest, InksAreForWhitePaperUnlessTheDarkSheetIsAskedFor) {
+  sheet.xLine(0, 0, 0.1, 0, kWhite);
+  sheet.xLine(0, 0, 0.1, 0, palette(14));
+  sheet.xCircle(0, 0, 0.1, palette(12), {.fill = kBlack});
+  const std::string paper = svg();
+  EXPECT_EQ(countOf(paper, "#ffffff"), 1u) << "a fill of the ground's colour";
+  EXPECT_EQ(countOf(paper, "#000000"), 1u);
+  EXPECT_EQ(countOf(paper, "#ffff00"), 0u);
+  const std::string dark = svg(true);
+  EXPECT_EQ(countOf(dark, "stroke=\"#ffffff\""), 1u);
+  EXPECT_EQ(countOf(dark, "stroke=\"#ffff00\""), 1u);
+  EXPECT_EQ(countOf(dark, "<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"), 1u);
+}
+
+TEST_F(SvgTest, TextsStandBelowTheirUpperLeftCornerInTheSheetsScale) {
+  sheet.Dati("one", -0.2, -0.15);
+  sheet.Dati("two");
+  sheet.Dati("   ");
+  EXPECT_EQ(all("<text x=\"0\" y=\"([^\"]*)\""), (Texts{"2.619", "6.058"}));
+  EXPECT_EQ(all("font-size=\"([^\"]*)\""), Texts{"2.822"});
+  sheet.Scala(10);
+  EXPECT_EQ(all("font-size=\"([^\"]*)\""), Texts{"28.219"});
+}
+
+TEST_F(SvgTest, HostileNamesAndTextsAreEscaped) {
+  sheet.xLine(0, 0, 0.1, 0, kWhite, {.layer = sheet.layer("\"><x a='1'&\n\x01")});
+  sheet.Dati(std::string("a\0b\x1b<b>&\"\xff\tü", 13), 0, 0);
+  sheet.Messaggio("<title>");
+  EXPECT_EQ(all("inkscape:label=\"([^\"]*)\"").at(0), "&quot;&gt;&lt;x a='1'&amp; ");
+  EXPECT_EQ(all(">([^<]*)</text>"), Texts{"ab&lt;b&gt;&amp;&quot;\xEF\xBF\xBD ü"});
+  EXPECT_EQ(all("<title>([^<]*)</title>"), Texts{"&lt;title&gt;"});
+}
+
+TEST(PaperInkTest, NoInkIsLighterThanRedAndTheDarkOnesStay) {
+  const auto light = [](Rgb colour) {  // relative luminance
+    const auto linear = [](int channel) { return std::pow(channel / 255.0, 2.2); };
+    return 0.2126 * linear(redOf(colour)) + 0.7152 * linear(greenOf(colour)) +
+           0.0722 * linear(blueOf(colour));
+  };
+  EXPECT_EQ(inkOnPaper(kWhite), kBlack);
+  for (int number = 0; number < 16; ++number) {
+    const Rgb ink = inkOnPaper(palette(number));
+    EXPECT_LT(light(ink), 0.22) << number;
+    const bool dark = light(palette(number)) < 0.21;
+    EXPECT_EQ(ink == palette(number), dark || number == 12) << number;
+  }
+  const Rgb yellow = inkOnPaper(palette(14));
+  EXPECT_EQ(redOf(yellow), greenOf(yellow)) << "the hue stays";
+  EXPECT_EQ(blueOf(yellow), 0);
+}
+
+}  // namespace
+}  // namespace dialwright
