@@ -2,6 +2,7 @@
 // figure to 0.01 mm.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -75,14 +76,14 @@ Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
   return figures;
 }
 
-// From the line through a row's first spot and the one farthest from it.
-double distanceToLine(const std::vector<Spot>& row, Spot p) {
+// The line through a row's first spot and the one farthest from it, as a conic: its last three
+// coefficients.
+std::array<double, 6> lineThrough(const std::vector<Spot>& row) {
   const Spot a = row.front();
-  Spot b = a;
-  for (const Spot& s : row) {
-    if (sky::distance(a, s) > sky::distance(a, b)) b = s;
-  }
-  return std::abs((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / sky::distance(a, b);
+  const Spot b = *std::max_element(row.begin(), row.end(), [a](Spot s, Spot t) {
+    return sky::distance(a, s) < sky::distance(a, t);
+  });
+  return {0, 0, 0, a.y - b.y, b.x - a.x, a.x * b.y - b.x * a.y};
 }
 
 // The conic through five spots of a curve, as its six coefficients.
@@ -112,7 +113,7 @@ std::array<double, 6> conicThrough(const std::vector<Spot>& curve) {
   return conic;
 }
 
-double distanceToConic(const std::array<double, 6>& k, Spot p) {
+double distanceTo(const std::array<double, 6>& k, Spot p) {
   const std::array<double, 6> m = monomials(p);
   double value = 0;
   for (std::size_t i = 0; i < 6; ++i) value += k[i] * m[i];
@@ -132,11 +133,11 @@ void expectAgreement(const Method& a, const Method& b, const FlatSite& site, Fam
       continue;
     ++shared;
     const std::vector<Spot>& row = other->second;
-    const bool curve = family == Family::Curves;
-    const std::array<double, 6> conic = curve ? conicThrough(row) : std::array<double, 6>{};
+    const std::array<double, 6> shape =
+        family == Family::Curves ? conicThrough(row) : lineThrough(row);
     for (const Spot& s : spots) {
       if (std::hypot(s.x, s.y) > 1) continue;
-      ASSERT_LT(curve ? distanceToConic(conic, s) : distanceToLine(row, s), kAgreement) << key;
+      ASSERT_LT(distanceTo(shape, s), kAgreement) << key;
     }
   }
   EXPECT_GE(shared, least);
