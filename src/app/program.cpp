@@ -20,6 +20,9 @@ constexpr double kWindowShift = 3.3333333;
 
 Program::Program(ProgramConfig config)
     : config_(std::move(config)), store_(storeIn(config_.workingFolder)) {
+  view_.ports.message = [this](std::string_view text) {
+    if (ports.message) ports.message(text);
+  };
   cartellaDXF_ = config_.workingFolder / "DialwrightDXF";
   std::error_code ignored;
   std::filesystem::create_directories(cartellaDXF_, ignored);
@@ -66,13 +69,21 @@ std::vector<std::string_view> Program::buttons() const {
   for (const FieldRow& row : fieldTable()) {
     if (row.kind == FieldKind::Button || row.group == OptionGroup::Point) names.push_back(row.name);
   }
+  for (const SheetCommandRow& row : kSheetCommands) {
+    if (!findField(row.name)) names.push_back(row.name);
+  }
   return names;
 }
 
+// The panel's cmdSave goes before the sheet's.
 Press Program::press(std::string_view button) {
   const auto field = findField(button);
-  if (!field || !(rowOf(*field).kind == FieldKind::Button || field == Field::Option_P))
-    return Press::Unknown;
+  if (!field || !(rowOf(*field).kind == FieldKind::Button || field == Field::Option_P)) {
+    const auto command = findSheetCommand(button);
+    if (!command) return Press::Unknown;
+    view_.press(*command);
+    return Press::Done;
+  }
   if (!panel_[*field].enabled || !panel_[*field].visible) return Press::Disabled;
   pressEnabled(*field);
   return Press::Done;

@@ -12,6 +12,7 @@
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
+#include "sheet/view.hpp"
 #include "shell/clicks.hpp"
 #include "shell/places.hpp"
 #include "shell/run.hpp"
@@ -53,6 +54,8 @@ class Program {
   DialParams& params() { return params_; }
   SheetPlot& sheet() { return sheet_; }
   const SheetPlot& sheet() const { return sheet_; }
+  // What stands around the sheet; it follows the sheet by itself.
+  SheetView& view() { return view_; }
   const ProgramConfig& config() const { return config_; }
   const std::filesystem::path& CartellaDXF() const { return cartellaDXF_; }
 
@@ -112,6 +115,7 @@ class Program {
   Panel panel_;
   DialParams params_;
   SheetPlot sheet_;
+  SheetView view_{sheet_};
 };
 
 }  // namespace dialwright

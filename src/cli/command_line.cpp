@@ -48,7 +48,7 @@ void addOutputs(CLI::App& command, Request& request) {
   command
       .add_option(
           "-o,--output", request.outputs,
-          "write a file, format by its ending (.dxf .svg .csv .txt); - with --format writes to standard output")
+          "write a file, format by its ending (.dxf .svg .pdf .png .bmp .csv .txt .sun); - with --format writes to standard output")
       ->type_name("FILE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -86,6 +86,19 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   open.add_option("FILE", request.item, "a project, .sun")->required();
   open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
   addOutputs(open, request);
+
+  CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
+  pages.add_option("ITEM", request.item, "menu item or program number")->required();
+  pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  pages.add_option("-o,--output", request.outputs, "the PDF")->type_name("FILE")->required();
+  CLI::Option& chosen =
+      *pages.add_option("--page", request.pages, "a page by its number, in the order wanted")
+           ->type_name("N")
+           ->expected(1)
+           ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  pages.add_flag("--all", request.allPages, "all pages that carry ink; so without --page")
+      ->excludes(&chosen);
+  pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
 
   CLI::App& save = add("save", "write a project", commandSave);
   save.add_option("ITEM", request.item, "menu item or program number")->required();

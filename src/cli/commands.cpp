@@ -10,6 +10,8 @@
 #include "cli/outputs.hpp"
 #include "cli/session.hpp"
 #include "cli/words.hpp"
+#include "paper/page_writer.hpp"
+#include "persist/safe_file.hpp"
 
 namespace dialwright {
 
@@ -60,6 +62,21 @@ void commandOpen(const Request& request) {
   applySheetOptions(program->sheet(), request);
   assignAll(*program, request.words);
   finish(*program, outputs, request);
+}
+
+void commandPages(const Request& request) {
+  const Item dial = dialOf(request.item);
+  const auto program = startProgram(request);
+  program->click(dial);
+  assignAll(*program, request.words);
+  runDial(*program, request);
+  PagesOptions options;
+  options.numbers = request.pages;
+  if (request.colour) options.inks = Inks::Paper;
+  replaceFile(request.outputs.front(), [&](const Sink& sink) {
+    const std::string problem = writePages(program->sheet(), sink, options);
+    if (!problem.empty()) throw CommandFailure(problem);
+  });
 }
 
 void commandSave(const Request& request) {

@@ -25,6 +25,9 @@ struct Request {
   std::vector<std::string> outputs;
   std::string format;
   std::string viewer;
+  std::vector<int> pages;  // none for all that carry ink
+  bool allPages = false;
+  bool colour = false;
   bool dark = false;
   bool json = false;
 };

@@ -186,6 +186,14 @@ void SheetPlot::Clear() {
   if (watcher_ != nullptr) watcher_->cleared();
 }
 
+void SheetPlot::renew() {
+  Clear();
+  BackColor = kBlack;
+  ForeColor = kWhite;
+  PrintMultiColor = false;
+  setScale(ScalaMinima());
+}
+
 void SheetPlot::Refresh() {
   const bool printing = OutputToPRN();
   if (!printing) {

@@ -60,6 +60,12 @@ class DialCase {
     return selected(sheet.list().points, [&](const PointRecord& r) { return r.colour == colour; });
   }
   std::size_t entities() const { return sheet.list().size(); }
+  // All texts in their order, with a bar after each.
+  std::string told() const {
+    std::string all;
+    for (const TextRecord& text : sheet.list().texts) all += text.text + "|";
+    return all;
+  }
 
   Panel panel;
   DialParams params;

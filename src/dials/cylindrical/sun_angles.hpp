@@ -1,0 +1,43 @@
+// The sun of a sample by spherical trigonometry: azimuth and altitude, with the sines of what a
+// loop holds fixed taken once.
+#pragma once
+
+#include <cmath>
+
+#include "numerics/fault.hpp"
+
+namespace dialwright {
+
+// An angle (radians) with its sine and cosine: a latitude or an hour angle, which is positive after
+// noon.
+struct Trig {
+  double value, sine, cosine;
+
+  explicit Trig(double radians)
+      : value(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
+};
+
+// The sun's declination, radians.
+struct SunDeclination : Trig {
+  double tangent;
+
+  explicit SunDeclination(double radians) : Trig(radians), tangent(std::tan(radians)) {}
+};
+
+// The sun's azimuth from the South, positive to the West, but for a half turn; a fault in the East
+// and the West, where its tangent has no value.
+inline double azimuthByTangent(const Trig& latitude, const Trig& hour, const SunDeclination& sun) {
+  return arctan(over(hour.sine, hour.cosine * latitude.sine - sun.tangent * latitude.cosine));
+}
+
+// True when the azimuth by its tangent lies on the other side of the meridian than the sun does.
+inline bool onOtherSide(const Trig& hour, double azimuth) {
+  return Sgn(hour.sine) != Sgn(std::sin(azimuth));
+}
+
+// The sine of the sun's altitude.
+inline double sineOfAltitude(const Trig& latitude, const Trig& hour, const Trig& sun) {
+  return latitude.sine * sun.sine + latitude.cosine * sun.cosine * hour.cosine;
+}
+
+}  // namespace dialwright
