@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/bifilar/ball.hpp"
+#include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/frinter.hpp"
@@ -21,6 +24,9 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
     DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBall, QuadranteBall},
+    DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},

@@ -78,8 +78,9 @@ void SheetPlot::setScale(int n) {
   if (watcher_ != nullptr) watcher_->scaleSet();
 }
 
+// On the road of every entity, so it is never worth a call.
 template <class Record>
-void SheetPlot::keep(const Record& record) {
+[[gnu::always_inline]] inline void SheetPlot::keep(const Record& record) {
   if (list_.size() >= limit_) {
     full_ = true;
     return;
