@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -24,6 +25,7 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
     DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
