@@ -11,6 +11,7 @@
 #include "dials/flat/inclinati.hpp"
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
+#include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
 #include "support/flat_wall.hpp"
 
@@ -32,6 +33,7 @@ const Method kSpaceY{"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY};
 const Method kFormer{"3", Item::M_Proiettivo, DisegnaProiettivo};
 const Method kLatter{"4", Item::M_nProiettivo, DisegnaNuovoProiettivo};
 const Method kPlane{"5", Item::M_Frinter, DisegnaFrinter};
+const Method kUniversal{"7", Item::mnuUni, DisegnaUniversale};
 
 enum class Family { Hours, Curves, Equinoctial };
 
@@ -41,6 +43,10 @@ using Figures = std::map<int, std::vector<Spot>>;
 
 Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
   FlatWall wall(method.item, method.driver, site);
+  wall.set(Field::x1txt, "-1")
+      .set(Field::x2txt, "1")
+      .set(Field::y1txt, "1")
+      .set(Field::y2txt, "-1");
   if (method.variable != Field::None) wall.check(method.variable);
   wall.set(Field::txt_Definition, "1").set(Field::TxtInizio, "7").set(Field::TxtFine, "17");
   wall.check(family == Family::Hours    ? Field::chkOreAstronomiche
@@ -67,8 +73,12 @@ Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
     figures[key].push_back({x, -y});
   };
   for (const PointRecord& p : wall.sheet.list().points) add(p.x, p.y, p.colour);
-  if (family == Family::Curves) return figures;  // in these colours lines are the style's
   for (const LineRecord& l : wall.sheet.list().lines) {
+    if (family == Family::Curves) {
+      // A curve's short segments by an end; longer lines in these colours are the style's.
+      if (std::hypot(l.x2 - l.x1, l.y2 - l.y1) < 0.01) add(l.x1, l.y1, l.colour);
+      continue;
+    }
     for (const double part : {0.2, 0.7}) {
       add(l.x1 + part * (l.x2 - l.x1), l.y1 + part * (l.y2 - l.y1), l.colour);
     }
@@ -156,6 +166,7 @@ TEST(Agreement, VerticalWalls) {
     expectAll(kLatter, kPlane, site, 14);
     expectAll(kSpaceX, kPlane, site, 10);
     expectAll(kLight, kLatter, site, 14);
+    expectAll(kUniversal, kPlane, site, 14);
   }
 }
 
@@ -166,6 +177,8 @@ TEST(Agreement, InclinedPlanes) {
     expectAll(kFormer, kSpaceX, site, 10);
     expectAll(kLatter, kSpaceY, site, 10);
     expectAll(kLatter, kFormer, site, 10);
+    expectAll(kUniversal, kLatter, site, 8);
+    expectAll(kUniversal, kSpaceX, site, 8);
   }
 }
 
