@@ -25,12 +25,12 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
     DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
