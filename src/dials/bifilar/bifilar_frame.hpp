@@ -164,6 +164,13 @@ void numerals(Run& run, Place&& place);
 
 // --- What the drivers share
 
+// Refuses a southern latitude, and tells whether it did.
+bool refusesSouth(Run& run);
+
+// The head of a run: the frame box, the busy pointer, the caption, the site as `read` takes it, and
+// an empty text.
+void openRun(Run& run, std::string_view caption, void (*read)(Run&));
+
 // Latitude, longitude and its corrections and the style from the panel into the record.
 void readSite(Run& run);
 
