@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cmath>
-#include <optional>
 #include <string_view>
 
 #include "dials/pen.hpp"
@@ -13,10 +12,9 @@
 
 namespace dialwright::bifilar {
 
-inline constexpr double kChordLimit = 0.02;       // longest chord of a curve, metres
-inline constexpr double kDeclinationStep = 0.05;  // degrees, along an hour line
-inline constexpr double kStraightLineStep =
-    0.0006;  // metres, along a line that is drawn by its equation
+inline constexpr double kChordLimit = 0.02;          // longest chord of a curve, metres
+inline constexpr double kDeclinationStep = 0.05;     // degrees, along an hour line
+inline constexpr double kStraightLineStep = 0.0006;  // metres, along a line of an equation
 inline constexpr Rgb kItalicPink = rgb(255, 128, 128);
 
 // An angle in radians with its sine and cosine, so that a loop takes them once for what it holds
