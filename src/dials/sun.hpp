@@ -10,7 +10,7 @@
 namespace dialwright {
 
 // The hour colours: noon red, six in the evening blue, the others pale.
-inline constexpr int hourInk(double degrees, int ordinary = 7) {
+constexpr int hourInk(double degrees, int ordinary = 7) {
   return degrees == 0 ? 12 : degrees == 90 ? 9 : ordinary;
 }
 
