@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -17,11 +18,12 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
