@@ -10,6 +10,10 @@
 #include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -18,12 +22,16 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
