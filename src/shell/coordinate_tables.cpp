@@ -238,7 +238,8 @@ void Tables::dayHours(const DayHours& system, const Corner& corner, const ConicS
   double slope = 0;
   for (const double H : r_.run.sweep(-90, last, step_, {.step = Field::TxtHour})) {
     const double angle = p_.radians(H) - p_.OrarioSustilare;
-    const double g = std::abs(angle) > p_.PiGreco / 2 ? -1 : 1;
+    // Past a quarter turn the tangents change sides; at the quarter itself where the tangent does.
+    const double g = std::cos(angle) < 0 ? -1 : 1;
     const double u = reach * std::tan(angle);
     assign(slope, tangentSlope(conic, u, system.side * g));
     const Punto from = turn(u, 0), to = turn(u + 1, slope);

@@ -352,7 +352,8 @@ TEST_P(Tables, SolsticesMeetTheHorizon) {
 
 INSTANTIATE_TEST_SUITE_P(Walls, Tables,
                          testing::Values(Wall{45.7438, -14.57, 0}, Wall{45.7438, 35, 0},
-                                         Wall{38, 72, 0}, Wall{60, 140, 0}));
+                                         Wall{38, 72, 0}, Wall{60, 140, 0}, Wall{45, 0, 0},
+                                         Wall{52, 0, 0}));
 
 // --- Order, special cases and bad input
 
@@ -440,6 +441,21 @@ TEST(Report, SouthFacingAndSideWalls) {
   EXPECT_EQ(west.after("Center coordinates  : "), "inf    inf");
   EXPECT_EQ(west.number("Style elevation  "), 0);
   EXPECT_NEAR(west.number("Substyle hour = "), 18, 2e-5);
+}
+
+// The circle constant is a little more than pi: at a pole and on the equator, where a right angle
+// stands in the formulas, the seasons change places. The hour of the substyle has no form for an
+// upright wall on the equator: it keeps the older one, carried half a turn to its side.
+TEST(Report, RightAnglesAtThePoleAndTheEquator) {
+  const ReportText pole = Written(Item::M_Light, {90, 10, 0}).report();
+  EXPECT_EQ(pole.count("Style: hypotenuse = inf"), 1);
+  const auto first = std::find(pole.lines.begin(), pole.lines.end(), "Sun's declination = 23.445°");
+  ASSERT_NE(first, pole.lines.end());
+  EXPECT_EQ(*(first + 1), "Sun off dial all the day ");
+  const ReportText equator = Written(Item::mnuUni, {0, 20, 0}).report();
+  EXPECT_EQ(equator.number("Substyle distance  : "), 90);
+  EXPECT_EQ(equator.number("Substyle hour = "), 24) << "18, were it true";
+  EXPECT_EQ(equator.after("critical reclination of the dial = "), "90°");
 }
 
 TEST(Report, LevelPlane) {
