@@ -18,6 +18,7 @@ namespace {
 constexpr double kObliquity = 23.439033;  // degrees
 constexpr double kLastHourAngle = 120;    // degrees before and after noon
 constexpr double kHour = 15;              // degrees
+constexpr double kMostDivisions = 1000;   // of an hour: 100,000 lines of text
 constexpr double kLetterReach = 10.0 / 9;
 constexpr double kBeyond = 1e5;  // metres from which on a crossing counts as infinitely far
 constexpr std::string_view kNoFigure = "-";
@@ -267,6 +268,12 @@ void Tables::solsticesOnHorizon() const {
 
 void TabelleCoordinate(const Report& report) {
   if (!(report.p.LatRad * report.p.SegnoEmisfero > 0)) return;
+  if (!(report.run.number(Field::TxtHour) <= kMostDivisions)) {
+    report.run.message(
+        report.run.T("Tables are left out: more than 1000 parts of an hour, see the field ") +
+        std::string(rowOf(Field::TxtHour).name));
+    return;
+  }
   report.p.PiGreco = Angles{}.PiGreco;
   Tables(report).all();
 }

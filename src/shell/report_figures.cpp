@@ -63,14 +63,13 @@ void setSubstyleHour(DialParams& p, const ReportFigures& f) {
   if (Sgn(std::sin(p.OrarioSustilare)) != Sgn(sinD)) p.OrarioSustilare += Sgn(sinD) * p.PiGreco;
 }
 
-void setVerticalHours(const DialParams& p, ReportFigures& f) {
+void setVerticalHour(const DialParams& p, ReportFigures& f) {
   if (p.ReclinRad == 0) return;
   const double D = p.DeclRad * p.SegnoEmisfero;
   const double R = p.ReclinRad * p.SegnoEmisfero;
   const double latitude = p.LatRad * p.SegnoEmisfero;
   const double part = std::cos(D) * std::sin(latitude) - over(std::cos(latitude), std::tan(R));
   assign(f.verticalHour, clockHour(p, arctan(over(std::sin(D), part))));
-  assign(f.otherVerticalHour, clockHour(p, -arctan(over(std::sin(D), -part))));
 }
 
 }  // namespace
@@ -81,7 +80,7 @@ ReportFigures prepareReport(Run& run) {
   readPlane(run, f);
   setStyle(run, f);
   setSubstyleHour(p, f);
-  setVerticalHours(p, f);
+  setVerticalHour(p, f);
   if (!f.hasCentre()) return f;
   const double slope = arctan(std::tan(p.DeclRad) * std::sin(p.ReclinRad));
   assign(f.slopeToNoon, truncated(p.degrees(slope) * p.SegnoEmisfero, 4));

@@ -17,8 +17,7 @@ struct ReportFigures {
   double elevationSine = 0;        // exactly 0 for a style without a centre
   Punto centre;                    // of the dial, from the foot of the style
   double verticalHour = 12;        // of the line of greatest slope
-  double otherVerticalHour = 12;
-  double slopeToNoon = 0;  // degrees between the lines of greatest slope and of noon
+  double slopeToNoon = 0;          // degrees between the lines of greatest slope and of noon
 
   bool hasCentre() const { return elevationSine != 0; }
 };

@@ -519,6 +519,14 @@ TEST(Report, LimitPlanesOfCylinders) {
   EXPECT_EQ(other.after("A_m : "), "");
 }
 
+TEST(Report, TablesOfNoEndAreLeftOut) {
+  Written dial(Item::M_Light, {45.7438, -14.57, 0});
+  const ReportText text = dial.ticked(Field::ckFunction).with(Field::TxtHour, "1001").report();
+  EXPECT_EQ(text.count("  delta"), 0);
+  ASSERT_EQ(dial.messages.size(), 1U);
+  EXPECT_TRUE(dial.messages[0].ends_with("see the field TxtHour"));
+}
+
 TEST(Report, AnyInputEndsInSoundTexts) {
   const std::array<std::string_view, 8> kBad = {"0",       "-90",     "90",    "1e308",
                                                 "-1e-308", "letters", "1e999", "12345678"};
