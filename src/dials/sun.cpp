@@ -5,7 +5,9 @@
 
 namespace dialwright {
 
-double cosineOfSemiArc(double latitude, double declination) { return -std::tan(latitude) * std::tan(declination); }
+double cosineOfSemiArc(double latitude, double declination) {
+  return -std::tan(latitude) * std::tan(declination);
+}
 
 double semiDiurnalArc(const Angles& angles, double cosine) {
   return std::abs(cosine) < 1 ? angles.ArcCos(cosine) : kFault;
@@ -15,8 +17,21 @@ double semiDiurnalArcOrHalfTurn(const Angles& angles, double cosine) {
   return std::abs(cosine) >= 1 ? angles.PiGreco : angles.ArcCos(cosine);
 }
 
+std::span<const SolarDay> SolarDays::of(const Sweep& declinations) {
+  if (declinations.samples() == 0) return {};
+  if (days_.empty()) {
+    for (const double degrees : declinations) {
+      const double d = angles_.radians(degrees);
+      days_.push_back({degrees, std::sin(d), std::cos(d), std::tan(d),
+                       semiDiurnalArc(angles_, cosineOfSemiArc(latitude_, d))});
+    }
+  }
+  return days_;
+}
+
 SunOfDay sunAtMeanLongitude(const Angles& angles, double longitude, double obliquity) {
-  constexpr double c1 = 0.006954, c2 = 0.032732, c3 = -0.00032, c4 = 0.000143, c5 = -0.000003, c6 = -0.000004;
+  constexpr double c1 = 0.006954, c2 = 0.032732, c3 = -0.00032, c4 = 0.000143, c5 = -0.000003,
+                   c6 = -0.000004;
   constexpr double r1 = 0.04306, r2 = -0.00093, r3 = 0.00003;
   const double L = longitude;
   const double sin1 = std::sin(L), cos1 = std::cos(L);
@@ -26,7 +41,8 @@ SunOfDay sunAtMeanLongitude(const Angles& angles, double longitude, double obliq
   const double s2 = std::sin(2 * L + 2 * c1 * sin1 + 2 * c2 * cos1 + 2 * c3 * sin2 + 2 * c4 * cos2);
   const double s4 = std::sin(4 * L + 4 * c1 * sin1 + 4 * c2 * cos1);
   const double s6 = std::sin(6 * L);
-  return {angles.ArcSin(std::sin(L + centre) * std::sin(obliquity)), r1 * s2 + r2 * s4 + r3 * s6 - centre};
+  return {angles.ArcSin(std::sin(L + centre) * std::sin(obliquity)),
+          r1 * s2 + r2 * s4 + r3 * s6 - centre};
 }
 
 }  // namespace dialwright

@@ -1,4 +1,5 @@
-// Angle helpers: the inverse functions and conversions that every dial shares, on the circle constant of the moment.
+// Angle helpers: the inverse functions and conversions that every dial shares, on the circle
+// constant of the moment.
 #pragma once
 
 #include <cmath>
@@ -14,8 +15,9 @@ struct HourParts {
   double seconds;
 };
 
-// The circle constant and what is measured with it. The constant is a value of the running program, not of the
-// language: one dial routine leaves another one behind, and the results follow it in the tenth decimal.
+// The circle constant and what is measured with it. The constant is a value of the running program,
+// not of the language: one dial routine leaves another one behind, and the results follow it in the
+// tenth decimal.
 struct Angles {
   double PiGreco = 3.141592654;
 
@@ -28,10 +30,16 @@ struct Angles {
     return std::abs(x) == 1 ? (PiGreco / 2) * x : arctan(over(x, root(-x * x + 1)));
   }
 
+  // Tangent of the arcsine, without the way through the angle.
+  double TanArcSin(double x) const {
+    return std::abs(x) == 1 ? std::tan(PiGreco / 2) * x : over(x, root(-x * x + 1));
+  }
+
   // Arccosine: a quarter turn less the arcsine; a fault beyond 1 and -1.
   double ArcCos(double x) const { return PiGreco / 2 - ArcSin(x); }
 
-  // Angle of the point (x, y): 0 up to two PiGreco, but plus or minus a quarter turn (or 0) where x is 0.
+  // Angle of the point (x, y): 0 up to two PiGreco, but plus or minus a quarter turn (or 0) where x
+  // is 0.
   double ArcTanPieno(double y, double x) const;
 };
 

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "dials/sun.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
 
@@ -28,7 +29,9 @@ double horizonOf(const DialParams& p) { return p.Stilo * std::tan(p.ReclinRad); 
 
 }  // namespace
 
-Piano planeOf(const DialParams& p) { return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad}; }
+Piano planeOf(const DialParams& p) {
+  return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad};
+}
 
 void CurvaAsr(Run& run) {
   DialParams& p = run.params;
@@ -82,7 +85,8 @@ class Qibla {
     for (const double degrees : run_.sweep(-kSolstice, kSolstice, 0.005)) point(degrees);
     point(kSolstice * s_);
     run_.sheet.ForeColor = kQiblaGreen;
-    run_.sheet.Dati(run_.panel.text(Field::txtLocation), point_.x * s_, -(point_.y - 0.02 * s_) * s_);
+    run_.sheet.Dati(run_.panel.text(Field::txtLocation), point_.x * s_,
+                    -(point_.y - 0.02 * s_) * s_);
     run_.sheet.ForeColor = kTextWhite;
   }
 
@@ -160,49 +164,22 @@ void LineeAzimut(Run& run) {
   const double sinLat = std::sin(p.LatRad), tanLat = std::tan(p.LatRad);
   Pen pen(run.sheet);
   pen.dip({palette(6), run.sheet.layer("azimut")});
+  SolarDays days(p, p.LatRad);
   double H = 0;
   Punto point;
   for (const double azimuth : run.sweep(-90, 90, 15)) {
     const double b = arctan(sinLat * std::tan(p.radians(azimuth)));
     const double slope = over(std::sin(b), tanLat);
-    const Sweep declinations = run.sweep(-kSolstice, kSolstice, 0.05);
-    for (const double degrees : declinations) {
-      const double tangent = std::tan(p.radians(degrees));
-      assign(H, b - p.ArcSin(tangent * slope));
-      assign(point, project(std::sin(H), std::cos(H), tangent));
-      pen.visit(point, drawIf(point.y <= horizon && window.holds(point) && degrees > declinations.first()));
+    for (const SolarDay& day : days.of(run.sweep(-kSolstice, kSolstice, 0.05))) {
+      assign(H, b - p.ArcSin(day.tangent * slope));
+      assign(point, project(std::sin(H), std::cos(H), day.tangent));
+      pen.visit(point,
+                drawIf(point.y <= horizon && window.holds(point) && day.degrees > -kSolstice));
     }
   }
 }
 
-namespace {
-
-// The lines of altitude of one half of the day: side -1 before noon, +1 after it.
-void almucantars(Run& run, const Window& window, Pen& pen, double side) {
-  const DialParams& p = run.params;
-  const Projection project(planeOf(p));
-  const double horizon = horizonOf(p);
-  const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
-  const double step = 0.005 * run.number(Field::txt_Definition);
-  double c = 0;
-  Punto point;
-  for (const double altitude : run.sweep(10, 90 - run.number(Field::txtLAT) + kSolstice, 10, {.bound = Field::txtLAT})) {
-    const double height = std::sin(p.radians(altitude));
-    const Sweep declinations = run.sweep(-kSolstice, kSolstice, step, {.step = Field::txt_Definition});
-    for (const double degrees : declinations) {
-      const double d = p.radians(degrees);
-      assign(c, over(height - sinLat * std::sin(d), cosLat * std::cos(d)));
-      if (!(std::abs(c) <= 1)) continue;
-      const double H = side * p.ArcCos(c);
-      assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
-      if (!(p.LatRad >= 0)) continue;
-      pen.visit(point, TracciaCurva(window, horizon, point, degrees > declinations.first()));
-    }
-  }
-}
-
-}  // namespace
-
+// The lines of altitude of one half of the day and then of the other.
 void CurveAlmucantarat(Run& run) {
   DialParams& p = run.params;
   readReclination(run);
@@ -211,11 +188,31 @@ void CurveAlmucantarat(Run& run) {
     p.DeclRad = 0;
     p.PianoOrizzontale = true;
   }
+  if (p.LatRad < 0) return;
   const Window window(run);
+  const Projection project(planeOf(p));
+  const double horizon = horizonOf(p);
+  const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
+  const double highest = 90 - run.number(Field::txtLAT) + kSolstice;
+  const double step = 0.005 * run.number(Field::txt_Definition);
   Pen pen(run.sheet, kSkyGap);
   pen.dip({palette(7), run.sheet.layer("almucantarat")});
-  almucantars(run, window, pen, -1);
-  almucantars(run, window, pen, +1);
+  SolarDays days(p, p.LatRad);
+  double c = 0;
+  Punto point;
+  for (const double side : {-1.0, +1.0}) {
+    for (const double altitude : run.sweep(10, highest, 10, {.bound = Field::txtLAT})) {
+      const double height = std::sin(p.radians(altitude));
+      for (const SolarDay& day :
+           days.of(run.sweep(-kSolstice, kSolstice, step, {.step = Field::txt_Definition}))) {
+        assign(c, over(height - sinLat * day.sine, cosLat * day.cosine));
+        if (!(std::abs(c) <= 1)) continue;
+        const double H = side * p.ArcCos(c);
+        assign(point, project(std::sin(H), std::cos(H), day.tangent));
+        pen.visit(point, TracciaCurva(window, horizon, point, day.degrees > -kSolstice));
+      }
+    }
+  }
 }
 
 }  // namespace dialwright

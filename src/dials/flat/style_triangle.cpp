@@ -4,15 +4,16 @@
 namespace dialwright {
 
 double StylePlane::elevationSine() const {
-  return std::sin(ReclinRad) * std::sin(LatRad) - std::cos(ReclinRad) * std::cos(LatRad) * std::cos(DeclRad);
+  return std::sin(ReclinRad) * std::sin(LatRad) -
+         std::cos(ReclinRad) * std::cos(LatRad) * std::cos(DeclRad);
 }
 
 namespace {
 
 // Tangent of the angle between the substyle and the vertical.
 double substyleTangent(const StylePlane& p) {
-  return over(std::sin(p.DeclRad),
-              std::tan(p.LatRad) * std::cos(p.ReclinRad) + std::cos(p.DeclRad) * std::sin(p.ReclinRad));
+  return over(std::sin(p.DeclRad), std::tan(p.LatRad) * std::cos(p.ReclinRad) +
+                                       std::cos(p.DeclRad) * std::sin(p.ReclinRad));
 }
 
 Punto centreOf(const StylePlane& p, double sine) {
@@ -28,7 +29,8 @@ double substyleOf(const Angles& angles, const StylePlane& p, const PolarStyle& s
   if (p.LatRad == 0 && p.ReclinRad == 0) return (angles.PiGreco / 2) * p.SegnoDecl;
   double S = 0;
   assign(S, arctan(substyleTangent(p)));
-  if (style.hasCentre() && style.centre.y < 0) S += style.centre.x <= 0 ? angles.PiGreco : -angles.PiGreco;
+  if (style.hasCentre() && style.centre.y < 0)
+    S += style.centre.x <= 0 ? angles.PiGreco : -angles.PiGreco;
   if (std::abs(S) > angles.PiGreco) S = -std::abs(2 * angles.PiGreco - std::abs(S)) * Sgn(S);
   return S;
 }

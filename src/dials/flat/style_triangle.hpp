@@ -1,5 +1,5 @@
-// The polar style of a flat dial: its elevation over the plane, the centre where it meets it, the substyle below it and
-// the equinoctial across.
+// The polar style of a flat dial: its elevation over the plane, the centre where it meets it, the
+// substyle below it and the equinoctial across.
 #pragma once
 
 #include <cmath>
@@ -19,10 +19,14 @@ struct StylePlane {
 
   StylePlane() = default;
   explicit StylePlane(const DialParams& p)
-      : Stilo(p.Stilo), LatRad(p.LatRad), DeclRad(p.DeclRad), ReclinRad(p.ReclinRad), SegnoDecl(p.SegnoDecl) {}
+      : Stilo(p.Stilo),
+        LatRad(p.LatRad),
+        DeclRad(p.DeclRad),
+        ReclinRad(p.ReclinRad),
+        SegnoDecl(p.SegnoDecl) {}
 
-  // Sine of the style's elevation, sin R sin(latitude) - cos R cos(latitude) cos D: negative where its southern end
-  // stands over the plane.
+  // Sine of the style's elevation, sin R sin(latitude) - cos R cos(latitude) cos D: negative where
+  // its southern end stands over the plane.
   double elevationSine() const;
 };
 
@@ -31,19 +35,21 @@ struct PolarStyle {
   double sine = 0;       // of the elevation; exactly 0 counts as a style without a centre
   double elevation = 0;  // radians
   Punto centre;          // the origin where there is none
-  double substyle = 0;   // radians, from the noon side of the vertical, in the quadrant of the centre
+  double substyle =
+      0;  // radians, from the noon side of the vertical, in the quadrant of the centre
 
   bool hasCentre() const { return sine != 0; }
 };
 
-// The style of a plane. `sine` stands for the plane's own elevationSine where a caller counts a tiny one as 0.
+// The style of a plane. `sine` stands for the plane's own elevationSine where a caller counts a
+// tiny one as 0.
 PolarStyle polarStyle(const Angles& angles, const StylePlane& plane, double sine);
 inline PolarStyle polarStyle(const Angles& angles, const StylePlane& plane) {
   return polarStyle(angles, plane, plane.elevationSine());
 }
 
-// The line through the origin along a substyle (radians), cut to the window's sides: from its left end to its right end
-// where the slope is moderate.
+// The line through the origin along a substyle (radians), cut to the window's sides: from its left
+// end to its right end where the slope is moderate.
 struct Chord {
   Punto a, b;
 };

@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/pen.hpp"
@@ -41,6 +42,11 @@ constexpr std::array<Pair, 3> kPairs = {{{Declination::Solstice, kSolstice, 12},
 
 enum class HourSystem { Italic, Babylonian, Temporary };
 
+struct InkedPoint {
+  Punto at;
+  Rgb colour = 0;
+};
+
 class Drawing {
  public:
   explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
@@ -70,8 +76,9 @@ class Drawing {
   void curvesAtEquator();
   void sunLines(Sweep hours, HourSystem system, Rgb colour);
   void Analemma();
-  void analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point, double& v);
-  void analemmaAtEquator(const SunOfDay& sun, Punto& point);
+  std::vector<InkedPoint> yearOfNoons();
+  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v);
+  void noonAtEquator(const SunOfDay& sun, InkedPoint& noon);
   void LineaEquinoziale();
   void LineaSustilare();
   void LineaMeridiana();
@@ -94,10 +101,7 @@ void Drawing::all() {
   if (on(Field::chkOreAstronomiche) && !otherHours) OreAstronomiche();
   if (on(Field::Ck_DayLightCurves)) CurveDeclinazione();
   if (on(Field::ckTemp)) sunLines(run_.sweep(1, 12, 1), HourSystem::Temporary, palette(6));
-  if (on(Field::ck_Lemniscate)) {
-    // Each whole hour plots the same figure again: it thickens the points of an exported drawing.
-    for ([[maybe_unused]] const double hour : run_.sweep(6, 18, 1)) Analemma();
-  }
+  if (on(Field::ck_Lemniscate)) Analemma();
   if (on(Field::ck_Equinoziale)) LineaEquinoziale();
   if (on(Field::ck_Sustilare)) LineaSustilare();
   LineaMeridiana();
@@ -359,56 +363,64 @@ void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
   Pen pen(sheet_, kSunLineGap);
   pen.dip({colour});
   const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
-  double azimuth = 0, altitude = 0;
+  SolarDays days(p_, p_.LatRad);
+  double azimuth = 0, tanAltitude = 0;
   Punto point;
   for (const double T : hours) {
     const Sweep declinations =
         run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
-    for (const double declination : declinations) {
-      p_.DeclSole = declination;
-      const double d = p_.radians(declination);
-      const double cosine = cosineOfSemiArc(p_.LatRad, d);
-      if (!(std::abs(cosine) < 1)) continue;
-      const double h = hourAngle(system, T, p_.ArcCos(cosine), p_.PiGreco);
+    for (const SolarDay& day : days.of(declinations)) {
+      p_.DeclSole = day.degrees;
+      if (!sound(day.arc)) continue;
+      const double h = hourAngle(system, T, day.arc, p_.PiGreco);
       const double sinH = std::sin(h), cosH = std::cos(h);
-      assign(azimuth, arctan(over(sinH, sinLat * cosH - cosLat * std::tan(d))));
+      assign(azimuth, arctan(over(sinH, sinLat * cosH - cosLat * day.tangent)));
       if (Sgn(h) != Sgn(azimuth)) azimuth -= Sgn(azimuth - p_.DeclRad) * p_.PiGreco;
-      assign(altitude, p_.ArcSin(sinLat * std::sin(d) + cosLat * std::cos(d) * cosH));
+      assign(tanAltitude, p_.TanArcSin(sinLat * day.sine + cosLat * day.cosine * cosH));
       const double aside = azimuth - p_.DeclRad;
       if (!(std::abs(aside) < p_.PiGreco / 2)) continue;
-      assign(point,
-             {p_.Stilo * std::tan(aside), over(-p_.Stilo * std::tan(altitude), std::cos(aside))});
+      assign(point, {p_.Stilo * std::tan(aside), over(-p_.Stilo * tanAltitude, std::cos(aside))});
       if (point.y > 0) continue;
-      pen.visit(point, drawIf(declination > declinations.first() && window_.holds(point)));
+      pen.visit(point, drawIf(day.degrees > declinations.first() && window_.holds(point)));
     }
   }
 }
 
 // --- The analemma
 
+// Each whole hour plots the same figure again: it thickens the points of an exported drawing.
 void Drawing::Analemma() {
+  const std::vector<InkedPoint> year = yearOfNoons();
+  for ([[maybe_unused]] const double hour : run_.sweep(6, 18, 1)) {
+    for (const InkedPoint& noon : year) dot(sheet_, noon.at, noon.colour);
+  }
+}
+
+std::vector<InkedPoint> Drawing::yearOfNoons() {
   const bool equator = p_.LatGradi == 0;
   const bool facesPole = p_.DeclGradi == 0 || std::abs(p_.DeclGradi) == 180;
   // The analemma leaves a finer circle constant behind: what follows in this run and its report is
   // measured with it.
   p_.PiGreco = kAnalemmaPi;
   const double tilt = p_.radians(obliquity(47));
-  Rgb colour = 0;
-  Punto point;
+  std::vector<InkedPoint> year;
+  InkedPoint noon;
   double v = 0;
   for (const double L : run_.sweep(-80, 280, 360 / (kDaysOfYear * 4))) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     if (equator && facesPole) {
-      analemmaAtEquator(sun, point);
-    } else {
-      analemmaOfConics(sun, equator ? -1 : 1, colour, point, v);
+      noonAtEquator(sun, noon);
+    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, v)) {
+      continue;
     }
+    year.push_back(noon);
   }
+  return year;
 }
 
 // The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
-void Drawing::analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto& point,
-                               double& v) {
+// False when they don't meet.
+bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v) {
   const double d = sun.declination;
   const double t = std::tan(d);
   const double K = over(1, t * t);
@@ -426,29 +438,29 @@ void Drawing::analemmaOfConics(const SunOfDay& sun, double g, Rgb& colour, Punto
   int branch = 1;
   if (d < 0) {
     branch = 3;
-    colour = palette(12);
+    noon.colour = palette(12);
   }
   const bool ellipse = root(1 - den) < 1;
   if (ellipse) {
     branch = 3;
     if (d < 0) {
       branch = 1;
-      colour = palette(3);
+      noon.colour = palette(3);
     }
   }
   const double discriminant = bb * bb - 4 * aa * cc;
-  if (!(discriminant >= 0)) return;
+  if (!(discriminant >= 0)) return false;
   assign(v, over(-bb + g * (branch - 2) * std::sqrt(discriminant), 2 * aa));
-  assign(point, SubstyleTurn(p_.Sustilare, p_.DistPiedeCentro)(b0 * (1 - over(v, H2)), v));
-  dot(sheet_, point, colour);
+  assign(noon.at, SubstyleTurn(p_.Sustilare, p_.DistPiedeCentro)(b0 * (1 - over(v, H2)), v));
+  return true;
 }
 
-void Drawing::analemmaAtEquator(const SunOfDay& sun, Punto& point) {
+void Drawing::noonAtEquator(const SunOfDay& sun, InkedPoint& noon) {
   const double side = std::abs(p_.DeclGradi) == 180 ? -1 : 1;
   const double t = std::tan(-p_.CorrFuso + sun.equationOfTime);
-  assign(point.y, over(side * p_.Stilo, std::tan(sun.declination) * root(t * t + 1)));
-  assign(point.x, -side * t * point.y);
-  dot(sheet_, point, palette(6));
+  assign(noon.at.y, over(side * p_.Stilo, std::tan(sun.declination) * root(t * t + 1)));
+  assign(noon.at.x, -side * t * noon.at.y);
+  noon.colour = palette(6);
 }
 
 // --- Straight lines and the construction
