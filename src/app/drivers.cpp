@@ -6,6 +6,10 @@
 
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -16,6 +20,10 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
