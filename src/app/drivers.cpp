@@ -11,6 +11,7 @@
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 
 namespace dialwright {
 
@@ -18,11 +19,12 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
     DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuVertSph, DisegnaVerticale},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
