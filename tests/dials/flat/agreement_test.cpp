@@ -11,6 +11,7 @@
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 #include "support/flat_wall.hpp"
 
 namespace dialwright {
@@ -31,6 +32,8 @@ const Method kSpaceY{"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY};
 const Method kFormer{"3", Item::M_Proiettivo, DisegnaProiettivo};
 const Method kLatter{"4", Item::M_nProiettivo, DisegnaNuovoProiettivo};
 const Method kPlane{"5", Item::M_Frinter, DisegnaFrinter};
+
+const Method kSphere{"6", Item::mnuVertSph, DisegnaVerticale};
 
 enum class Family { Hours, Curves, Equinoctial };
 
@@ -66,8 +69,14 @@ Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
     figures[key].push_back({x, -y});
   };
   for (const PointRecord& p : wall.sheet.list().points) add(p.x, p.y, p.colour);
-  if (family == Family::Curves) return figures;  // in these colours lines are the style's
   for (const LineRecord& l : wall.sheet.list().lines) {
+    if (family == Family::Curves) {
+      // In these colours lines may be the style's.
+      const double d = std::abs(wall.declination(l.x1, l.y1));
+      if (std::min(std::abs(d - kTwentieth), std::abs(d - kEleventh)) < 1e-3)
+        add(l.x1, l.y1, l.colour);
+      continue;
+    }
     for (const double part : {0.2, 0.7}) {
       add(l.x1 + part * (l.x2 - l.x1), l.y1 + part * (l.y2 - l.y1), l.colour);
     }
@@ -155,6 +164,7 @@ TEST(Agreement, VerticalWalls) {
     expectAll(kLatter, kPlane, site, 14);
     expectAll(kSpaceX, kPlane, site, 10);
     expectAll(kLight, kLatter, site, 14);
+    expectAll(kSphere, kLight, site, 13);
   }
 }
 
