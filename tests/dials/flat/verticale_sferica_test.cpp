@@ -18,7 +18,7 @@ using sky::Spot;
 
 constexpr FlatSite kDefault{45.7438, -14.57};
 const std::vector<FlatSite> kSites = {kDefault,  {45.7438, 37}, {45.7438, -75}, {62, 0.5},
-                                      {28, -50}, {45, 130},     {35, 90},       {50, 180}};
+                                      {28, -50}, {45, 130},     {35, 90},       {65, 180}};
 constexpr double kLongitude = 7.3562;  // degrees East of the site, where the zone's meridian is
 
 class Wall : public FlatWall {
@@ -113,18 +113,27 @@ double hourOf(const Wall& wall, Count count, Spot sheet) {
 }
 
 TEST(VerticaleSferica, DayLongHoursAreCountedFromSunriseAndSunset) {
-  for (const auto& [box, count, colour, last] : {std::tuple{Field::ck_Italiche, &italic, 12, 24.0},
-                                                 {Field::ck_babiloniche, &babylonian, 13, 18.0},
-                                                 {Field::ckTemp, &temporary, 6, 12.0}}) {
-    const Count hours = count;
-    const double latest = last;
-    eachEnd(box, palette(colour), [&](const Wall& wall, Spot end) {
-      const double hour = hourOf(wall, hours, end);
+  const struct {
+    Field box;
+    Count count;
+    int colour;
+    double first, last;
+  } systems[] = {{Field::ck_Italiche, italic, 12, 6, 24},
+                 {Field::ck_babiloniche, babylonian, 13, 0, 18},
+                 {Field::ckTemp, temporary, 6, 1, 12}};
+  for (const auto& system : systems) {
+    std::set<double> drawn;
+    eachEnd(system.box, palette(system.colour), [&](const Wall& wall, Spot end) {
+      const double hour = hourOf(wall, system.count, end);
       ASSERT_NEAR(hour, std::round(hour), 1e-4);
-      EXPECT_GE(std::round(hour), 0);
-      EXPECT_LE(std::round(hour), latest);
+      drawn.insert(std::round(hour));
       EXPECT_LE(std::abs(wall.declination(end.x, end.y)), 23.445 + kAngleSlack);
     });
+    // An hour at either end may be the horizon itself.
+    EXPECT_GE(*drawn.begin(), system.first);
+    EXPECT_LE(*drawn.begin(), system.first + 1);
+    EXPECT_GE(*drawn.rbegin(), system.last - 1);
+    EXPECT_LE(*drawn.rbegin(), system.last);
   }
 }
 
@@ -180,14 +189,31 @@ TEST(VerticaleSferica, EquinoxAndSubstyle) {
   }
 }
 
+// Suns of the night behind the wall draw the equinox's other end again, from six in the evening on.
+TEST(VerticaleSferica, EquinoxStartsAtSixInTheMorning) {
+  Wall wall({45.7438, 0});
+  wall.check(Field::ck_Equinoziale).set(Field::x1txt, "-2").set(Field::x2txt, "2").run();
+  int morning = 0, afternoon = 0;
+  for (const LineRecord& line : wall.linesOf("equinox")) {
+    const double H = wall.hourAngle(line.x1, line.y1);
+    morning += H > -72 && H < -65;
+    afternoon += H < 72 && H > 65;
+  }
+  EXPECT_EQ(afternoon, 70);
+  EXPECT_EQ(morning, 140);
+}
+
 TEST(VerticaleSferica, AnalemmaIsTheYearsMeanHours) {
   Wall wall;
   wall.check(Field::ck_Lemniscate).check(Field::CheckL).set(Field::TxtHour, "1").run();
+  double highest = 0;
   for (const LineRecord& line : wall.linesOf("Lemniscate")) {
+    highest = std::max(highest, wall.declination(line.x1, line.y1));
     const double mean = std::remainder(wall.hourAngle(line.x1, line.y1) + kLongitude, 15);
     EXPECT_LT(sky::secondsFromEquationOfTime(rad(mean), rad(wall.declination(line.x1, line.y1))),
               30);
   }
+  EXPECT_NEAR(highest, 23.4445, 0.0006) << "an obliquity of 23 degrees 26 minutes 42 seconds";
   const auto year = [](bool section, bool concave) {
     Wall half;
     half.check(Field::ck_Lemniscate).check(Field::Ck_Section, section);
@@ -358,6 +384,17 @@ TEST(VerticaleSferica, DrawsInItsOrder) {
   EXPECT_EQ(list.points[0].colour, palette(12)) << "the centre, then the foci";
   EXPECT_EQ(dial.params.ModoDati, 1);
   EXPECT_FALSE(dial.busy);
+
+  const auto step = [&](const LineRecord& line) {
+    const sky::Plane wall = sky::Plane::facing(-14.57, 0);
+    const auto hour = [&](double x, double y) {
+      return sky::hourAngleOf(rad(45.7438), wall.sunOf(0.2, {x, -y}));
+    };
+    return sky::deg(hour(line.x1, line.y1) - hour(line.x2, line.y2));
+  };
+  EXPECT_NEAR(step(dial.linesOf("23.445°").at(0)), 0.1, 1e-6);
+  EXPECT_NEAR(step(dial.linesOf("-20.15°").at(0)), 0.1, 1e-6);
+  EXPECT_NEAR(step(dial.linesOf("-23.445°").at(0)), 0.05, 1e-6) << "the first of winter is finer";
 
   dial.sheet.Clear();
   dial.check(Field::ckZodiaco).run();
