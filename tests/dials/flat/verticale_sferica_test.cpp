@@ -346,23 +346,36 @@ TEST(VerticaleSferica, NumeralsStandOnTheLineOfDeclination) {
   arabic.check(Field::chkOreAstronomiche).check(Field::ckArabi).run();
   roman.check(Field::chkOreAstronomiche).check(Field::ckRomani).run();
   EXPECT_GT(roman.sheet.list().lines.size(), hours.sheet.list().lines.size());
-  // The white strokes of noon's 12: a one and a two of 0.03 m, a height apart.
-  const Spot noon = arabic.plane.tipShadow(Wall::kStyle, sky::sun(arabic.latitude, 0, rad(23.445)));
-  std::size_t strokes = 0;
-  double left = 1, right = -1;
-  for (const LineRecord& line : arabic.linesIn(palette(15))) {
-    if (std::abs(line.y1 + noon.y) > 0.0151 || std::abs(line.x1 - noon.x) > 0.03) continue;
-    ++strokes;
-    left = std::min(left, line.x1 - noon.x);
-    right = std::max(right, line.x1 - noon.x);
+  // The strokes of numerals of 0.03 m: how many, and from where to where.
+  const double w = 0.03, unit = w / 27;
+  const struct {
+    double H;
+    std::size_t strokes;
+    double left, right;
+  } numerals[] = {{-30, 8 + 24, -w / 2, w / 2},   // 10
+                  {-15, 8 + 8, -w / 2, 0.3 * w},  // 11
+                  {0, 8 + 22, -w / 2, w / 2},     // 12
+                  {15, 8, 0, 0}};                 // 1
+  for (const auto& numeral : numerals) {
+    const Spot at = arabic.plane.tipShadow(Wall::kStyle,
+                                           sky::sun(arabic.latitude, rad(numeral.H), rad(23.445)));
+    std::size_t strokes = 0;
+    double left = 1, right = -1;
+    for (const LineRecord& line : arabic.linesIn(palette(15))) {
+      if (std::abs(line.y1 + at.y) > 0.0151 || std::abs(line.x1 - at.x) > w) continue;
+      ++strokes;
+      left = std::min(left, line.x1 - at.x);
+      right = std::max(right, line.x1 - at.x);
+    }
+    EXPECT_EQ(strokes, numeral.strokes) << numeral.H;
+    EXPECT_NEAR(left, numeral.left + 2.84308 * unit, 1e-8);
+    EXPECT_NEAR(right, numeral.right + 9 * unit, 1e-8);
   }
-  EXPECT_EQ(strokes, 8u + 22u) << "two bars and five";
-  EXPECT_NEAR(left, -0.015 + 2.84308 * 0.03 / 27, 1e-9);
-  EXPECT_NEAR(right, 0.015 + 9 * 0.03 / 27, 1e-9);
 }
 
 TEST(VerticaleSferica, DrawsInItsOrder) {
   DialCase dial(Item::mnuVertSph, DisegnaVerticale);
+  dial.params.ModoDati = 0;
   dial.check(Field::ck_Orizzonte).run();
   const DisplayList& list = dial.sheet.list();
   EXPECT_EQ(dial.sheet.caption(), "Vertical dial by spherical trigonometry");
