@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
+#include "dials/bifilar/ball.hpp"
+#include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/frinter.hpp"
@@ -25,6 +29,10 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuVertSph, DisegnaVerticale},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
+    DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBall, QuadranteBall},
+    DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 

@@ -3,6 +3,7 @@
 
 #include <system_error>
 
+#include "lettering/specimen.hpp"
 #include "persist/encoding.hpp"
 #include "persist/safe_file.hpp"
 
@@ -20,6 +21,9 @@ constexpr double kWindowShift = 3.3333333;
 
 Program::Program(ProgramConfig config)
     : config_(std::move(config)), store_(storeIn(config_.workingFolder)) {
+  view_.ports.message = [this](std::string_view text) {
+    if (ports.message) ports.message(text);
+  };
   cartellaDXF_ = config_.workingFolder / "DialwrightDXF";
   std::error_code ignored;
   std::filesystem::create_directories(cartellaDXF_, ignored);
@@ -27,6 +31,7 @@ Program::Program(ProgramConfig config)
   click(Item::M_Light);
   CaricaDefault(panel_, store_);
   sheet_.Marchio = kTitle;
+  sheet_.BackColor = options_.SheetBackColor();
   params_.SheetW = sheet_.QuadranteH() * kFirstSheet;
   params_.SheetH = sheet_.QuadranteL() * kFirstSheet;
   sheet_.QuadranteH(params_.SheetW);
@@ -66,13 +71,21 @@ std::vector<std::string_view> Program::buttons() const {
   for (const FieldRow& row : fieldTable()) {
     if (row.kind == FieldKind::Button || row.group == OptionGroup::Point) names.push_back(row.name);
   }
+  for (const SheetCommandRow& row : kSheetCommands) {
+    if (!findField(row.name)) names.push_back(row.name);
+  }
   return names;
 }
 
+// The panel's cmdSave goes before the sheet's.
 Press Program::press(std::string_view button) {
   const auto field = findField(button);
-  if (!field || !(rowOf(*field).kind == FieldKind::Button || field == Field::Option_P))
-    return Press::Unknown;
+  if (!field || !(rowOf(*field).kind == FieldKind::Button || field == Field::Option_P)) {
+    const auto command = findSheetCommand(button);
+    if (!command) return Press::Unknown;
+    view_.press(*command);
+    return Press::Done;
+  }
   if (!panel_[*field].enabled || !panel_[*field].visible) return Press::Disabled;
   pressEnabled(*field);
   return Press::Done;
@@ -122,7 +135,9 @@ void Program::type(Field field, std::string_view text) {
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {
-  return dialwright::CaricaProgetto(path, panel_, sheet_);
+  LoadResult result = dialwright::CaricaProgetto(path, panel_, sheet_);
+  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = path.filename().string();
+  return result;
 }
 
 void Program::click(Item item) {
@@ -155,13 +170,28 @@ RunResult Program::CmdRun_Click() {
   return run.refused() ? RunResult::Refused : RunResult::Drawn;
 }
 
-void Program::NuovoFoglio() {
-  sheet_.Clear();
+void Program::DisegnaCampionario() {
+  const Ports all = portsOfRun();
+  Run run(panel_, params_, sheet_, all);
+  dialwright::DisegnaCampionario(run);
+}
+
+bool Program::mayClose() const {
+  if (projectTitle_.empty() || !ports.ask) return true;
+  return ports.ask(T("Attention! do you wish to close the file ") + projectTitle_ + "?");
+}
+
+bool Program::NuovoFoglio() {
+  if (!mayClose()) return false;
+  projectTitle_.clear();
   sheet_.QuadranteH(params_.SheetW);
   sheet_.QuadranteL(params_.SheetH);
   sheet_.ShiftX(sheet_.QuadranteL() / 2);
   sheet_.ShiftY(sheet_.QuadranteH() / kWindowShift);
+  sheet_.renew();
+  sheet_.BackColor = options_.SheetBackColor();
   sheet_.Messaggio("");
+  return true;
 }
 
 }  // namespace dialwright

@@ -8,6 +8,7 @@
 
 #include "cli/commands.hpp"
 #include "cli/errors.hpp"
+#include "cli/manual.hpp"
 #include "cli/request.hpp"
 #include "cli/words.hpp"
 
@@ -48,7 +49,7 @@ void addOutputs(CLI::App& command, Request& request) {
   command
       .add_option(
           "-o,--output", request.outputs,
-          "write a file, format by its ending (.dxf .svg .csv .txt); - with --format writes to standard output")
+          "write a file, format by its ending (.dxf .svg .pdf .png .bmp .csv .txt .sun); - with --format writes to standard output")
       ->type_name("FILE")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -61,9 +62,15 @@ void addOutputs(CLI::App& command, Request& request) {
 
 using Command = void (*)(const Request&);
 
+// The manual is made from the whole grammar, which stands only when all commands are in it.
+void commandManual(const Request& request) {
+  std::cout << (request.bash ? bashCompletion(*request.grammar) : manualPage(*request.grammar));
+}
+
 // The sub-commands with what they run.
 std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   std::map<std::string, Command> commands;
+  request.grammar = &app;
   const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
     CLI::App& sub = *app.add_subcommand(name, help);
     addCommon(sub, request);
@@ -87,6 +94,19 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
   addOutputs(open, request);
 
+  CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
+  pages.add_option("ITEM", request.item, "menu item or program number")->required();
+  pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  pages.add_option("-o,--output", request.outputs, "the PDF")->type_name("FILE")->required();
+  CLI::Option& chosen =
+      *pages.add_option("--page", request.pages, "a page by its number, in the order wanted")
+           ->type_name("N")
+           ->expected(1)
+           ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  pages.add_flag("--all", request.allPages, "all pages that carry ink; so without --page")
+      ->excludes(&chosen);
+  pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
+
   CLI::App& save = add("save", "write a project", commandSave);
   save.add_option("ITEM", request.item, "menu item or program number")->required();
   save.add_option("NAME=VALUE ... FILE", request.words,
@@ -100,6 +120,15 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
 
   CLI::App& language =
       add("language", "show or set the language of the next starts", commandLanguage);
+  CLI::App& lettering =
+      add("lettering", "a specimen sheet of digits, numerals and signs", commandLettering);
+  lettering.add_option("NAME=VALUE", request.words, "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
+  addOutputs(lettering, request);
+
+  CLI::App& manual =
+      add("manual", "this program's man page, or its completion for bash", commandManual);
+  manual.add_flag("--bash", request.bash, "the completion script");
+
   language.add_option("LANG", request.item, "en, it, fr or es");
   return commands;
 }

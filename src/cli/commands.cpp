@@ -10,6 +10,8 @@
 #include "cli/outputs.hpp"
 #include "cli/session.hpp"
 #include "cli/words.hpp"
+#include "paper/page_writer.hpp"
+#include "persist/safe_file.hpp"
 
 namespace dialwright {
 
@@ -62,6 +64,21 @@ void commandOpen(const Request& request) {
   finish(*program, outputs, request);
 }
 
+void commandPages(const Request& request) {
+  const Item dial = dialOf(request.item);
+  const auto program = startProgram(request);
+  program->click(dial);
+  assignAll(*program, request.words);
+  runDial(*program, request);
+  PagesOptions options;
+  options.numbers = request.pages;
+  if (request.colour) options.inks = Inks::Paper;
+  replaceFile(request.outputs.front(), [&](const Sink& sink) {
+    const std::string problem = writePages(program->sheet(), sink, options);
+    if (!problem.empty()) throw CommandFailure(problem);
+  });
+}
+
 void commandSave(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::string& path = request.words.back();
@@ -86,6 +103,14 @@ void commandDefaults(const Request& request) {
     std::cerr << "dialwright: none are stored, the built-in ones hold\n";
   for (const auto& [key, value] : program->store().pairs())
     std::cout << key << '=' << value << '\n';
+}
+
+void commandLettering(const Request& request) {
+  const std::vector<Output> outputs = outputsOf(request);
+  const auto program = startProgram(request);
+  assignAll(*program, request.words);
+  program->DisegnaCampionario();
+  writeOutputs(*program, outputs, request);
 }
 
 void commandLanguage(const Request& request) {

@@ -10,8 +10,10 @@ void commandList(const Request& request);
 void commandFields(const Request& request);
 void commandRun(const Request& request);
 void commandOpen(const Request& request);
+void commandPages(const Request& request);
 void commandSave(const Request& request);
 void commandDefaults(const Request& request);
+void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
 
 }  // namespace dialwright

@@ -6,6 +6,7 @@
 
 #include "app/viewer.hpp"
 #include "cli/errors.hpp"
+#include "paper/picture.hpp"
 #include "persist/project.hpp"
 #include "persist/safe_file.hpp"
 #include "sheet/dxf.hpp"
@@ -19,6 +20,21 @@ namespace {
 
 using Writing = void (*)(Program& program, const Request& request, const Sink& sink);
 
+// A picture that can't be made ends the command.
+void demand(const std::string& problem) {
+  if (!problem.empty()) throw CommandFailure(problem);
+}
+
+// A PDF is at true size unless a scale is asked for; a bitmap is in the sheet's scale.
+PictureOptions pictureOf(const Request& request, Inks inks) {
+  PictureOptions options;
+  if (request.scale != 0) options.scale = request.scale;
+  options.inks = inks;
+  return options;
+}
+
+Inks inksOf(const Request& request) { return request.dark ? Inks::Own : Inks::Paper; }
+
 struct FormatRow {
   std::string_view ending;
   Writing write;
@@ -29,6 +45,19 @@ constexpr std::array kFormats = {
                         const Sink& sink) { DXF_Generate(p.sheet(), p.params().PiGreco, sink); }},
     FormatRow{"svg", [](Program& p, const Request& r,
                         const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
+    FormatRow{"pdf",
+              [](Program& p, const Request& r, const Sink& sink) {
+                demand(writePdf(p.sheet(), sink, pictureOf(r, inksOf(r))));
+              }},
+    FormatRow{"png",
+              [](Program& p, const Request& r, const Sink& sink) {
+                demand(writePng(p.sheet(), sink, pictureOf(r, inksOf(r))));
+              }},
+    // The sheet's own Save: as it stands on the screen.
+    FormatRow{"bmp",
+              [](Program& p, const Request& r, const Sink& sink) {
+                demand(writeBmp(p.sheet(), sink, pictureOf(r, Inks::Own)));
+              }},
     FormatRow{"csv", [](Program& p, const Request&,
                         const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
     FormatRow{"sun", [](Program& p, const Request&,

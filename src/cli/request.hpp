@@ -5,6 +5,10 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 namespace dialwright {
 
 struct Request {
@@ -25,8 +29,13 @@ struct Request {
   std::vector<std::string> outputs;
   std::string format;
   std::string viewer;
+  std::vector<int> pages;  // none for all that carry ink
+  bool allPages = false;
+  bool colour = false;
   bool dark = false;
   bool json = false;
+  bool bash = false;
+  const CLI::App* grammar = nullptr;  // the command line's own
 };
 
 }  // namespace dialwright

@@ -92,7 +92,12 @@ void assignField(Program& program, std::string_view assignment) {
 }
 
 void pressButton(Program& program, std::string_view button) {
-  if (button.find('=') != std::string_view::npos) {
+  const std::size_t sign = button.find('=');
+  if (sign != std::string_view::npos) {
+    if (const auto field = findSheetField(button.substr(0, sign))) {
+      program.view().setText(*field, button.substr(sign + 1));
+      return;
+    }
     assignField(program, button);
     return;
   }

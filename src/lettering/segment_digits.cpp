@@ -13,43 +13,43 @@ namespace {
 constexpr double kGrid = 27;
 constexpr int kInk = 15;
 
-constexpr Stroke kTop[] = {
+constexpr GlyphStroke kTop[] = {
     {-5, 13.5, 9, 13.5, kInk},
     {-2.84308, 11, 6.10234, 11, kInk},
     {-5, 13.5, -2.84308, 11, kInk},
     {6.10234, 11, 9, 13.5, kInk},
 };
-constexpr Stroke kUpperRight[] = {
+constexpr GlyphStroke kUpperRight[] = {
     {9, 13.5, 7, 0, kInk},
     {6.10234, 11, 4.65789, 1.25, kInk},
     {6.10234, 11, 9, 13.5, kInk},
     {4.65789, 1.25, 7, 0, kInk},
 };
-constexpr Stroke kLowerRight[] = {
+constexpr GlyphStroke kLowerRight[] = {
     {5, -13.5, 7, 0, kInk},
     {2.84308, -11, 4.28752, -1.25, kInk},
     {4.28752, -1.25, 7, 0, kInk},
     {2.84308, -11, 5, -13.5, kInk},
 };
-constexpr Stroke kBottom[] = {
+constexpr GlyphStroke kBottom[] = {
     {2.84308, -11, -6.10234, -11, kInk},
     {5, -13.5, -9, -13.5, kInk},
     {2.84308, -11, 5, -13.5, kInk},
     {-6.10234, -11, -9, -13.5, kInk},
 };
-constexpr Stroke kLowerLeft[] = {
+constexpr GlyphStroke kLowerLeft[] = {
     {-9, -13.5, -7, 0, kInk},
     {-6.10234, -11, -4.65789, -1.25, kInk},
     {-4.65789, -1.25, -7, 0, kInk},
     {-9, -13.5, -6.10234, -11, kInk},
 };
-constexpr Stroke kUpperLeft[] = {
+constexpr GlyphStroke kUpperLeft[] = {
     {-5, 13.5, -7, 0, kInk},
     {-2.84308, 11, -4.28752, 1.25, kInk},
     {-4.28752, 1.25, -7, 0, kInk},
     {-2.84308, 11, -5, 13.5, kInk},
 };
-constexpr Stroke kMiddle[] = {
+constexpr GlyphStroke kMiddle[] = {
     {-7, 0, -4.28752, 1.25, kInk},
     {-4.28752, 1.25, 4.65789, 1.25, kInk},
     {7, 0, 4.65789, 1.25, kInk},
@@ -59,7 +59,7 @@ constexpr Stroke kMiddle[] = {
 };
 
 // The segments a to g, clockwise from the top with the middle one last.
-constexpr std::array<std::span<const Stroke>, 7> kSegments = {
+constexpr std::array<std::span<const GlyphStroke>, 7> kSegments = {
     kTop, kUpperRight, kLowerRight, kBottom, kLowerLeft, kUpperLeft, kMiddle};
 constexpr std::array<std::string_view, 10> kLit = {
     "abcdef", "bc", "abdeg", "abcdg", "bcfg", "acdfg", "acdefg", "abc", "abcdefg", "abcdfg"};

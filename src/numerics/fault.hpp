@@ -1,4 +1,5 @@
-// The fault rule: a failing statement is skipped and its target keeps its value; a fault travels as a NaN.
+// The fault rule: a failing statement is skipped and its target keeps its value; a fault travels as
+// a NaN.
 #pragma once
 
 #include <cmath>

@@ -1,6 +1,7 @@
 // Reading and writing numbers without a locale.
 #include "numerics/numbers.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -39,6 +40,24 @@ std::size_t prefixEnd(std::string_view text) {
 
 double powerOfTen(int decimals) { return std::pow(10.0, decimals); }
 
+// True when a number beyond the range of a double is too small for it, not too large.
+bool isTiny(std::string_view number) {
+  const std::size_t exponentAt = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, exponentAt);
+  const auto whole = static_cast<long>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<long>(mantissa.find_first_not_of("0."));
+  const long power = first < whole ? whole - first - 1 : whole - first;
+  if (exponentAt == number.size()) return power < 0;
+  std::string_view digits = number.substr(exponentAt + 1);
+  const bool negative = digits.front() == '-';
+  if (negative || digits.front() == '+') digits.remove_prefix(1);
+  long exponent = 0;
+  constexpr long kBeyond = 1'000'000'000;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+    exponent = kBeyond;
+  return power + (negative ? -exponent : exponent) < 0;
+}
+
 }  // namespace
 
 double numberOf(std::string_view text) {
@@ -51,11 +70,7 @@ double numberOf(std::string_view text) {
   if (end == 0) return 0;
   double value = 0;
   const auto read = std::from_chars(text.data(), text.data() + end, value);
-  if (read.ec == std::errc::result_out_of_range) {
-    const std::size_t exponent = text.substr(0, end).find_first_of("eE");
-    const bool tiny = exponent != std::string_view::npos ? text[exponent + 1] == '-' : text.front() == '0' || text.front() == '.';
-    return tiny ? 0 : kFault;
-  }
+  if (read.ec == std::errc::result_out_of_range) return isTiny(text.substr(0, end)) ? 0 : kFault;
   return negative ? -value : value;
 }
 
@@ -74,22 +89,30 @@ char* writeNumber(char* to, double number) {
   return end;
 }
 
-std::string textWithSign(double number) { return number < 0 ? textOf(number) : ' ' + textOf(number); }
+std::string textWithSign(double number) {
+  return number < 0 ? textOf(number) : ' ' + textOf(number);
+}
 
 std::string textFixed(double number, int decimals, int leastWhole) {
   if (!sound(number)) return {};
   const double shown = rounded(number, decimals);
   std::array<char, 400> buffer{};
-  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(sound(shown) ? shown : number),
-                                     std::chars_format::fixed, decimals);
+  const auto written =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                    std::abs(sound(shown) ? shown : number), std::chars_format::fixed, decimals);
   std::string text(buffer.data(), written.ptr);
   const std::size_t whole = text.find('.') == std::string::npos ? text.size() : text.find('.');
-  if (static_cast<int>(whole) < leastWhole) text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
+  if (static_cast<int>(whole) < leastWhole)
+    text.insert(0, static_cast<std::size_t>(leastWhole) - whole, '0');
   return shown < 0 ? '-' + text : text;
 }
 
-double truncated(double x, int decimals) { return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double truncated(double x, int decimals) {
+  return std::floor(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
-double rounded(double x, int decimals) { return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals); }
+double rounded(double x, int decimals) {
+  return std::nearbyint(x * powerOfTen(decimals)) / powerOfTen(decimals);
+}
 
 }  // namespace dialwright

@@ -1,6 +1,7 @@
-// The gnomonic projection of the sky: where the tip of a style that stands upright on a plane throws its shadow. The foot
-// of the style is the origin. (Standard: R. J. Rohr, Sundials; the sun as a vector in the equator's frame, turned into the
-// plane's and divided by its part along the normal.)
+// The gnomonic projection of the sky: where the tip of a style that stands upright on a plane
+// throws its shadow. The foot of the style is the origin. (Standard: R. J. Rohr, Sundials; the sun
+// as a vector in the equator's frame, turned into the plane's and divided by its part along the
+// normal.)
 #pragma once
 
 #include <cmath>
@@ -29,8 +30,9 @@ struct Piano {
   double ZenitPiano = 0;  // zenith distance of the plane: a quarter turn less its reclination
 };
 
-// The projection for one plane, with all that the plane fixes worked out. Its results are not finite where the ray runs
-// along the plane: `assign` skips them. It knows no back of the plane: a sun behind it falls on the point of its opposite.
+// The projection for one plane, with all that the plane fixes worked out. Its results are not
+// finite where the ray runs along the plane: `assign` skips them. It knows no back of the plane: a
+// sun behind it falls on the point of its opposite.
 class Projection {
  public:
   explicit Projection(const Piano& plane) : style_(plane.Stilo) {
@@ -42,7 +44,8 @@ class Projection {
     up_ = {cosZ * sinD, -(cosF * sinZ - sinF * cosZ * cosD), -(sinF * sinZ + cosF * cosZ * cosD)};
   }
 
-  // The shadow of a sun given by the sine and cosine of its hour angle and the tangent of its declination.
+  // The shadow of a sun given by the sine and cosine of its hour angle and the tangent of its
+  // declination.
   Punto operator()(double sinH, double cosH, double tanDelta) const {
     const double reach = style_ / depth_(sinH, cosH, tanDelta);
     return {reach * right_(sinH, cosH, tanDelta), reach * up_(sinH, cosH, tanDelta)};
@@ -84,8 +87,8 @@ class Projection {
   Form depth_, right_, up_;
 };
 
-// The shadow for an hour angle H (positive after noon) and a declination of the sun, radians: one point, without
-// anything prepared.
+// The shadow for an hour angle H (positive after noon) and a declination of the sun, radians: one
+// point, without anything prepared.
 inline Punto ProiezioneSferica(const Piano& plane, double H, double delta) {
   return Projection(plane)(std::sin(H), std::cos(H), std::tan(delta));
 }

@@ -6,8 +6,8 @@
 
 namespace dialwright {
 
-// Takes a file's bytes piece by piece, so that a large one never stands in memory as a whole. It throws when it can
-// take no more.
+// Takes a file's bytes piece by piece, so that a large one never stands in memory as a whole. It
+// throws when it can take no more.
 using Sink = std::function<void(std::string_view)>;
 
 }  // namespace dialwright

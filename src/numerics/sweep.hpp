@@ -1,12 +1,13 @@
 // The counted loop: from the lower bound by the step, accumulating, while not past the upper bound.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 
 namespace dialwright {
 
-// A range of accumulated samples. A step of zero or below, a fault in a bound, or a range past its limit of samples
-// makes it empty, so that a loop over it always ends.
+// A range of accumulated samples. A step of zero or below, a fault in a bound, or a range past its
+// limit of samples makes it empty, so that a loop over it always ends.
 class Sweep {
  public:
   static constexpr double kMaxSamples = 2'000'000;
@@ -16,7 +17,7 @@ class Sweep {
   // The samples first, first + step, ... up to last.
   Sweep(double first, double last, double step) : first_(first), last_(last), step_(step) {
     const bool advances = step > 0 && first + step > first && last + step > last;
-    if (!advances || !(samples() <= kMaxSamples)) *this = {};
+    if (!advances || !(std::floor(samples()) <= kMaxSamples)) *this = {};
   }
 
   class Iterator {
@@ -40,7 +41,9 @@ class Sweep {
   class End {
    public:
     explicit End(double last) : last_(last) {}
-    friend bool operator==(const Iterator& at, const End& end) { return !(at.value() <= end.last_); }
+    friend bool operator==(const Iterator& at, const End& end) {
+      return !(at.value() <= end.last_);
+    }
 
    private:
     double last_;
@@ -52,7 +55,8 @@ class Sweep {
   // The lower bound: the value of the first sample, which most curves never draw to.
   double first() const { return first_; }
 
-  // The number of samples that the bounds allow for, before rounding in the accumulated value; a NaN on faults.
+  // The number of samples that the bounds allow for, before rounding in the accumulated value; a
+  // NaN on faults.
   double samples() const { return last_ < first_ ? 0 : (last_ - first_) / step_ + 1; }
 
  private:

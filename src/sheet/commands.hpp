@@ -55,4 +55,7 @@ namespace sheet_caption {
 // The command of a name; upper and lower case don't count.
 std::optional<SheetCommand> findSheetCommand(std::string_view name);
 
+// The number field of a name, likewise.
+std::optional<SheetField> findSheetField(std::string_view name);
+
 }  // namespace dialwright

@@ -81,8 +81,16 @@ class DisplayList {
   const std::string& name(LayerId id) const { return names_[id.index]; }
   const std::vector<std::string>& layerNames() const { return names_; }
 
-  void add(const PointRecord& record) { append(EntityKind::Point, points, record); }
-  void add(const LineRecord& record) { append(EntityKind::Line, lines, record); }
+  // The two kinds that come by the hundred thousand are made in their place: copying a whole record
+  // that was just written waits for its small numbers.
+  void add(const PointRecord& r) {
+    points.emplace_back(r.x, r.y, r.colour, r.layer);
+    order_.push_back(EntityKind::Point);
+  }
+  void add(const LineRecord& r) {
+    lines.emplace_back(r.x1, r.y1, r.x2, r.y2, r.colour, r.width, r.layer);
+    order_.push_back(EntityKind::Line);
+  }
   void add(const BoxRecord& record) { append(EntityKind::Box, boxes, record); }
   void add(const CircleRecord& record) { append(EntityKind::Circle, circles, record); }
   void add(const VertexRecord& record) { append(EntityKind::Vertex, vertices, record); }

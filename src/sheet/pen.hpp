@@ -10,6 +10,9 @@
 
 namespace dialwright {
 
+// A dial's ordinate on the sheet, whose y grows downwards; never a negative zero.
+inline double sheetY(double y) { return 0.0 - y; }
+
 // What becomes of a sample: it is joined to the previous point and then is the previous point; it
 // only becomes the previous point; it never was.
 enum class Verdict { Draw, Move, Drop };
@@ -52,9 +55,9 @@ class Pen {
     const double dy = p.y - previous_.y;
     if (!(std::sqrt(dx * dx + dy * dy) < limit_)) return;
     if (stroke_ == Stroke::ToPrevious) {
-      sheet_.xLine(p.x, -p.y, previous_.x, -previous_.y, colour_, style_);
+      sheet_.xLine(p.x, sheetY(p.y), previous_.x, sheetY(previous_.y), colour_, style_);
     } else {
-      sheet_.xLine(previous_.x, -previous_.y, p.x, -p.y, colour_, style_);
+      sheet_.xLine(previous_.x, sheetY(previous_.y), p.x, sheetY(p.y), colour_, style_);
     }
   }
 
@@ -69,20 +72,20 @@ class Pen {
 // The verdict of a sample that passed its tests: the first of a loop never draws.
 inline Verdict drawIf(bool condition) { return condition ? Verdict::Draw : Verdict::Move; }
 
-// Dial coordinates to the sheet, whose y grows downwards.
+// The sheet's primitives in dial coordinates.
 inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink) {
-  sheet.xLine(from.x, -from.y, to.x, -to.y, ink.colour,
+  sheet.xLine(from.x, sheetY(from.y), to.x, sheetY(to.y), ink.colour,
               {.width = ink.width, .store = true, .layer = ink.layer});
 }
 inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) {
   line(sheet, from, to, Ink{colour});
 }
 inline void dot(SheetPlot& sheet, Punto at, Rgb colour, LayerId layer = {}) {
-  sheet.xPset(at.x, -at.y, colour, layer);
+  sheet.xPset(at.x, sheetY(at.y), colour, layer);
 }
 inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
                    const CircleStyle& style = {}) {
-  sheet.xCircle(centre.x, -centre.y, radius, colour, style);
+  sheet.xCircle(centre.x, sheetY(centre.y), radius, colour, style);
 }
 
 // A line of text in a colour, which stays the sheet's ForeColor.

@@ -78,8 +78,9 @@ void SheetPlot::setScale(int n) {
   if (watcher_ != nullptr) watcher_->scaleSet();
 }
 
+// On the road of every entity, so it is never worth a call.
 template <class Record>
-void SheetPlot::keep(const Record& record) {
+[[gnu::always_inline]] inline void SheetPlot::keep(const Record& record) {
   if (list_.size() >= limit_) {
     full_ = true;
     return;
@@ -184,6 +185,14 @@ void SheetPlot::Clear() {
   full_ = false;
   moveCursor(0, 0);
   if (watcher_ != nullptr) watcher_->cleared();
+}
+
+void SheetPlot::renew() {
+  Clear();
+  BackColor = kBlack;
+  ForeColor = kWhite;
+  PrintMultiColor = false;
+  setScale(ScalaMinima());
 }
 
 void SheetPlot::Refresh() {

@@ -134,6 +134,8 @@ class SheetPlot {
   void moveCursor(double xTwips, double yTwips);
 
   void Clear();
+  // An empty sheet as a new one: its colours and its scale, too. Size, shift and target stay.
+  void renew();
   void Refresh();
 
   // Cuts the segment to the sheet; 0 when nothing of it is to be drawn, else the number of edge
@@ -148,7 +150,10 @@ class SheetPlot {
   const DisplayList& list() const { return list_; }
 
   // Entities beyond the limit are dropped; `full` tells that it happened.
-  void limit(std::size_t entities) { limit_ = entities; }
+  void limit(std::size_t entities) {
+    limit_ = entities;
+    full_ = false;
+  }
   bool full() const { return full_; }
 
  private:

@@ -18,7 +18,8 @@ constexpr std::array<ItemRow, kItemCount> kItems = {{
 }};
 
 bool hasChildren(Item item) {
-  return std::any_of(kItems.begin(), kItems.end(), [item](const ItemRow& row) { return row.parent == item; });
+  return std::any_of(kItems.begin(), kItems.end(),
+                     [item](const ItemRow& row) { return row.parent == item; });
 }
 
 bool liesUnder(Item item, Item menu) {
@@ -31,7 +32,8 @@ bool liesUnder(Item item, Item menu) {
 std::vector<Item> collectDials() {
   std::vector<Item> dials;
   for (std::size_t i = 0; i < kItemCount; ++i) {
-    if (liesUnder(itemAt(i), Item::M_Quadranti) && !hasChildren(itemAt(i))) dials.push_back(itemAt(i));
+    if (liesUnder(itemAt(i), Item::M_Quadranti) && !hasChildren(itemAt(i)))
+      dials.push_back(itemAt(i));
   }
   return dials;
 }
@@ -47,7 +49,9 @@ const std::vector<Item>& dialItems() {
   return kDials;
 }
 
-bool isDial(Item item) { return std::find(dialItems().begin(), dialItems().end(), item) != dialItems().end(); }
+bool isDial(Item item) {
+  return std::find(dialItems().begin(), dialItems().end(), item) != dialItems().end();
+}
 
 std::optional<Item> findDial(std::string_view nameOrNumber) {
   for (const Item item : dialItems()) {

@@ -31,7 +31,8 @@ std::span<const ItemRow, kItemCount> itemTable();
 const ItemRow& rowOf(Item item);
 constexpr Item itemAt(std::size_t number) { return static_cast<Item>(number); }
 
-// The dials: the items that lie under the menu of sundials and have no items below them, in menu order.
+// The dials: the items that lie under the menu of sundials and have no items below them, in menu
+// order.
 const std::vector<Item>& dialItems();
 bool isDial(Item item);
 

@@ -8,9 +8,10 @@ namespace dialwright {
 
 // One city, with its coordinates turned into the sun that stands at its zenith.
 struct City {
-  std::string_view name;     // UTF-8, as it is written on the dial
-  double longitudeTerm;      // degrees: the longitude with West positive
-  double storedDeclination;  // degrees: minus the latitude, but the latitude itself for the two poles
+  std::string_view name;  // UTF-8, as it is written on the dial
+  double longitudeTerm;   // degrees: the longitude with West positive
+  double
+      storedDeclination;  // degrees: minus the latitude, but the latitude itself for the two poles
 };
 
 // All 166 cities in the order in which a dial draws them, roughly from East to West.

@@ -1,4 +1,5 @@
-// The record of a run: what the drivers derive, the curve routines read and overwrite, and the report prints afterwards.
+// The record of a run: what the drivers derive, the curve routines read and overwrite, and the
+// report prints afterwards.
 #pragma once
 
 #include <array>
@@ -16,8 +17,8 @@ struct ConicSet {
 
 enum class Declination : std::size_t { Solstice, Twentieth, Eleventh, Latitude };
 
-// One object for each running program; it lasts from run to run. Angles come in pairs, in degrees as typed and in
-// radians; lengths are metres on the sheet.
+// One object for each running program; it lasts from run to run. Angles come in pairs, in degrees
+// as typed and in radians; lengths are metres on the sheet.
 struct DialParams : Angles {
   double LatGradi = 0;
   double LatRad = 0;

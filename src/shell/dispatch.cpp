@@ -18,7 +18,8 @@ bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
     p.InclinGradi = p.ReclinGradi;
     p.ReclinGradi = (90 - p.ReclinGradi) * p.SegnoEmisfero;
   }
-  // The first checked dial of the chain draws; the one with a variable to choose is tried after the chain in any case.
+  // The first checked dial of the chain draws; the one with a variable to choose is tried after the
+  // chain in any case.
   bool drawn = false;
   for (const DriverRow& row : drivers) {
     const bool apart = row.item == Item::M_Inclinati;
@@ -26,6 +27,7 @@ bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
     row.draw(run);
     drawn = true;
   }
+  run.finish();
   return drawn;
 }
 
@@ -35,7 +37,6 @@ void DisegnaCornice(Run& run) {
   const double y1 = run.number(Field::y1txt);
   const double x2 = run.number(Field::x2txt);
   const double y2 = run.number(Field::y2txt);
-  if (!sound(x1 + y1 + x2 + y2)) return;
   run.sheet.xBox(x1, -y1, x2, -y2, palette(3), false, run.sheet.layer("Quadro"));
 }
 

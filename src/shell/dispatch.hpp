@@ -19,8 +19,8 @@ inline constexpr double kSolstice = 23.445;
 inline constexpr double kTwentieth = 20.1552;
 inline constexpr double kEleventh = 11.4746;
 
-// Derives the sign fields of the record and calls the driver of the first checked dial of the table. Returns false when
-// no checked dial has one.
+// Derives the sign fields of the record and calls the driver of the first checked dial of the
+// table. Returns false when no checked dial has one.
 bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers);
 
 // The frame box, when ckFrame is checked: the drawing window in colour 3 on the layer "Quadro".

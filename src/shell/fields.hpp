@@ -24,7 +24,8 @@ inline constexpr std::size_t kFieldCount = static_cast<std::size_t>(Field::None)
 
 enum class FieldKind : std::uint8_t { Text, Label, Check, Option, Button, Frame, Combo };
 
-// Options of one group exclude each other; the option of Point stands alone and works as a push button.
+// Options of one group exclude each other; the option of Point stands alone and works as a push
+// button.
 enum class OptionGroup : std::uint8_t { None, Inclination, Variable, Side, Point };
 
 struct FieldRow {
@@ -48,7 +49,8 @@ std::string_view nameOf(FieldKind kind);
 // The field of a name, without regard to case.
 std::optional<Field> findField(std::string_view name);
 
-// Key filter of the number fields: backspace passes, a character outside "0123456789,.-" gives 0 (and calls for a beep),
+// Key filter of the number fields: backspace passes, a character outside "0123456789,.-" gives 0
+// (and calls for a beep),
 // "," becomes ".".
 char FiltroNumerico(char key);
 

@@ -29,7 +29,8 @@ std::size_t distance(std::string_view a, std::string_view b) {
 }  // namespace
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return lower(x) == lower(y); });
 }
 
 std::string nearestName(std::string_view wrong, const std::vector<std::string_view>& names) {

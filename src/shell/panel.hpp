@@ -1,4 +1,5 @@
-// The input panel: the state of every control and of every menu item. Setting a state here fires no click.
+// The input panel: the state of every control and of every menu item. Setting a state here fires no
+// click.
 #pragma once
 
 #include <array>
@@ -28,11 +29,14 @@ struct MenuItem {
 
 class Panel {
  public:
-  // Every field with its default text, caption, tip and state; no dial is checked and cmdData is hidden.
+  // Every field with its default text, caption, tip and state; no dial is checked and cmdData is
+  // hidden.
   Panel();
 
   Control& operator[](Field field) { return controls_[static_cast<std::size_t>(field)]; }
-  const Control& operator[](Field field) const { return controls_[static_cast<std::size_t>(field)]; }
+  const Control& operator[](Field field) const {
+    return controls_[static_cast<std::size_t>(field)];
+  }
   MenuItem& operator[](Item item) { return items_[static_cast<std::size_t>(item)]; }
   const MenuItem& operator[](Item item) const { return items_[static_cast<std::size_t>(item)]; }
 

@@ -52,16 +52,23 @@ void Run::complain(SweepFields fields, bool badStep) {
   message(text);
 }
 
+void Run::finish() {
+  if (sheet.full()) stop(T("The drawing stops here: it has reached 5000000 entities."));
+}
+
 Sweep Run::sweep(double first, double last, double step, SweepFields fields) {
-  if (!stopped_ && sheet.full()) stop(T("The drawing stops here: it has reached 5000000 entities."));
+  finish();
   if (!stopped_ && ports_.cancelled && ports_.cancelled()) stop({});
   if (stopped_) return {};
   const Sweep range(first, last, step);
   const double count = range.samples();
   if (count == 0) {
-    // An empty range is ordinary where the bounds cross; anything else is an input that can't be sampled.
-    if (!(step > 0)) complain(fields, true);
-    else if (!(last < first)) complain(fields, false);
+    // An empty range is ordinary where the bounds cross; anything else is an input that can't be
+    // sampled.
+    if (!(step > 0))
+      complain(fields, true);
+    else if (!(last < first))
+      complain(fields, false);
     return range;
   }
   if (samples_ + count > kMaxSamples) {

@@ -1,5 +1,5 @@
-// The run's context: the one argument of a driver. It refers to a program's panel, record and sheet and to the ports to
-// the user, and owns nothing.
+// The run's context: the one argument of a driver. It refers to a program's panel, record and sheet
+// and to the ports to the user, and owns nothing.
 #pragma once
 
 #include <functional>
@@ -7,20 +7,21 @@
 #include <string_view>
 
 #include "numerics/sweep.hpp"
+#include "sheet/sheet_plot.hpp"
 #include "shell/dial_params.hpp"
 #include "shell/panel.hpp"
-#include "sheet/sheet_plot.hpp"
 
 namespace dialwright {
 
 // What a run asks of the face that started it. Each may be empty.
 struct Ports {
-  std::function<void(std::string_view)> message;             // a plain message box
-  std::function<void(bool)> hourglass;                       // the busy pointer on and off
+  std::function<void(std::string_view)> message;  // a plain message box
+  std::function<bool(std::string_view)> ask;      // a question with the answers Yes and No
+  std::function<void(bool)> hourglass;            // the busy pointer on and off
   std::function<void()> beep;
-  std::function<std::string(std::string_view)> translate;    // a text in the program's language
-  std::function<void(double)> progress;                      // samples taken so far
-  std::function<bool()> cancelled;                           // asked between curves
+  std::function<std::string(std::string_view)> translate;  // a text in the program's language
+  std::function<void(double)> progress;                    // samples taken so far
+  std::function<bool()> cancelled;                         // asked between curves
 };
 
 // The fields that a sweep's step and bound come from, named in the message when they can't be used.
@@ -56,10 +57,13 @@ class Run {
   void beep() const;
   void hourglass(bool busy) const;
 
-  // The counted loop from first to last by step. Empty, with one message for the whole run, when the step is not above
-  // zero or there would be more than two million samples; empty as well once the run has taken its share of samples,
-  // has stored its share of entities, or was cancelled.
+  // The counted loop from first to last by step. Empty, with one message for the whole run, when
+  // the step is not above zero or there would be more than two million samples; empty as well once
+  // the run has taken its share of samples, has stored its share of entities, or was cancelled.
   Sweep sweep(double first, double last, double step, SweepFields fields = {});
+
+  // The end of the run: tells when the sheet has taken no more.
+  void finish();
 
   bool refused() const { return refused_; }
   bool stopped() const { return stopped_; }

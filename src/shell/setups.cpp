@@ -14,28 +14,44 @@ using Texts = std::vector<FieldText>;
 
 // Fields that every dial has unless its row hides them.
 const Fields& commonFields() {
-  static const Fields kCommon = {
-      TxtStilo, txtDecl,       txtLON,      TxtFuso,       TxtHour,      txt_Definition, chkOreAstronomiche,
-      Ck_DayLightCurves,       ck_Equinoziale, ck_Etna,    ck_Italiche,  ck_babiloniche, ck_Lemniscate,
-      ck_Orizzonte,            ck_Sustilare, ck_Triangolo};
+  static const Fields kCommon = {TxtStilo,
+                                 txtDecl,
+                                 txtLON,
+                                 TxtFuso,
+                                 TxtHour,
+                                 txt_Definition,
+                                 chkOreAstronomiche,
+                                 Ck_DayLightCurves,
+                                 ck_Equinoziale,
+                                 ck_Etna,
+                                 ck_Italiche,
+                                 ck_babiloniche,
+                                 ck_Lemniscate,
+                                 ck_Orizzonte,
+                                 ck_Sustilare,
+                                 ck_Triangolo};
   return kCommon;
 }
 
 // Fields that no set-up hides.
-constexpr std::array kAlwaysShown = {txtLAT, x1txt, y1txt, x2txt, y2txt, ckFrame, ckAssi, ckSiderali};
+constexpr std::array kAlwaysShown = {txtLAT, x1txt,   y1txt,  x2txt,
+                                     y2txt,  ckFrame, ckAssi, ckSiderali};
 
 // Fields that come and go with another one.
 struct Companion {
   Field leader;
   Field follower;
 };
-constexpr std::array kCompanions = {Companion{txtReclinZ, OptZenital}, Companion{txtReclinZ, OptHorizontal},
-                                    Companion{txtReclinZ, FrameInclination}, Companion{Optconcave, OptConvex},
-                                    Companion{optX, Label1}};
+constexpr std::array kCompanions = {Companion{txtReclinZ, OptZenital},
+                                    Companion{txtReclinZ, OptHorizontal},
+                                    Companion{txtReclinZ, FrameInclination},
+                                    Companion{Optconcave, OptConvex}, Companion{optX, Label1}};
 
 // What all set-ups without a map disable.
 constexpr std::array kMapControls = {cmdStati, cmbStati, cmdPlot, ckStar, ckAssi};
 
+// The cornice dials draw whole hours in any case.
+const Fields kHoursFixed = {TxtHour, chkOreAstronomiche};
 const Texts kYearHalves = {{Optconcave, "22D-21J"}, {OptConvex, "22J-21D"}};
 const Texts kRadiusLabels = {
     {Lab_r2, "R2"}, {lblradius, "Radius"}, {Optconcave, "Concave"}, {OptConvex, "Convex"}};
@@ -58,12 +74,15 @@ SetUp cylinder(Item item, Fields shown, Fields hidden) {
 
 // A flat cornice dial.
 SetUp flatCornice(Item item) {
-  return {.item = item,
-          .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtLineofdeclination, txtNumbersize},
-          .hidden = {TxtStilo, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche, ck_Equinoziale, ck_Etna,
-                     ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
-          .texts = {{TxtRadius, "0.2"}, {txt_R2, "0"}, {TxtHour, "1"}},
-          .captions = {{lblLineofdeclination, "Border shade"}}};
+  return {
+      .item = item,
+      .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtLineofdeclination, txtNumbersize},
+      .hidden = {TxtStilo, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche,
+                 ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte,
+                 ck_Sustilare, ck_Triangolo},
+      .texts = {{TxtRadius, "0.2"}, {txt_R2, "0"}, {TxtHour, "1"}},
+      .captions = {{lblLineofdeclination, "Border shade"}},
+      .disabled = kHoursFixed};
 }
 
 std::vector<SetUp> makeSetUps() {
@@ -79,20 +98,27 @@ std::vector<SetUp> makeSetUps() {
       {.item = Item::M_nProiettivo, .shown = {txtReclinZ}, .hidden = {txt_Definition}},
       {.item = Item::M_Frinter, .hidden = {TxtFuso, txt_Definition}},
       {.item = Item::mnuVertSph,
-       .shown = {CheckL,    CkConic,   CkQibla,  Ck_Section,   Filtertxt, Optconcave, Option_P,
-                 TxtRadius, ckAlt,     ckArabi,  ckAsr,        ckAz,      ckFunction, ckRomani,
-                 ckStar,    ckTemp,    ckZodiaco, txtAO,       txtArabi,  txtDelta,   txtLineofdeclination,
-                 txtLocation, txtNumbersize, txtQlat, txtQlon, txtSid_h,  txtSid_m,   txtSid_s,
-                 txtZodiacsize, txt_R2},
+       .shown = {CheckL,      CkConic,       CkQibla,
+                 Ck_Section,  Filtertxt,     Optconcave,
+                 Option_P,    TxtRadius,     ckAlt,
+                 ckArabi,     ckAsr,         ckAz,
+                 ckFunction,  ckRomani,      ckStar,
+                 ckTemp,      ckZodiaco,     txtAO,
+                 txtArabi,    txtDelta,      txtLineofdeclination,
+                 txtLocation, txtNumbersize, txtQlat,
+                 txtQlon,     txtSid_h,      txtSid_m,
+                 txtSid_s,    txtZodiacsize, txt_R2},
        .texts = {{txt_R2, "-50"}, {TxtRadius, "60"}, {Filtertxt, "0.1"}},
        .captions = Texts{{Lab_r2, "East"}, {lblradius, "West"}, {ckAz, "Az"}} + kYearHalves,
        .tips = {{lblradius, "west longitude"}},
        .hasMap = true,
        .enabled = {ckSiderali}},
       {.item = Item::mnuUni,
-       .shown = {CkQibla,  Filtertxt, Option_P,  TxtRadius, ckAlt,    ckArabi,  ckAz,       ckFunction,
-                 ckRomani, ckTemp,    ckZodiaco, txtAO,     txtArabi, txtDelta, txtLineofdeclination,
-                 txtLocation, txtNumbersize, txtQlat, txtQlon, txtReclinZ, txtZodiacsize, txt_R2},
+       .shown = {CkQibla,       Filtertxt,     Option_P,   TxtRadius, ckAlt,
+                 ckArabi,       ckAz,          ckFunction, ckRomani,  ckTemp,
+                 ckZodiaco,     txtAO,         txtArabi,   txtDelta,  txtLineofdeclination,
+                 txtLocation,   txtNumbersize, txtQlat,    txtQlon,   txtReclinZ,
+                 txtZodiacsize, txt_R2},
        .hidden = {txt_Definition},
        .texts = {{txt_R2, "-50"}, {TxtRadius, "60"}, {txtD1, "0.3"}},
        .captions = {{Lab_r2, "East"}, {lblradius, "West"}},
@@ -100,9 +126,9 @@ std::vector<SetUp> makeSetUps() {
        .hasMap = true},
       {.item = Item::mnuDia,
        .shown = {TxtRadius, ckRomani, txtLineofdeclination, txtNumbersize, txtReclinZ},
-       .hidden = {TxtStilo, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche, Ck_DayLightCurves,
-                  ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare,
-                  ck_Triangolo},
+       .hidden = {TxtStilo, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche,
+                  Ck_DayLightCurves, ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche,
+                  ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
        .texts = {{TxtRadius, "0.4"}}},
       cylinder(Item::M_Param, {Ck_Section, Optconcave, TxtRadius},
                {TxtFuso, TxtHour, ck_Etna, ck_Lemniscate, ck_Sustilare}),
@@ -118,56 +144,68 @@ std::vector<SetUp> makeSetUps() {
       cylinder(Item::mnuCCs, {Ck_Section, Optconcave, TxtRadius, ckTemp, txtLineofdeclination},
                {TxtHour, txt_Definition}),
       {.item = Item::mnuChapeau,
-       .shown = {CheckL, Ck_Section, TxtRadius, ckArabi, ckRomani, ckTemp, txtArabi, txtLineofdeclination,
-                 txtNumbersize, txt_R2},
+       .shown = {CheckL, Ck_Section, TxtRadius, ckArabi, ckRomani, ckTemp, txtArabi,
+                 txtLineofdeclination, txtNumbersize, txt_R2},
        .hidden = {TxtStilo, txtDecl, TxtHour, txt_Definition},
        .texts = {{txt_R2, "0.4"}, {TxtRadius, ".14"}},
        .captions = Texts{{Lab_r2, "R2"}, {lblradius, "Radius"}} + kYearHalves,
        .enabled = {txtD1}},
       {.item = Item::mnuFontana_H3,
-       .shown = {TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtDelta, txtLineofdeclination, txtNumbersize,
-                 txt_R2},
+       .shown = {TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtDelta,
+                 txtLineofdeclination, txtNumbersize, txt_R2},
        .hidden = {TxtHour, txt_Definition},
-       .texts = {{TxtRadius, "0.3"}, {txt_R2, "0.3"}, {txtDecl, "0"}, {txtReclinZ, "0"}, {txtAO, "45"}},
+       .texts =
+           {{TxtRadius, "0.3"}, {txt_R2, "0.3"}, {txtDecl, "0"}, {txtReclinZ, "0"}, {txtAO, "45"}},
        .captions = {{p_Stilo, "Height"}, {lblradius, "Radius"}, {Lab_r2, "R2"}},
        .tips = {{lblradius, "upper radius"}, {Lab_r2, "radius of base"}}},
       {.item = Item::mnuBifvert,
        .shown = {TxtFine, TxtInizio, ckFunction, txtLineofdeclination, txtReclinZ},
        .hidden = {TxtHour, txt_Definition, ck_babiloniche, ck_Lemniscate}},
       {.item = Item::mnucatenaria,
-       .shown = {CkQibla, TxtFine, TxtInizio, TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtD1, txtDelta,
-                 txtLineofdeclination, txtLocation, txtNumbersize, txtQlat, txtQlon, txtV1},
+       .shown = {CkQibla, TxtFine, TxtInizio, TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi,
+                 txtD1, txtDelta, txtLineofdeclination, txtLocation, txtNumbersize, txtQlat,
+                 txtQlon, txtV1},
        .hidden = {TxtHour, txt_Definition},
        .texts = {{TxtRadius, "0.5"}, {TxtStilo, "0.2"}, {txtD1, "0.1"}, {txtV1, "0.25"}},
        .captions = {{lblradius, "Luce/2"}},
        .tips = {{lblradius, "half distance between the hanging points"}}},
       {.item = Item::mnuBall,
-       .shown = {TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtD1, txtDelta, txtLineofdeclination,
-                 txtNumbersize},
+       .shown = {TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtD1, txtDelta,
+                 txtLineofdeclination, txtNumbersize},
        .hidden = {TxtStilo, txtDecl, TxtHour, txt_Definition},
        .texts = {{TxtRadius, "0.1"}, {txtD1, "0.1"}, {txtDecl, "0"}, {txtReclinZ, "0"}}},
       {.item = Item::mnuBall_v,
-       .shown = {TxtFine, TxtInizio, TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi, txtDelta,
-                 txtLineofdeclination, txtNumbersize},
+       .shown = {TxtFine, TxtInizio, TxtRadius, ckArabi, ckRomani, ckTemp, txtAO, txtArabi,
+                 txtDelta, txtLineofdeclination, txtNumbersize},
        .hidden = {TxtStilo, TxtHour, txt_Definition},
        .texts = {{TxtRadius, "0.2"}, {txtReclinZ, "90"}}},
       {.item = Item::mnuCorncil,
-       .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtLineofdeclination, txtNumbersize},
-       .hidden = {TxtStilo, txtDecl, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche, ck_Equinoziale,
-                  ck_Etna, ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
+       .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtLineofdeclination,
+                 txtNumbersize},
+       .hidden = {TxtStilo, txtDecl, txtLON, TxtFuso, TxtHour, txt_Definition, chkOreAstronomiche,
+                  ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche, ck_Lemniscate, ck_Orizzonte,
+                  ck_Sustilare, ck_Triangolo},
        .texts = {{TxtRadius, "0.5"}, {txt_R2, "0.5"}, {TxtHour, "1"}},
-       .captions = {{lblLineofdeclination, "Border shade"}}},
+       .captions = {{lblLineofdeclination, "Border shade"}},
+       .disabled = kHoursFixed},
       {.item = Item::mnuCorncon,
-       .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtD1, txtLineofdeclination, txtNumbersize},
-       .hidden = {txtLON, TxtFuso, TxtHour, txt_Definition, ck_Equinoziale, ck_Etna, ck_Italiche, ck_babiloniche,
-                  ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
-       .texts = {{TxtRadius, "0.5"}, {TxtStilo, "0.3"}, {txt_R2, "0.45"}, {txtD1, "0.8"}, {TxtHour, "1"}},
-       .captions = {{lblLineofdeclination, "Border shade"}}},
+       .shown = {TxtRadius, ckArabi, ckRomani, txtAO, txtArabi, txtD1, txtLineofdeclination,
+                 txtNumbersize},
+       .hidden = {txtLON, TxtFuso, TxtHour, txt_Definition, ck_Equinoziale, ck_Etna, ck_Italiche,
+                  ck_babiloniche, ck_Lemniscate, ck_Orizzonte, ck_Sustilare, ck_Triangolo},
+       .texts = {{TxtRadius, "0.5"},
+                 {TxtStilo, "0.3"},
+                 {txt_R2, "0.45"},
+                 {txtD1, "0.8"},
+                 {TxtHour, "1"}},
+       .captions = {{lblLineofdeclination, "Border shade"}},
+       .disabled = kHoursFixed},
       flatCornice(Item::mnuCorn_flat),
       flatCornice(Item::mnuCorn_flat2),
       {.item = Item::mnuConoAntico,
        .shown = {ckArabi, ckTemp, txtArabi, txtSemi},
-       .hidden = {txtDecl, txtLON, TxtFuso, TxtHour, ck_Etna, ck_Lemniscate, ck_Sustilare, ck_Triangolo},
+       .hidden = {txtDecl, txtLON, TxtFuso, TxtHour, ck_Etna, ck_Lemniscate, ck_Sustilare,
+                  ck_Triangolo},
        .texts = {{txtDecl, "0"}, {TxtDate, "2.5"}},
        .tips = {{TxtDate, "It leghtens the scaphen"}}},
   };
@@ -180,7 +218,8 @@ bool contains(const Container& fields, Field field) {
 
 bool comesAndGoes(Field field) {
   const FieldKind kind = rowOf(field).kind;
-  const bool input = kind == FieldKind::Text || kind == FieldKind::Check || kind == FieldKind::Option;
+  const bool input =
+      kind == FieldKind::Text || kind == FieldKind::Check || kind == FieldKind::Option;
   return input && !contains(kAlwaysShown, field);
 }
 
@@ -214,14 +253,15 @@ void enableExtras(const SetUp& setUp, Panel& panel) {
   }
   panel[ckSiderali].enabled = false;
   for (const Field field : setUp.enabled) panel[field].enabled = true;
+  for (const Field field : setUp.disabled) panel[field].enabled = false;
 }
 
 }  // namespace
 
 const SetUp* findSetUp(Item item) {
   static const std::vector<SetUp> kSetUps = makeSetUps();
-  const auto found =
-      std::find_if(kSetUps.begin(), kSetUps.end(), [item](const SetUp& setUp) { return setUp.item == item; });
+  const auto found = std::find_if(kSetUps.begin(), kSetUps.end(),
+                                  [item](const SetUp& setUp) { return setUp.item == item; });
   return found == kSetUps.end() ? nullptr : &*found;
 }
 

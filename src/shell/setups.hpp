@@ -18,12 +18,14 @@ struct SetUp {
   std::vector<Field> shown{};   // besides the common fields
   std::vector<Field> hidden{};  // of the common fields
   std::vector<FieldText> texts{};
-  std::vector<FieldText> captions{};  // of labels, boxes and options; they go through the dictionary
+  std::vector<FieldText>
+      captions{};  // of labels, boxes and options; they go through the dictionary
   std::vector<FieldText> tips{};
-  bool convex = false;       // selects OptConvex
-  bool hasMap = false;       // enables the map's controls
-  bool keepsOthers = false;  // fields that the row does not name stay as they stood
-  std::vector<Field> enabled{};  // besides the shown fields
+  bool convex = false;            // selects OptConvex
+  bool hasMap = false;            // enables the map's controls
+  bool keepsOthers = false;       // fields that the row does not name stay as they stood
+  std::vector<Field> disabled{};  // of all fields
+  std::vector<Field> enabled{};   // besides the shown fields
 };
 
 // The set-up of a dial, or nullptr for the items that have none.

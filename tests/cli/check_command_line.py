@@ -88,7 +88,7 @@ def usage_errors():
                             (("run", "1", "nonsense"), "NAME=VALUE"), (("run", "1", "ckFrame=yes"), "1 or 0"),
                             (("run", "1", "lblAO=x"), "label"), (("run",), "ITEM"), (("run", "1", "-o", "-"), "--format"),
                             (("run", "1", "--size", "big"), "--size"), (("run", "1", "--size", "0x1"), "--size"),
-                            (("run", "1", "--scale", "1"), "1:5"), ((), "--help")):
+                            ((), "--help")):
         done = run(*arguments, status=2)
         expect(word in done.stderr, f"{arguments} should name {word}: {done.stderr}")
         expect(done.stdout == "", f"{arguments}: nothing on standard output")
@@ -150,6 +150,27 @@ def projects_and_settings():
     os.remove(os.path.join(FOLDER, "cfg", "dialwright.dat"))
 
 
+def paper():
+    run("run", "1", "-o", "a.pdf", "-o", "a.png", "-o", "a.bmp")
+    heads = {}
+    for name in ("a.pdf", "a.png", "a.bmp"):
+        with open(os.path.join(FOLDER, name), "rb") as file:
+            heads[name] = file.read(24)
+    expect(heads["a.pdf"].startswith(b"%PDF") and heads["a.bmp"].startswith(b"BM"), "PDF and BMP")
+    expect(heads["a.png"].startswith(b"\x89PNG") and int.from_bytes(heads["a.png"][16:20], "big") == 1505, "PNG at 1:5")
+    for arguments, count in ((("--page", "36", "--page", "35"), 2), ((), None), (("--all", "--colour"), None)):
+        run("pages", "1", *arguments, "-o", "p.pdf")
+        info = subprocess.run(["pdfinfo", os.path.join(FOLDER, "p.pdf")], capture_output=True, text=True).stdout
+        pages = int(re.search(r"Pages: +(\d+)", info)[1])
+        expect(pages == count if count else 1 < pages < 100, f"pages {arguments}: {pages}")
+    expect("1 to 100" in run("pages", "1", "--page", "101", "-o", "p.pdf", status=1).stderr, "a page that is not there")
+    bare = rows_of(run("run", "1", "-o", "-", "--format", "csv").stdout)
+    axes = rows_of(run("run", "1", "--press", "cmdAssi", "--press", "CmdGriglia", "-o", "-", "--format", "csv").stdout)
+    expect([r["layer"] for r in axes].count("AsseX") == 1 and len(axes) > len(bare) + 20, "the sheet's buttons")
+    moved = rows_of(run("run", "1", "--press", "txtX=0.5", "--press", "cmdAssiAgg", "-o", "-", "--format", "csv").stdout)
+    expect([r["x1"] for r in moved if r["layer"] == "AsseX"] == ["-0.5"], "the sheet's fields")
+
+
 def viewer():
     script = os.path.join(FOLDER, "viewer.sh")
     with open(script, "w") as file:
@@ -170,6 +191,7 @@ usage_errors()
 refusals_and_files()
 any_input()
 projects_and_settings()
+paper()
 viewer()
 for sentence in failures:
     print(sentence)

@@ -146,6 +146,10 @@ TEST(Numbers, AreTheNumericPrefixOfAText) {
   EXPECT_TRUE(std::isnan(numberOf("1e400"))) << "an overflow is a fault";
   EXPECT_TRUE(std::isnan(numberOf(std::string(400, '9'))));
   EXPECT_EQ(numberOf("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_TRUE(std::isnan(numberOf("0" + std::string(400, '9'))));
+  EXPECT_NEAR(numberOf("0." + std::string(400, '0') + "1e401"), 1, 1e-12);
+  EXPECT_EQ(numberOf("1e-99999999999999999999"), 0);
+  EXPECT_TRUE(std::isnan(numberOf("1e99999999999999999999")));
 }
 
 TEST(Numbers, AreWrittenPlainly) {

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <type_traits>
 
 #include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
@@ -87,6 +89,24 @@ class FlatWall : public DialCase {
       if (off < nearest.off) nearest = {hours, off};
     }
     return nearest;
+  }
+
+  // The order of the drawing: each kind of entity (L or P) with its palette number, where it first
+  // comes.
+  std::string order() const {
+    std::string all;
+    const auto note = [&all](char kind, Rgb colour) {
+      int number = 0;
+      while (number < 15 && palette(number) != colour) ++number;
+      const std::string entry = kind + std::to_string(number) + ' ';
+      if ((' ' + all).find(' ' + entry) == std::string::npos) all += entry;
+    };
+    sheet.list().visit([&note](const auto& record) {
+      using Record = std::decay_t<decltype(record)>;
+      if constexpr (std::is_same_v<Record, LineRecord>) note('L', record.colour);
+      if constexpr (std::is_same_v<Record, PointRecord>) note('P', record.colour);
+    });
+    return all;
   }
 
   // True when no fault has reached the list.

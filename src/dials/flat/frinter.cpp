@@ -3,6 +3,7 @@
 // turned. The wall's declination is counted the other way round here, and so is the turn.
 #include "dials/flat/frinter.hpp"
 
+#include <array>
 #include <cmath>
 
 #include "dials/flat/flat_setup.hpp"
@@ -23,19 +24,14 @@ constexpr double kCurveStep = 0.00012;   // metres: fine enough for points to ma
 constexpr double kEquatorStep = 0.0001;  // metres
 constexpr double kLineReach = 1;  // metres from the frame's origin to the ends of straight lines
 
-// A declination pair and its colour number, in the order in which the curves are drawn.
-struct Pair {
-  Declination conic;
-  double declination;
-  int colour;
-};
-constexpr Pair kPairs[] = {{Declination::Solstice, kSolstice, 12},
-                           {Declination::Twentieth, kTwentieth, 13},
-                           {Declination::Eleventh, kEleventh, 11}};
-
 class Drawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
+  explicit Drawing(Run& run)
+      : run_(run),
+        p_(run.params),
+        sheet_(run.sheet),
+        window_(run),
+        cones_(declinationCones(run.params, kSolsticeArcOnPlane)) {}
 
   void all();
 
@@ -59,6 +55,7 @@ class Drawing {
   DialParams& p_;
   SheetPlot& sheet_;
   Window window_;
+  std::array<DeclinationCone, 3> cones_;
   double SegnoLat_ = 1;
 };
 
@@ -106,8 +103,8 @@ void Drawing::ImpostaFrinter() {
   }
   assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
   assign(p_.IpotenusaStilo, over(p_.Stilo, std::sin(p_.ElevStilo)));
-  for (const Pair& pair : kPairs) {
-    setConic(p_.conic(pair.conic), p_.Stilo, p_.ElevStilo, coneOf(p_, pair.declination));
+  for (std::size_t i = 0; i < cones_.size(); ++i) {
+    setConic(p_.conics[i], p_.Stilo, p_.ElevStilo, cones_[i].K);
   }
 }
 
@@ -132,7 +129,7 @@ void Drawing::Ore() {
 
 // A wall that holds the axis: its hours are level lines, drawn between the solstices.
 void Drawing::hoursOfSideWallAtEquator() {
-  const double K = coneOf(p_, kSolstice);
+  const double K = p_.KSolstizio;
   Punto end;
   for (const double t : run_.sweep(-75, 75, p_.PassoOre, {.step = Field::TxtHour})) {
     assign(end.x, over(p_.Stilo, std::sqrt(K) * std::cos(p_.radians(t))));
@@ -149,8 +146,8 @@ void Drawing::DeclinazioniFrinter() {
   }
   const double sinS = std::sin(p_.Sustilare), cosS = std::cos(p_.Sustilare);
   for (const double x : run_.sweep(-kCurveReach, kCurveReach, kCurveStep)) {
-    for (const Pair& pair : kPairs) {
-      const ConicSet& k = p_.conic(pair.conic);
+    for (std::size_t i = 0; i < cones_.size(); ++i) {
+      const ConicSet& k = p_.conics[i];
       const double v = p_.DistPiedeCentro + x * sinS;
       const double a = cosS * cosS + k.A2 * sinS * sinS;
       const double b = cosS * (2 * v - 2 * k.A2 * sinS * x + k.A1);
@@ -158,8 +155,8 @@ void Drawing::DeclinazioniFrinter() {
       const double discriminant = b * b - 4 * a * c;
       if (!(discriminant >= 0)) continue;
       const double half = std::sqrt(discriminant);
-      dot(sheet_, {x, over(-b - half, 2 * a)}, palette(pair.colour));
-      dot(sheet_, {x, over(-b + half, 2 * a)}, palette(pair.colour));
+      dot(sheet_, {x, over(-b - half, 2 * a)}, cones_[i].colour);
+      dot(sheet_, {x, over(-b + half, 2 * a)}, cones_[i].colour);
     }
   }
 }
@@ -171,11 +168,11 @@ void Drawing::curvesAtEquator() {
   for (const double x : run_.sweep(-kLineReach, kLineReach, kEquatorStep)) {
     const double axial = x * sinD + p_.Stilo * cosD;
     const double level = x * cosD - p_.Stilo * sinD;
-    for (const Pair& pair : kPairs) {
-      const double w = coneOf(p_, pair.declination) * axial * axial - level * level;
+    for (const DeclinationCone& cone : cones_) {
+      const double w = cone.K * axial * axial - level * level;
       if (!(w >= 0)) continue;
-      dot(sheet_, {x, std::sqrt(w)}, palette(pair.colour));
-      dot(sheet_, {x, -std::sqrt(w)}, palette(pair.colour));
+      dot(sheet_, {x, std::sqrt(w)}, cone.colour);
+      dot(sheet_, {x, -std::sqrt(w)}, cone.colour);
     }
   }
 }

@@ -80,9 +80,9 @@ void Drawing::ImpostaNuovo() {
   assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
   assign(p_.OrarioSustilare, -arctan(over(std::tan(p_.Sustilare), std::sin(p_.ElevStilo))));
   assign(p_.DistPiedeCentro, N_ * std::tan(p_.ElevStilo));
-  setConic(p_.conic(Declination::Solstice), N_, p_.ElevStilo, p_.KSolstizio);
-  setConic(p_.conic(Declination::Twentieth), N_, p_.ElevStilo, p_.K20);
-  setConic(p_.conic(Declination::Eleventh), N_, p_.ElevStilo, p_.K11);
+  for (std::size_t i = 0; i < cones_.size(); ++i) {
+    setConic(p_.conics[i], N_, p_.ElevStilo, cones_[i].K);
+  }
   const double t = std::tan(p_.LatRad);
   setConic(p_.conic(Declination::Latitude), N_, p_.ElevStilo, t * t);
 }
@@ -101,8 +101,8 @@ void Drawing::mark(double p, double q, Rgb colour) {
   dot(sheet_, point_, colour);
 }
 
-// An hour angle (radians) from the hour at which the sun stands over the substyle. A wall that faces
-// away from the noon sun has that hour at the other end of the day from its tangent's.
+// An hour angle (radians) from the hour at which the sun stands over the substyle. A wall that
+// faces away from the noon sun has that hour at the other end of the day from its tangent's.
 double Drawing::hourFromSubstyle(double H) const {
   return p_.OrarioSustilare + H + (p_.ElevStilo < 0 ? p_.PiGreco : 0);
 }

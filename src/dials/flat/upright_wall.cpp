@@ -81,9 +81,10 @@ void constructConic(Run& run, const ConicSet& conic, const SubstyleTurn& turn, d
   dot(sheet, {p.PuntoRiferimentoX, p.PuntoRiferimentoY * side}, palette(15));
 
   const double half = firstVertex * root(radicand(conic, 0));
-  Punto first, second;
-  assign(first, turn(0, -conic.A1 / 2 + half));
-  assign(second, turn(0, -conic.A1 / 2 - half));
+  double v1 = 0, v2 = 0;
+  assign(v1, -conic.A1 / 2 + half);
+  assign(v2, -conic.A1 / 2 - half);
+  const Punto first = turn(0, v1), second = turn(0, v2);
   const auto produced = [tip](Punto vertex) {
     Punto end{0, 2 * vertex.y};
     assign(end.x, tip.x + over((vertex.x - tip.x) * (end.y - tip.y), vertex.y - tip.y));

@@ -71,7 +71,7 @@ class Drawing {
   void curvesAtEquator();
   void Analemma();
   std::vector<InkedPoint> yearOfNoons();
-  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v);
+  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic, double& v);
   void noonAtEquator(const SunOfDay& sun, InkedPoint& noon);
   void LineaEquinoziale();
   void LineaSustilare();
@@ -319,12 +319,13 @@ std::vector<InkedPoint> Drawing::yearOfNoons() {
   const double tilt = p_.radians(obliquity(47));
   std::vector<InkedPoint> year;
   InkedPoint noon;
+  ConicSet conic;
   double v = 0;
   for (const double L : run_.sweep(-80, 280, 360 / (kDaysOfYear * 4))) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     if (equator && facesPole) {
       noonAtEquator(sun, noon);
-    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, v)) {
+    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v)) {
       continue;
     }
     year.push_back(noon);
@@ -334,7 +335,8 @@ std::vector<InkedPoint> Drawing::yearOfNoons() {
 
 // The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
 // False when they don't meet.
-bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, double& v) {
+bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic,
+                           double& v) {
   const double d = sun.declination;
   const double t = std::tan(d);
   const double K = over(1, t * t);
@@ -344,7 +346,6 @@ bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, doub
   const double b0 = over(p_.Stilo, cosine) * std::tan(f);
   const double H2 = over(p_.Stilo, sine * cosine);
   const double den = sine * sine - K * cosine * cosine;
-  ConicSet conic;
   setConic(conic, p_.Stilo, p_.ElevStilo, K);
   const double aa = H2 * H2 + conic.A2 * b0 * b0;
   const double bb = (conic.A1 * H2 - 2 * conic.A2 * b0 * b0) * H2;
@@ -395,15 +396,13 @@ void Drawing::LineaEquinoziale() {
   }
   circle(sheet_, M, p_.Stilo / 100, palette(12));
   const double radius = over(p_.Stilo, std::cos(elevationByPosition()));
-  if (sound(radius)) {
-    const Punto N2 = gnomonicCentre();
-    circle(sheet_, N2, radius, palette(13));
-    circle(sheet_, N2, radius / 100, palette(12));
-    line(sheet_, M, N2, palette(12));
-  }
+  const Punto N2 = gnomonicCentre();
+  circle(sheet_, N2, radius, palette(13));
+  circle(sheet_, N2, radius / 100, palette(12));
+  line(sheet_, M, N2, palette(12));
   if (p_.LatGradi == 0 && p_.DeclGradi != 0) {
     const double X = over(p_.DistPiedeCentro, std::sin(p_.Sustilare));
-    if (sound(X)) sheet_.xLine(X, 0, X, 1, palette(9));
+    sheet_.xLine(X, 0, X, 1, palette(9));
   }
 }
 

@@ -451,9 +451,10 @@ void Drawing::FuochiConica() {
   setConic(conic, p_.Stilo, E, coneOf(p_, kSolstice));
   const SubstyleTurn turn(substyle(), p_.Stilo * std::tan(E));
   const double focus = root((conic.A1 * conic.A1 - 4 * conic.A0) * (1 - over(1, conic.A2))) / 2;
-  const auto mark = [&](double v, const char* name) {
-    Punto point;
-    assign(point, turn(0, v));
+  const auto mark = [&](double along, const char* name) {
+    double v = 0;
+    assign(v, along);
+    const Punto point = turn(0, v);
     dot(sheet_, point, palette(12));
     sheet_.Dati(name, point.x, -point.y);
   };

@@ -2,6 +2,7 @@
 // figure to 0.01 mm.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -10,6 +11,7 @@
 #include "dials/flat/inclinati.hpp"
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
+#include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
 #include "dials/flat/verticale_sferica.hpp"
 #include "support/flat_wall.hpp"
@@ -32,8 +34,8 @@ const Method kSpaceY{"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY};
 const Method kFormer{"3", Item::M_Proiettivo, DisegnaProiettivo};
 const Method kLatter{"4", Item::M_nProiettivo, DisegnaNuovoProiettivo};
 const Method kPlane{"5", Item::M_Frinter, DisegnaFrinter};
-
 const Method kSphere{"6", Item::mnuVertSph, DisegnaVerticale};
+const Method kUniversal{"7", Item::mnuUni, DisegnaUniversale};
 
 enum class Family { Hours, Curves, Equinoctial };
 
@@ -43,6 +45,10 @@ using Figures = std::map<int, std::vector<Spot>>;
 
 Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
   FlatWall wall(method.item, method.driver, site);
+  wall.set(Field::x1txt, "-1")
+      .set(Field::x2txt, "1")
+      .set(Field::y1txt, "1")
+      .set(Field::y2txt, "-1");
   if (method.variable != Field::None) wall.check(method.variable);
   wall.set(Field::txt_Definition, "1").set(Field::TxtInizio, "7").set(Field::TxtFine, "17");
   wall.check(family == Family::Hours    ? Field::chkOreAstronomiche
@@ -71,10 +77,8 @@ Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
   for (const PointRecord& p : wall.sheet.list().points) add(p.x, p.y, p.colour);
   for (const LineRecord& l : wall.sheet.list().lines) {
     if (family == Family::Curves) {
-      // In these colours lines may be the style's.
-      const double d = std::abs(wall.declination(l.x1, l.y1));
-      if (std::min(std::abs(d - kTwentieth), std::abs(d - kEleventh)) < 1e-3)
-        add(l.x1, l.y1, l.colour);
+      // A curve's short segments by an end; longer lines in these colours are the style's.
+      if (std::hypot(l.x2 - l.x1, l.y2 - l.y1) < 0.01) add(l.x1, l.y1, l.colour);
       continue;
     }
     for (const double part : {0.2, 0.7}) {
@@ -84,14 +88,14 @@ Figures figuresOf(const Method& method, const FlatSite& site, Family family) {
   return figures;
 }
 
-// From the line through a row's first spot and the one farthest from it.
-double distanceToLine(const std::vector<Spot>& row, Spot p) {
+// The line through a row's first spot and the one farthest from it, as a conic: its last three
+// coefficients.
+std::array<double, 6> lineThrough(const std::vector<Spot>& row) {
   const Spot a = row.front();
-  Spot b = a;
-  for (const Spot& s : row) {
-    if (sky::distance(a, s) > sky::distance(a, b)) b = s;
-  }
-  return std::abs((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / sky::distance(a, b);
+  const Spot b = *std::max_element(row.begin(), row.end(), [a](Spot s, Spot t) {
+    return sky::distance(a, s) < sky::distance(a, t);
+  });
+  return {0, 0, 0, a.y - b.y, b.x - a.x, a.x * b.y - b.x * a.y};
 }
 
 // The conic through five spots of a curve, as its six coefficients.
@@ -121,7 +125,7 @@ std::array<double, 6> conicThrough(const std::vector<Spot>& curve) {
   return conic;
 }
 
-double distanceToConic(const std::array<double, 6>& k, Spot p) {
+double distanceTo(const std::array<double, 6>& k, Spot p) {
   const std::array<double, 6> m = monomials(p);
   double value = 0;
   for (std::size_t i = 0; i < 6; ++i) value += k[i] * m[i];
@@ -141,11 +145,11 @@ void expectAgreement(const Method& a, const Method& b, const FlatSite& site, Fam
       continue;
     ++shared;
     const std::vector<Spot>& row = other->second;
-    const bool curve = family == Family::Curves;
-    const std::array<double, 6> conic = curve ? conicThrough(row) : std::array<double, 6>{};
+    const std::array<double, 6> shape =
+        family == Family::Curves ? conicThrough(row) : lineThrough(row);
     for (const Spot& s : spots) {
       if (std::hypot(s.x, s.y) > 1) continue;
-      ASSERT_LT(curve ? distanceToConic(conic, s) : distanceToLine(row, s), kAgreement) << key;
+      ASSERT_LT(distanceTo(shape, s), kAgreement) << key;
     }
   }
   EXPECT_GE(shared, least);
@@ -164,6 +168,8 @@ TEST(Agreement, VerticalWalls) {
     expectAll(kLatter, kPlane, site, 14);
     expectAll(kSpaceX, kPlane, site, 10);
     expectAll(kLight, kLatter, site, 14);
+    expectAll(kUniversal, kPlane, site, 14);
+    expectAll(kSphere, kUniversal, site, 13);
     expectAll(kSphere, kLight, site, 13);
   }
 }
@@ -175,6 +181,8 @@ TEST(Agreement, InclinedPlanes) {
     expectAll(kFormer, kSpaceX, site, 10);
     expectAll(kLatter, kSpaceY, site, 10);
     expectAll(kLatter, kFormer, site, 10);
+    expectAll(kUniversal, kLatter, site, 8);
+    expectAll(kUniversal, kSpaceX, site, 8);
   }
 }
 

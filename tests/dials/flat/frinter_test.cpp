@@ -191,6 +191,12 @@ TEST(Frinter, RefusalsAndThePole) {
   EXPECT_EQ(wall.sheet.caption(), "Vertical dial by 2D analytic geometry");
 }
 
+TEST(Frinter, FamiliesComeInOrder) {
+  FlatWall wall = dialOf(kSites[0]);
+  wall.checkEveryBox().run();
+  EXPECT_EQ(wall.order(), "L7 L12 L9 P12 P13 P11 L14 P6 P3 L2 L13 P15 ");
+}
+
 TEST(Frinter, TakesAnyInput) {
   for (const char* latitude : {"0", "90", "45", "1e300"}) {
     for (const char* declination : {"0", "180", "90", "-1e308"}) {

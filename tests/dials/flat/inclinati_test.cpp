@@ -246,6 +246,20 @@ TEST(Inclinati, RowsWithoutAHeightStayWhereTheyWere) {
     ASSERT_EQ(p.y, 0) << "level, where noon is upright";
 }
 
+TEST(Inclinati, FamiliesComeInOrder) {
+  for (const auto& [variable, order, caption] :
+       {std::tuple{Field::optX, "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 P14 ",
+                   "Reclining dial by 3D analytic geometry, variable X"},
+        {Field::optY, "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 ",
+         "Declining, reclining dial by 3D analytic geometry, variable y"}}) {
+    FlatWall wall = dialOf(kSites[1], variable);
+    wall.checkEveryBox().run();
+    EXPECT_EQ(wall.order(), order);
+    EXPECT_EQ(wall.sheet.caption(), caption);
+    EXPECT_FALSE(wall.refused);
+  }
+}
+
 TEST(Inclinati, TakesAnyInput) {
   for (const char* latitude : {"0", "90", "1e300", "x"}) {
     for (const char* reclination : {"0", "180", "45", "-1e308"}) {

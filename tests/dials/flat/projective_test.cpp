@@ -243,6 +243,19 @@ TEST(Projective, Refusals) {
   }
 }
 
+TEST(Projective, FamiliesComeInOrder) {
+  for (const auto& [version, order, caption] :
+       {std::tuple{Version::Former, "P12 L9 L13 L14 L8 P9 P7 P4 P13 P11 P14 L2 ",
+                   "Flat sundial by projective method : former version"},
+        {Version::Latter, "P9 P7 P12 L13 L9 L14 P13 P11 P14 L2 ",
+         "Flat sundial by projective method : latter version"}}) {
+    FlatWall wall = dialOf(kSites[1], version);
+    wall.checkEveryBox().run();
+    EXPECT_EQ(wall.order(), order);
+    EXPECT_EQ(wall.sheet.caption(), caption);
+  }
+}
+
 TEST(Projective, TakesAnyInput) {
   for (const Version version : {Version::Former, Version::Latter}) {
     for (const char* latitude : {"90", "45", "1e300"}) {

@@ -1,0 +1,93 @@
+// The bifilar frame's rows, numerals and site.
+#include "dials/bifilar/bifilar_frame.hpp"
+
+#include "dials/site.hpp"
+#include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
+
+namespace dialwright::bifilar {
+
+double Amount::in(const Run& run) const {
+  double number = 0;
+  if (field != Field::None) assign(number, run.number(field));
+  return number + value;
+}
+
+Sweep Range::in(Run& run) const {
+  SweepFields fields{.step = perHour ? Field::TxtHour : Field::None, .bound = last.field};
+  if (fields.bound == Field::None) fields.bound = first.field;
+  const double width = perHour ? over(step, run.number(Field::TxtHour)) : step;
+  return run.sweep(first.in(run), last.in(run), width, fields);
+}
+
+double hourAngle(const DialParams& p, HourRule rule, double t, double declination) {
+  const auto arc = [&] {
+    return semiDiurnalArcOrHalfTurn(p, cosineOfSemiArc(p.LatRad, declination));
+  };
+  const double turn = 2 * p.PiGreco;
+  switch (rule) {
+    case HourRule::Local: return p.radians(t);
+    case HourRule::Zone: return p.radians(t) - p.CorrFuso * p.UsaLongitudine;
+    case HourRule::Italian: return t * p.PiGreco / 12 + arc() - turn;
+    case HourRule::Babylonian: return t * p.PiGreco / 12 - arc() + p.PiGreco / 12;
+    case HourRule::Temporary: return arc() * (t / 6 - 1);
+    case HourRule::Sunrise: return -arc();
+    case HourRule::Sunset: return arc();
+  }
+  return kFault;
+}
+
+void Tracer::straightLine(double slope, Punto through, const Ink& ink) {
+  dip(ink);
+  const Sweep xs = run_.sweep(-1, 1, kStraightLineStep);
+  for (const double x : xs) {
+    assign(point_, {x, slope * (x - through.x) + through.y});
+    visit(point_, true, x == xs.first());
+  }
+}
+
+void numeral(Run& run, Punto at, int hour) {
+  const bool roman = run.on(Field::ckRomani);
+  if (roman && run.on(Field::ckArabi)) return;
+  if (roman) {
+    DisegnaNumeroRomano(run, at.x, at.y, run.params.PiGreco / 2, hour, 1);
+  } else {
+    DisegnaNumeroArabo(run, at.x, at.y, 90, hour, hour >= 10 ? 2 : 1);
+  }
+}
+
+bool refusesSouth(Run& run) {
+  const bool southern = run.number(Field::txtLAT) < 0;
+  if (southern) run.refuse(run.T(kSouthernMessage));
+  return southern;
+}
+
+void openRun(Run& run, std::string_view caption, void (*read)(Run&)) {
+  DisegnaCornice(run);
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T(caption));
+  read(run);
+  run.sheet.Dati("");
+}
+
+void readSite(Run& run) {
+  DialParams& p = run.params;
+  assign(p.LatGradi, run.number(Field::txtLAT));
+  p.LatRad = p.radians(p.LatGradi);
+  assign(p.LonGradi, run.number(Field::txtLON));
+  setLongitudeCorrections(run);
+  assign(p.Stilo, run.number(Field::TxtStilo));
+}
+
+Instant readInstant(const Run& run) {
+  const DialParams& p = run.params;
+  return {p.radians(Amount(Field::txtAO).in(run)), p.radians(Amount(Field::txtDelta).in(run))};
+}
+
+WallSky::WallSky(double latitude, double declination)
+    : sinLat_(std::sin(latitude)),
+      cosLat_(std::cos(latitude)),
+      sinWall_(std::sin(declination)),
+      cosWall_(std::cos(declination)) {}
+
+}  // namespace dialwright::bifilar
