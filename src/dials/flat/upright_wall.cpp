@@ -1,14 +1,15 @@
 // The shared hours and the conic of an upright wall.
 #include "dials/flat/upright_wall.hpp"
 
-#include <utility>
-
 #include "dials/flat/sky_curves.hpp"
 #include "dials/pen.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
 
+namespace {
+
+// The hour angle of the hour n, radians, for a semi-diurnal arc.
 double hourAngleOf(HourSystem system, double n, double arc, double PiGreco) {
   switch (system) {
     case HourSystem::Italic: return n * PiGreco / 12 + arc - 2 * PiGreco;
@@ -17,6 +18,8 @@ double hourAngleOf(HourSystem system, double n, double arc, double PiGreco) {
   }
   return kFault;
 }
+
+}  // namespace
 
 bool castHour(UprightShadow& shadow, const Angles& angles, HourSystem system, double n,
               const SolarDay& day) {

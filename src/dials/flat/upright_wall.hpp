@@ -64,11 +64,8 @@ class UprightShadow {
 
 enum class HourSystem { Italic, Babylonian, Temporary };
 
-// The hour angle of the hour n, radians, for a semi-diurnal arc.
-double hourAngleOf(HourSystem system, double n, double arc, double PiGreco);
-
-// The shadow of an hour of a system on a day; false where the sun does not rise and set or stands
-// behind the wall. Below the horizon the point lies above the foot.
+// The shadow of the hour n of a system on a day; false where the sun does not rise and set or
+// stands behind the wall. Below the horizon the point lies above the foot.
 bool castHour(UprightShadow& shadow, const Angles& angles, HourSystem system, double n,
               const SolarDay& day);
 
