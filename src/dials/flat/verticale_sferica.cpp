@@ -36,9 +36,9 @@ constexpr double kInner = 11.47464;
 
 // A curve of one declination of the sun. A step of 0 stands for ten times PassoCurva.
 struct DayCurve {
-  double declination;
-  int colour;
-  const char* layer;
+  double declination = 0;
+  int colour = 0;
+  const char* layer = "";
   double step = 0;
 };
 constexpr std::array<DayCurve, 3> kSummer = {
