@@ -8,7 +8,11 @@
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
+#include "dials/cylindrical/parabolico.hpp"
+#include "dials/cylindrical/parametrico.hpp"
+#include "dials/cylindrical/proiettivo.hpp"
 #include "dials/cylindrical/sferico.hpp"
+#include "dials/cylindrical/tridimensionale.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -17,6 +21,10 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::M_CILINDRICI, QuadranteCilindrico3D},
+    DriverRow{Item::M_Parabolico, QuadranteParabolico},
+    DriverRow{Item::M_Param, QuadranteCilindricoParam},
+    DriverRow{Item::mnuCircp, QuadranteProiettivo},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
