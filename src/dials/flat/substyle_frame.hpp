@@ -83,13 +83,15 @@ inline double hourLineOrdinate(const DialParams& p, double style, double tangent
 }
 
 // A line of italic (side -1) or babylonian (side +1) hours: the tangent to the latitude's conic from the hour B of the
-// equinoctial, radians from the substyle. Unlike the slope of a tangent it passes B = a quarter turn, and a conic that
-// is a parabola, without a jump.
+// equinoctial, radians from the substyle's hour, which is that of the plane's back where the elevation is negative.
+// Unlike the slope of a tangent it passes B = a quarter turn, and a conic that is a parabola, without a jump.
 struct OldHourLine {
-  OldHourLine(double latitude, double style, double elevation, double B, double side)
-      : u_(side * std::cos(latitude) * std::cos(B)),
-        v_(std::sin(latitude) * std::cos(elevation) - side * std::cos(latitude) * std::sin(elevation) * std::sin(B)),
-        free_(side * std::cos(latitude) * over(style, std::cos(elevation)) * std::sin(B)) {}
+  OldHourLine(double latitude, double style, double elevation, double B, double side) {
+    const double k = (elevation < 0 ? -side : side) * std::cos(latitude);
+    u_ = k * std::cos(B);
+    v_ = std::sin(latitude) * std::cos(elevation) - k * std::sin(elevation) * std::sin(B);
+    free_ = k * over(style, std::cos(elevation)) * std::sin(B);
+  }
 
   // The ordinate in the substyle's frame at u.
   double at(double u) const { return over(u_ * u - free_, v_); }
