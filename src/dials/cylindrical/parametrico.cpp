@@ -90,7 +90,7 @@ void Drawing::touch(double theta) {
   assign(p_.OrarioSustilare,
          -arctan(over(std::tan(p_.Sustilare), std::cos(p_.LatRad) * std::cos(theta))));
   assign(across_, toCentre * std::sin(a));
-  assign(x_, signedRadius_ == 0 ? kFault : -signedRadius_ * a);
+  assign(x_, -signedRadius_ * a);
 }
 
 template <class Sample>

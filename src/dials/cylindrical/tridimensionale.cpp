@@ -145,8 +145,8 @@ void Drawing::Cil3DDeclinazioni() {
 }
 
 void Drawing::Cil3DEquinoziale() {
-  Place place;
   if (p_.LatRad == 0) return;
+  Place place;
   trace(place, 9, [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
 }
 

@@ -98,6 +98,28 @@ TEST(ProjectedCylinder, TheAnalemmaIsTheZonesNoon) {
   }
 }
 
+// Inside, from a tip beyond the axis, rays that meet the half of the cylinder behind the axis come
+// out on the near half of the same abscissa.
+TEST(ProjectedCylinder, ATipBeyondTheAxisThrowsTheFarHalfOnTheNearOne) {
+  const DottedWall wall{45.7438, -14.57, 0.4, 0.6, false};
+  Dial dial(wall);
+  const auto hours = hoursButNoon(wall.latitude, 7.5);
+  const auto miss = [&](sky::Spot spot) {
+    const sky::Vec sun = dial.sunOf(spot);
+    double least = 2;
+    for (const sky::Vec& plane : hours) least = std::min(least, std::abs(sky::dot(plane, sun)));
+    return least;
+  };
+  std::size_t far = 0;
+  for (const sky::Spot spot : dial.dots({Field::chkOreAstronomiche}, 7)) {
+    if (miss(spot) < Dial::kMiss) continue;
+    ++far;
+    const double round = std::copysign(std::numbers::pi * wall.radius, spot.x);
+    ASSERT_LT(miss({round - spot.x, spot.y}), 1e-7);
+  }
+  EXPECT_GT(far, 100u);
+}
+
 TEST(ProjectedCylinder, ARunDrawsItsFamiliesInOrder) {
   Dial dial;
   for (const Field box :
