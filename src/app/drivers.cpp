@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -13,6 +14,10 @@
 #include "dials/cylindrical/proiettivo.hpp"
 #include "dials/cylindrical/sferico.hpp"
 #include "dials/cylindrical/tridimensionale.hpp"
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -25,11 +30,16 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Parabolico, QuadranteParabolico},
     DriverRow{Item::M_Param, QuadranteCilindricoParam},
     DriverRow{Item::mnuCircp, QuadranteProiettivo},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
