@@ -1,10 +1,7 @@
-// Tests of programs 38 and 39, the cornice dials of a disc above a wall, and of what all cornice
-// dials refuse and endure.
+// Tests of programs 38 and 39: the cornice dials of a disc above a wall.
 #include "dials/cornice/cornice_piana.hpp"
 
 #include "border_model.hpp"
-#include "dials/cornice/cornice_cilindrica.hpp"
-#include "dials/cornice/cornice_conica.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
@@ -142,36 +139,6 @@ TEST(FlatCornice, DrawsAndTellsTheDisc) {
   Disc edgeOn(true, 90, {Field::Ck_DayLightCurves});
   edgeOn.run();
   EXPECT_EQ(edgeOn.sheet.list().lines.size(), 2u);  // the disc's trace and the level line
-}
-
-TEST(CorniceDials, RefuseTheSouthAndEndureAnyInput) {
-  const std::pair<Item, Driver> dials[] = {{Item::mnuCorncil, DisegnaCorniceCilindrica},
-                                           {Item::mnuCorncon, DisegnaCorniceConica},
-                                           {Item::mnuCorn_flat, DisegnaCornicePianaEst},
-                                           {Item::mnuCorn_flat2, DisegnaCornicePianaInt}};
-  constexpr Field kFields[] = {Field::txtLAT,  Field::TxtRadius, Field::txt_R2,
-                               Field::txtD1,   Field::TxtStilo,  Field::txtLineofdeclination,
-                               Field::txtAO,   Field::txtDecl,   Field::txt_Definition,
-                               Field::txtArabi};
-  for (const auto& [item, driver] : dials) {
-    DialCase south(item, driver);
-    south.set(Field::txtLAT, "-1").run();
-    EXPECT_TRUE(south.refused && south.entities() == 0 && !south.busy);
-    EXPECT_EQ(south.messages.at(0), "Sorry, unable to work in the Southern hemisphere ");
-    for (const Field field : kFields) {
-      for (const char* text : {"0", "-1", "1e-9", "1e300", "1e999", "abc"}) {
-        DialCase dial(item, driver);
-        dial.panel.setState(Field::ckFunction, true);
-        dial.panel.setState(Field::ckArabi, true);
-        dial.set(field, text).run();
-        EXPECT_FALSE(dial.busy);
-        bool finite = true;
-        for (const LineRecord& r : dial.sheet.list().lines)
-          finite = finite && std::isfinite(r.x1 + r.y1 + r.x2 + r.y2);
-        EXPECT_TRUE(finite) << rowOf(field).name << "=" << text;
-      }
-    }
-  }
 }
 
 }  // namespace
