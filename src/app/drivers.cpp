@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "dials/flat/universale.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -12,6 +13,10 @@
 #include "dials/cornice/cornice_piana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
 
 namespace dialwright {
@@ -20,6 +25,12 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
@@ -29,6 +40,7 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuCorn_flat2, DisegnaCornicePianaInt},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};
