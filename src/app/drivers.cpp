@@ -38,8 +38,6 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuCorncon, DisegnaCorniceConica},
     DriverRow{Item::mnuCorn_flat, DisegnaCornicePianaEst},
     DriverRow{Item::mnuCorn_flat2, DisegnaCornicePianaInt},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 

@@ -11,6 +11,8 @@
 #include <set>
 #include <vector>
 
+#include "lettering/roman.hpp"
+#include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
 #include "support/sky.hpp"
 
@@ -122,6 +124,44 @@ Found examine(const std::vector<LineRecord>& lines, const Border& border, Place 
     }
   }
   return found;
+}
+
+// Runs a dial with numerals so small that they are points: they run from 5 to 12 and from 12 to 7,
+// with noon twice or not at all, each where the border's point of its hour throws its shadow.
+template <class Place>
+void expectNumerals(DialCase& dial, const Border& border, Place place, double day, bool noon) {
+  const auto isStroke = [](const LineRecord& line) {
+    return line.colour == palette(7) && std::hypot(line.x2 - line.x1, line.y2 - line.y1) < 1e-7;
+  };
+  dial.sheet.QuadranteH(15);
+  dial.sheet.QuadranteL(15);
+  dial.sheet.ShiftX(7.5);
+  dial.sheet.ShiftY(7.5);
+  dial.set(Field::txtNumbersize, "1e-9").set(Field::txtLineofdeclination, textOf(day));
+  dial.check(Field::ckRomani).run();
+  std::vector<LineRecord> drawn = dial.sheet.list().lines;
+  std::erase_if(drawn, [&](const LineRecord& line) { return !isStroke(line); });
+
+  std::size_t next = 0;
+  for (const double side : {-1.0, 1.0}) {
+    for (int k = 0; k < 8; ++k) {
+      const double t = 15 * (side < 0 ? k - 7 : k);
+      if (t == 0 && !noon) continue;
+      SCOPED_TRACE(t);
+      Ports ports;
+      SheetPlot sheet;
+      Run run(dial.panel, dial.params, sheet, ports);
+      const int hour = static_cast<int>(std::lround(t / 15 + (t > 0 ? 0 : 12)));
+      DisegnaNumeroRomano(run, 0, 0, dial.params.PiGreco / 2, hour, 1);
+      for (std::size_t i = 0; i < sheet.list().lines.size(); ++i, ++next) {
+        ASSERT_LT(next, drawn.size());
+        const sky::Vec spot = place({drawn[next].x1, -drawn[next].y1});
+        EXPECT_LT(border.miss(spot, {t, day}), 5e-9);
+      }
+    }
+  }
+  EXPECT_EQ(next, drawn.size());
+  EXPECT_EQ(dial.pointsIn(palette(4)).size(), noon ? 8u : 7u);
 }
 
 inline std::set<int> hoursFrom(int first, int last) {

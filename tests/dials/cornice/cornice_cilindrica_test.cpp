@@ -2,7 +2,6 @@
 #include "dials/cornice/cornice_cilindrica.hpp"
 
 #include "border_model.hpp"
-#include "numerics/numbers.hpp"
 
 namespace dialwright {
 namespace {
@@ -85,6 +84,14 @@ TEST(CylindricalCornice, WritesTheWindowAndABorderThatFitsBack) {
   EXPECT_EQ(dial.sheet.list().boxes[0].y2, 0.9);
 }
 
+TEST(CylindricalCornice, NumeralsStandAtTheirHours) {
+  for (const double border : {0.5, 0.4}) {
+    Cylinder dial(45.7438, border);
+    expectNumerals(
+        dial, dial.border_, [&](sky::Spot at) { return dial.roll(at); }, 12, border < 0.5);
+  }
+}
+
 TEST(CylindricalCornice, NumeralsNeedNoSunAndLeaveNoonOutOnTheSurface) {
   const auto dots = [](double border) {
     Cylinder dial(45.7438, border, {Field::ckArabi, Field::Ck_DayLightCurves});
@@ -95,7 +102,8 @@ TEST(CylindricalCornice, NumeralsNeedNoSunAndLeaveNoonOutOnTheSurface) {
   EXPECT_EQ(dots(0.5).size(), 7u);
   const auto seven = dots(0.45);
   ASSERT_EQ(seven.size(), 8u);
-  EXPECT_LT(seven.back().y, 0);  // above the border's level: the sun is down
+  EXPECT_LT(seven.front().x, 0);  // the afternoon's noon stands in the West
+  EXPECT_LT(seven.back().y, 0);   // above the border's level: the sun is down
 }
 
 TEST(CylindricalCornice, DrawsAndTellsTheCylinder) {

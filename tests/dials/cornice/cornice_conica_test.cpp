@@ -2,7 +2,6 @@
 #include "dials/cornice/cornice_conica.hpp"
 
 #include "border_model.hpp"
-#include "numerics/numbers.hpp"
 
 namespace dialwright {
 namespace {
@@ -95,6 +94,12 @@ TEST(ConicalCornice, BordersShadowGoesRoundTheCone) {
   EXPECT_EQ(Cone().run().linesOf("ombra2").size(), 0u);
 }
 
+TEST(ConicalCornice, NumeralsStandAtTheirHours) {
+  Cone dial;
+  expectNumerals(
+      dial, dial.border_, [&](sky::Spot at) { return dial.roll(at); }, -5, true);
+}
+
 TEST(ConicalCornice, OutlineIsTheConesDevelopment) {
   Cone dial;
   dial.run();
@@ -111,6 +116,7 @@ TEST(ConicalCornice, OutlineIsTheConesDevelopment) {
   expectArc("basealta", 0.5);
   expectArc("basebassa", 0.3);
   const auto& lines = dial.sheet.list().lines;
+  ASSERT_GE(lines.size(), 4u);
   for (std::size_t i = 0; i < 4; ++i) {  // radial lines from base to base
     const LineRecord& line = lines[lines.size() - 4 + i];
     const sky::Vec top = dial.roll({line.x1, -line.y1}), bottom = dial.roll({line.x2, -line.y2});

@@ -2,7 +2,6 @@
 #include "dials/cornice/cornice_piana.hpp"
 
 #include "border_model.hpp"
-#include "numerics/numbers.hpp"
 
 namespace dialwright {
 namespace {
@@ -100,6 +99,16 @@ TEST(FlatCornice, BordersShadowIsARowOfDotsWithItsChord) {
     for (const PointRecord& at : dots)
       EXPECT_NEAR(dial.border_.passes(dial.stand({at.x, -at.y}), {32.5, 10}), 0, 1e-8);
     EXPECT_EQ(dial.linesIn(palette(5))[0].x1, dots[0].x);
+  }
+}
+
+TEST(FlatCornice, NumeralsStandAtTheirHours) {
+  for (const bool next : {false, true}) {
+    for (const double distance : {0.0, 0.2}) {
+      Disc dial(next, 20, {}, 45.7438, distance);
+      expectNumerals(
+          dial, dial.border_, [&](sky::Spot at) { return dial.stand(at); }, -5, distance < 0.2);
+    }
   }
 }
 
