@@ -24,7 +24,7 @@ constexpr BorderArc kBorder[] = {{Half::Afternoon, -1, 1, 11, "ombra2"},
                                  {Half::Morning, 1, 3, 13, "xombra"}};
 
 // The cone and its development. A cone that doesn't narrow has no vertex: what is measured from it
-// is a fault, and what that stands in is left out.
+// is a fault, and what that stands in is left out; no ray is followed to it.
 class Cono final : public Surface {
  public:
   explicit Cono(const Run& run);
@@ -64,7 +64,8 @@ Cono::Cono(const Run& run)
   AmpiezzaUtile = (PiGreco / 2) * sine;
 }
 
-// The hours next to noon and past six reach round to the southern half of the border.
+// Hours before noon in the afternoon's family, and after it in the morning's, have their point on
+// the southern half of the border.
 double Cono::edgeAngle(double theta, double t, Half half) const {
   const bool east = std::sin(theta) >= 0;
   if (half == Half::Afternoon) return east && t < 90 ? theta - PiGreco : theta;
@@ -72,7 +73,7 @@ double Cono::edgeAngle(double theta, double t, Half half) const {
 }
 
 bool Cono::meet(Light& light, const Vettore& edge, const Vettore& ray, Half half) const {
-  if (!RaggioCono(light.way, edge, ray)) return false;
+  if (!sound(element(Rm)) || !RaggioCono(light.way, edge, ray)) return false;
   light.travel(edge, ray);
   SviluppoCono(light, half);
   return true;

@@ -20,7 +20,8 @@ struct Arc {
   double start, end;
 };
 
-struct Program {
+// What sets the two dials apart.
+struct Version {
   double side;  // of the disc: -1 away from the wall, +1 next to it
   std::array<DayLine, 2> days;
   std::array<HourLines, 2> hours;  // the step of the declination is the panel's
@@ -30,15 +31,15 @@ struct Program {
 };
 
 constexpr Arc outerPlan(double pi, double D) {
-  const double start = D > 0 ? 2 * pi - D : -D;
+  const double start = D > 0 ? 2 * pi - D : 0 - D;
   return {start, pi - D};
 }
 
 // On a wall that looks due South the end is 0: the whole circle is drawn.
-constexpr Arc innerPlan(double pi, double D) { return {pi - D, D > 0 ? 2 * pi - D : -D}; }
+constexpr Arc innerPlan(double pi, double D) { return {pi - D, D > 0 ? 2 * pi - D : 0 - D}; }
 
 // The second line of the day has the first one's start: it is drawn from its first sample on.
-constexpr Program kEst = {
+constexpr Version kEst = {
     -1,
     {{{Half::Morning, -105, -0.001, 0.01, -105, 4, "daylight1"},
       {Half::Afternoon, 0.001, 105, 0.01, -105, 4, "daylight2"}}},
@@ -46,7 +47,7 @@ constexpr Program kEst = {
     outerPlan,
     false,
     4};
-constexpr Program kInt = {
+constexpr Version kInt = {
     +1,
     {{{Half::Morning, -105, -0.001, 0.01, -105, 4, "daylight1"},
       {Half::Afternoon, 0.001, 105, 0.01, 0.001, 4, "daylight2"}}},
@@ -70,6 +71,7 @@ class Parete final : public Surface {
   Vettore edge(double theta) const override { return PuntoDisco(theta); }
 
   bool meet(Light& light, const Vettore& edge, const Vettore& ray, Half) const override {
+    if (!sound(slope_)) return false;
     RaggioPiano(light, edge, ray);
     return true;
   }
@@ -78,11 +80,10 @@ class Parete final : public Surface {
     return light.point.y < 0 && window_.holds(light.point);
   }
 
-  // Where the diameter along the wall, carried down square to the meridian, has its ends: to the
-  // left and to the right of the origin.
+  // Where the two noon lines stand: the disc's ends in the West and the East, carried North.
   double markLeft() const { return -a_ * (over(1, cosine_) + slope_); }
   double markRight() const { return a_ * (over(1, cosine_) - slope_); }
-  // Width of the disc as its diameter from East to West falls on the wall.
+  // The distance between them.
   double projection() const { return over(2 * a_, cosine_); }
 
  private:
@@ -127,11 +128,11 @@ void shadowOfDisc(Run& run, Cornice& dial) {
   if (first && last) line(run.sheet, *first, *last, palette(5));
 }
 
-void drawDisc(Run& run, const Program& program, const Parete& wall, double a, double r2) {
+void drawDisc(Run& run, const Version& version, const Parete& wall, double a, double r2) {
   SheetPlot& sheet = run.sheet;
   const double pi = run.params.PiGreco;
   const double D = run.params.DeclRad;
-  const Arc arc = program.plan(pi, D);
+  const Arc arc = version.plan(pi, D);
   sheet.xCircle(0, -(a + r2), a, palette(15), {.startAngle = arc.start, .endAngle = arc.end});
   const double sine = std::sin(D), cosine = std::cos(D);
   sheet.xLine(a * cosine, a * sine - a - r2, -a * cosine, -(a * sine + a + r2), palette(5));
@@ -140,22 +141,22 @@ void drawDisc(Run& run, const Program& program, const Parete& wall, double a, do
     sheet.xCircle(x, 0, a / 50, palette(7), {.fill = palette(5), .endAngle = pi});
 }
 
-void tellDisc(Run& run, const Program& program, const Parete& wall, double a, double r2) {
+void tellDisc(Run& run, const Version& version, const Parete& wall, double a, double r2) {
   const DialParams& p = run.params;
   std::vector<ReportLine> lines = {{"FLAT VERTICAL DAM DIAL "},
                                    {"latitude ", p.LatGradi, " °"},
                                    {"r2 ", r2},
                                    {"radius of border ", a}};
-  if (program.tellsWall) {
+  if (version.tellsWall) {
     const double H = p.degrees(hourOfTangentPoint(p));
     lines.insert(lines.end(), {{"declination ", p.DeclGradi},
                                {"projection ", wall.projection(), {}, 5},
                                {"hour angle of the tangent point ", H},
                                {"hour of the tangent point ", 12 + H / 15}});
   }
-  lines.insert(lines.end(), {{"circumference ", 2 * p.PiGreco * a, {}, program.decimals},
+  lines.insert(lines.end(), {{"circumference ", 2 * p.PiGreco * a, {}, version.decimals},
                              {"useful arc ", 180, " °"},
-                             {"lenght of the useful arc ", p.PiGreco * a, {}, program.decimals}});
+                             {"lenght of the useful arc ", p.PiGreco * a, {}, version.decimals}});
   report(run, lines);
   reportOptions(run);
 }
@@ -166,7 +167,7 @@ void tellCaption(Run& run, double r2) {
   if (r2 != 0) run.sheet.Messaggio(run.T("THE WHOLE CIRCLE IS NOT TANGENT!!!!"));
 }
 
-void draw(Run& run, const Program& program) {
+void draw(Run& run, const Version& version) {
   DialParams& p = run.params;
   const double a = numberOr0(run, Field::TxtRadius);
   const double r2 = numberOr0(run, Field::txt_R2);
@@ -175,19 +176,19 @@ void draw(Run& run, const Program& program) {
   run.hourglass(true);
   DisegnaCornice(run);
 
-  const Parete wall(run, program.side, a, r2);
+  const Parete wall(run, version.side, a, r2);
   Cornice dial(run, wall, Cornice::kAllDays);
   if (run.on(Field::Ck_DayLightCurves)) {
-    for (const DayLine& line : program.days) dial.dayLine(line);
+    for (const DayLine& line : version.days) dial.dayLine(line);
   }
-  for (HourLines lines : program.hours) {
+  for (HourLines lines : version.hours) {
     lines.declinationStep = 0.02 * p.PassoCurva / 10;
     dial.hourLines(lines, Field::txt_Definition);
   }
   dial.numerals(r2 < a);
   if (run.on(Field::ckFunction)) shadowOfDisc(run, dial);
-  drawDisc(run, program, wall, a, r2);
-  tellDisc(run, program, wall, a, r2);
+  drawDisc(run, version, wall, a, r2);
+  tellDisc(run, version, wall, a, r2);
   run.hourglass(false);
 }
 

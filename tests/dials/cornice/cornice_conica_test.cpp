@@ -142,7 +142,7 @@ TEST(ConicalCornice, TellsTheConeAndEndsWithoutAVertex) {
   ASSERT_EQ(dial.sheet.list().circles.size(), 9u);
   EXPECT_EQ(dial.sheet.list().circles[1].startAngle, -dial.params.DeclRad);
 
-  Cone straight(45.7438, {Field::Ck_DayLightCurves, Field::ckFunction}, 0.5);
+  Cone straight(45.7438, {Field::Ck_DayLightCurves, Field::ckFunction, Field::ckArabi}, 0.5);
   straight.run();
   EXPECT_TRUE(straight.sheet.list().lines.empty());
   EXPECT_EQ(straight.sheet.list().circles.size(), 4u);

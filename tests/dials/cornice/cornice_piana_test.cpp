@@ -145,7 +145,7 @@ TEST(FlatCornice, DrawsAndTellsTheDisc) {
   EXPECT_NE(apart.told().find("declination -14.57|projection 0.41329|"), std::string::npos);
   EXPECT_NE(apart.told().find("circumference 1.25664|"), std::string::npos);
 
-  Disc edgeOn(true, 90, {Field::Ck_DayLightCurves});
+  Disc edgeOn(true, 90, {Field::Ck_DayLightCurves, Field::ckFunction, Field::ckArabi});
   edgeOn.run();
   EXPECT_EQ(edgeOn.sheet.list().lines.size(), 2u);  // the disc's trace and the level line
 }
