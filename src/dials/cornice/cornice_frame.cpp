@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "dials/site.hpp"
 #include "lettering/arabic.hpp"
@@ -85,14 +86,17 @@ void Cornice::visit(const Vettore& ray, Half half, bool draws) {
 
 void Cornice::hourLines(const HourLines& lines, Field step) {
   pen_.dip({palette(lines.colour), run_.sheet.layer(lines.layer)});
+  std::vector<Trig> suns;  // of the days, which are the same for all hours
   for (const double t : run_.sweep(lines.first, lines.last, kHour)) {
     placeEdge(t, lines.half);
     const Trig hour(p_.radians(t));
     const Sweep days = run_.sweep(-kSolstice, kSolstice, lines.declinationStep, {.step = step});
-    for (const double declination : days) {
-      const Vettore ray = VettoreSole(latitude_, hour, Trig(p_.radians(declination)));
-      visit(ray, lines.half, declination > days.first());
+    if (suns.empty()) {
+      for (const double declination : days) suns.emplace_back(p_.radians(declination));
     }
+    auto sun = suns.begin();
+    for (const double declination : days)
+      visit(VettoreSole(latitude_, hour, *sun++), lines.half, declination > days.first());
   }
 }
 

@@ -56,6 +56,7 @@ bool plusRoot(double& way, double A, double B, double C);
 // What the border's shadow falls on.
 class Surface {
  public:
+  virtual ~Surface() = default;
   // The border's point at an angle.
   virtual Vettore edge(double theta) const = 0;
   // The angle of an hour's point of the border when the border reaches further round; t in degrees.
@@ -64,9 +65,6 @@ class Surface {
   virtual bool meet(Light& light, const Vettore& edge, const Vettore& ray, Half half) const = 0;
   // True for a point that belongs to the drawing.
   virtual bool keeps(const Light& light) const = 0;
-
- protected:
-  ~Surface() = default;
 };
 
 // Lines of whole hours through the days of the year; degrees.
