@@ -164,10 +164,4 @@ void expectNumerals(DialCase& dial, const Border& border, Place place, double da
   EXPECT_EQ(dial.pointsIn(palette(4)).size(), noon ? 8u : 7u);
 }
 
-inline std::set<int> hoursFrom(int first, int last) {
-  std::set<int> hours;
-  for (int t = first; t <= last; t += 15) hours.insert(t);
-  return hours;
-}
-
 }  // namespace dialwright

@@ -91,6 +91,9 @@ TEST(ConicalCornice, BordersShadowGoesRoundTheCone) {
       EXPECT_NEAR(dial.border_.passes(dial.roll({line.x1, -line.y1}), {32.5, 10}), 0, 1e-8);
     }
   }
+  // The southern half is drawn both ways; one of them leads off the development.
+  EXPECT_GT(dial.linesOf("ombra").size(), dial.onDevelopment("ombra").size() + 1000);
+  EXPECT_EQ(dial.linesOf("xombra").size(), dial.onDevelopment("xombra").size());
   EXPECT_EQ(Cone().run().linesOf("ombra2").size(), 0u);
 }
 

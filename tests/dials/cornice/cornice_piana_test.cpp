@@ -65,13 +65,10 @@ TEST(FlatCornice, SunsThatAreDownDrawTheHoursTwelveHoursAway) {
     dial.set(Field::x1txt, "-5").set(Field::x2txt, "5").set(Field::y2txt, "-5").run();
     return dial.found("afternoon", wholeHours(0.01)).hours;
   };
-  std::set<int> south = hoursFrom(-15, 75);
-  south.merge(hoursFrom(-75, -75));
-  EXPECT_EQ(hours(false, 0), south);
-  EXPECT_EQ(hours(true, 0), hoursFrom(0, 75));
-  std::set<int> east = hoursFrom(0, 75);
-  east.merge(hoursFrom(-90, -90));
-  EXPECT_EQ(hours(true, -14.57), east);
+  using Hours = std::set<int>;
+  EXPECT_EQ(hours(false, 0), (Hours{-75, -15, 0, 15, 30, 45, 60, 75}));
+  EXPECT_EQ(hours(true, 0), (Hours{0, 15, 30, 45, 60, 75}));
+  EXPECT_EQ(hours(true, -14.57), (Hours{-90, 0, 15, 30, 45, 60, 75}));
 }
 
 // Eleven and one have no branch of their own in the other half's family: there they are drawn
@@ -79,15 +76,11 @@ TEST(FlatCornice, SunsThatAreDownDrawTheHoursTwelveHoursAway) {
 TEST(FlatCornice, LinesAcrossNoonRepeatThoseOfTheOtherHalf) {
   Disc dial(false);
   dial.set(Field::x1txt, "-5").set(Field::x2txt, "5").run();
-  const auto morning = dial.linesOf("morning");
   const LineRecord eleven = dial.linesOf("afternoon").front();
   EXPECT_EQ(eleven.colour, palette(12));
-  EXPECT_EQ(std::count_if(morning.begin(), morning.end(),
-                          [&](const LineRecord& line) {
-                            return line.x1 == eleven.x1 && line.y1 == eleven.y1 &&
-                                   line.x2 == eleven.x2;
-                          }),
-            1);
+  const auto morning = dial.linesOf("morning");
+  const auto same = [&](const LineRecord& r) { return r.x1 == eleven.x1 && r.y1 == eleven.y1; };
+  EXPECT_EQ(std::ranges::count_if(morning, same), 1);
 }
 
 TEST(FlatCornice, BordersShadowIsARowOfDotsWithItsChord) {
