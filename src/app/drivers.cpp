@@ -6,6 +6,8 @@
 
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/catenaria.hpp"
+#include "dials/bifilar/equiangolare.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
@@ -18,6 +20,8 @@ namespace {
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBifvert, QuadranteEquiangolare},
+    DriverRow{Item::mnucatenaria, QuadranteCatenaria},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
