@@ -41,6 +41,7 @@ groups[desktop]="
 # What the measurements need besides.
 groups[bench]="
   libbenchmark-dev      # the stop-watch
+  libproj-dev           # another gnomonic projection
 "
 
 list=

@@ -10,8 +10,18 @@
 #include "dials/bifilar/equiangolare.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "dials/cylindrical/cappello.hpp"
+#include "dials/cylindrical/parabolico.hpp"
+#include "dials/cylindrical/parametrico.hpp"
+#include "dials/cylindrical/proiettivo.hpp"
 #include "dials/cylindrical/sferico.hpp"
+#include "dials/cylindrical/tridimensionale.hpp"
+#include "dials/flat/frinter.hpp"
+#include "dials/flat/inclinati.hpp"
+#include "dials/flat/nuovo_proiettivo.hpp"
+#include "dials/flat/proiettivo.hpp"
+#include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 
 namespace dialwright {
 
@@ -19,13 +29,23 @@ namespace {
 
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
+    DriverRow{Item::M_CILINDRICI, QuadranteCilindrico3D},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
+    DriverRow{Item::M_Parabolico, QuadranteParabolico},
+    DriverRow{Item::M_Param, QuadranteCilindricoParam},
+    DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
+    DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCircp, QuadranteProiettivo},
+    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
+    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuVertSph, DisegnaVerticale},
+    DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBifvert, QuadranteEquiangolare},
     DriverRow{Item::mnucatenaria, QuadranteCatenaria},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
-    DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
-    DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
 constexpr std::array kSilent = {Item::mnuBall2, Item::mnuBall3, Item::mnuObscura, Item::mnuSezCil};

@@ -3,8 +3,10 @@
 
 #include <system_error>
 
+#include "lettering/specimen.hpp"
 #include "persist/encoding.hpp"
 #include "persist/safe_file.hpp"
+#include "shell/report.hpp"
 
 namespace dialwright {
 
@@ -30,6 +32,7 @@ Program::Program(ProgramConfig config)
   click(Item::M_Light);
   CaricaDefault(panel_, store_);
   sheet_.Marchio = kTitle;
+  sheet_.BackColor = options_.SheetBackColor();
   params_.SheetW = sheet_.QuadranteH() * kFirstSheet;
   params_.SheetH = sheet_.QuadranteL() * kFirstSheet;
   sheet_.QuadranteH(params_.SheetW);
@@ -98,6 +101,7 @@ void Program::pressEnabled(Field button) {
   Run run(panel_, params_, sheet_, all);
   switch (button) {
     case Field::cmdSave: SalvaDefault(); break;
+    case Field::cmdData: cmdData_Click(run); break;
     case Field::cmdStati: loadWorld(run); break;
     case Field::cmdPlot:
       if (world_.rows.empty()) loadWorld(run);
@@ -133,7 +137,9 @@ void Program::type(Field field, std::string_view text) {
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {
-  return dialwright::CaricaProgetto(path, panel_, sheet_);
+  LoadResult result = dialwright::CaricaProgetto(path, panel_, sheet_);
+  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = path.filename().string();
+  return result;
 }
 
 void Program::click(Item item) {
@@ -166,13 +172,28 @@ RunResult Program::CmdRun_Click() {
   return run.refused() ? RunResult::Refused : RunResult::Drawn;
 }
 
-void Program::NuovoFoglio() {
-  sheet_.Clear();
+void Program::DisegnaCampionario() {
+  const Ports all = portsOfRun();
+  Run run(panel_, params_, sheet_, all);
+  dialwright::DisegnaCampionario(run);
+}
+
+bool Program::mayClose() const {
+  if (projectTitle_.empty() || !ports.ask) return true;
+  return ports.ask(T("Attention! do you wish to close the file ") + projectTitle_ + "?");
+}
+
+bool Program::NuovoFoglio() {
+  if (!mayClose()) return false;
+  projectTitle_.clear();
   sheet_.QuadranteH(params_.SheetW);
   sheet_.QuadranteL(params_.SheetH);
   sheet_.ShiftX(sheet_.QuadranteL() / 2);
   sheet_.ShiftY(sheet_.QuadranteH() / kWindowShift);
+  sheet_.renew();
+  sheet_.BackColor = options_.SheetBackColor();
   sheet_.Messaggio("");
+  return true;
 }
 
 }  // namespace dialwright

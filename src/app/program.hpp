@@ -12,6 +12,7 @@
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
+#include "sheet/options.hpp"
 #include "sheet/view.hpp"
 #include "shell/clicks.hpp"
 #include "shell/places.hpp"
@@ -98,8 +99,17 @@ class Program {
   // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
   LoadResult CaricaProgetto(const std::filesystem::path& path);
 
-  // A new, empty sheet of the size that the program started with.
-  void NuovoFoglio();
+  // Draws the specimen of the lettering instead of a dial.
+  void DisegnaCampionario();
+
+  // The name of the project in use, which the sheet's window bears; empty while none is open.
+  const std::string& projectTitle() const { return projectTitle_; }
+  // Asks whether the project in use may be closed; true without one.
+  bool mayClose() const;
+
+  // A new, empty sheet of the size that the program started with. False, with the old one in place,
+  // when the user wants to keep the project in use.
+  bool NuovoFoglio();
 
  private:
   void loadLanguage();
@@ -109,9 +119,11 @@ class Program {
 
   ProgramConfig config_;
   std::filesystem::path cartellaDXF_;
+  std::string projectTitle_;
   Dizionario dictionary_;
   Parametri store_;
   WorldTable world_;
+  clsOptions options_;
   Panel panel_;
   DialParams params_;
   SheetPlot sheet_;

@@ -8,6 +8,7 @@
 
 #include "cli/commands.hpp"
 #include "cli/errors.hpp"
+#include "cli/manual.hpp"
 #include "cli/request.hpp"
 #include "cli/words.hpp"
 
@@ -61,9 +62,15 @@ void addOutputs(CLI::App& command, Request& request) {
 
 using Command = void (*)(const Request&);
 
+// The manual is made from the whole grammar, which stands only when all commands are in it.
+void commandManual(const Request& request) {
+  std::cout << (request.bash ? bashCompletion(*request.grammar) : manualPage(*request.grammar));
+}
+
 // The sub-commands with what they run.
 std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   std::map<std::string, Command> commands;
+  request.grammar = &app;
   const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
     CLI::App& sub = *app.add_subcommand(name, help);
     addCommon(sub, request);
@@ -113,6 +120,15 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
 
   CLI::App& language =
       add("language", "show or set the language of the next starts", commandLanguage);
+  CLI::App& lettering =
+      add("lettering", "a specimen sheet of digits, numerals and signs", commandLettering);
+  lettering.add_option("NAME=VALUE", request.words, "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
+  addOutputs(lettering, request);
+
+  CLI::App& manual =
+      add("manual", "this program's man page, or its completion for bash", commandManual);
+  manual.add_flag("--bash", request.bash, "the completion script");
+
   language.add_option("LANG", request.item, "en, it, fr or es");
   return commands;
 }
@@ -126,7 +142,7 @@ std::vector<std::string> wordsOf(const CLI::App& app) {
 
 std::string suggest(const CLI::App& app, const std::string& word) {
   std::vector<std::string> known;
-  const bool option = word.rfind("-", 0) == 0;
+  const bool option = word.starts_with('-');
   if (option) {
     std::set<std::string> names;
     for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; })) {

@@ -105,6 +105,14 @@ void commandDefaults(const Request& request) {
     std::cout << key << '=' << value << '\n';
 }
 
+void commandLettering(const Request& request) {
+  const std::vector<Output> outputs = outputsOf(request);
+  const auto program = startProgram(request);
+  assignAll(*program, request.words);
+  program->DisegnaCampionario();
+  writeOutputs(*program, outputs, request);
+}
+
 void commandLanguage(const Request& request) {
   const auto program = startProgram(request);
   if (request.item.empty()) {

@@ -13,6 +13,7 @@ void commandOpen(const Request& request);
 void commandPages(const Request& request);
 void commandSave(const Request& request);
 void commandDefaults(const Request& request);
+void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
 
 }  // namespace dialwright

@@ -5,6 +5,10 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 namespace dialwright {
 
 struct Request {
@@ -30,6 +34,8 @@ struct Request {
   bool colour = false;
   bool dark = false;
   bool json = false;
+  bool bash = false;
+  const CLI::App* grammar = nullptr;  // the command line's own
 };
 
 }  // namespace dialwright

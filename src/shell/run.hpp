@@ -16,6 +16,7 @@ namespace dialwright {
 // What a run asks of the face that started it. Each may be empty.
 struct Ports {
   std::function<void(std::string_view)> message;  // a plain message box
+  std::function<bool(std::string_view)> ask;      // a question with the answers Yes and No
   std::function<void(bool)> hourglass;            // the busy pointer on and off
   std::function<void()> beep;
   std::function<std::string(std::string_view)> translate;  // a text in the program's language

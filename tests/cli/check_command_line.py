@@ -88,7 +88,7 @@ def usage_errors():
                             (("run", "1", "nonsense"), "NAME=VALUE"), (("run", "1", "ckFrame=yes"), "1 or 0"),
                             (("run", "1", "lblAO=x"), "label"), (("run",), "ITEM"), (("run", "1", "-o", "-"), "--format"),
                             (("run", "1", "--size", "big"), "--size"), (("run", "1", "--size", "0x1"), "--size"),
-                            (("run", "1", "--scale", "1"), "1:5"), ((), "--help")):
+                            ((), "--help")):
         done = run(*arguments, status=2)
         expect(word in done.stderr, f"{arguments} should name {word}: {done.stderr}")
         expect(done.stdout == "", f"{arguments}: nothing on standard output")

@@ -229,21 +229,18 @@ void Drawing::legend(const Instant& moment, double W) {
   if (run_.on(Field::ckFunction)) legendLine(run_, "angle ", p_.degrees(W), " °");
 }
 
-}  // namespace
-
-void QuadranteBallVerticale(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Bifilar vertical semi - sphere dial by vectors"));
+void readBallsWall(Run& run) {
   // The divisions themselves, not the degrees of one.
   assign(run.params.PassoOre, run.number(Field::TxtHour));
   readUsaLongitudine(run);
   readWall(run);
-  run.sheet.Dati("");
+}
+
+}  // namespace
+
+void QuadranteBallVerticale(Run& run) {
+  if (refusesSouth(run)) return;
+  openRun(run, "Bifilar vertical semi - sphere dial by vectors", readBallsWall);
   Drawing(run).all();
   run.hourglass(false);
 }

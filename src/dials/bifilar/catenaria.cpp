@@ -329,10 +329,7 @@ void Drawing::CatenariaQibla() {
 }  // namespace
 
 void QuadranteCatenaria(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   run.hourglass(true);
   readUsaLongitudine(run);
   assign(run.params.PassoOre, over(15, run.number(Field::TxtHour)));

@@ -8,7 +8,6 @@
 #include <cmath>
 
 #include "dials/bifilar/bifilar_frame.hpp"
-#include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
@@ -239,10 +238,7 @@ void Drawing::legend() {
 }  // namespace
 
 void QuadranteEquiangolare(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   run.hourglass(true);
   DisegnaCornice(run);
   readWall(run);

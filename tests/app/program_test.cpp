@@ -1,0 +1,146 @@
+// The running program: start-up, two at once, new sheets, the buttons of the map, the table of
+// drivers.
+#include "app/program.hpp"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <memory>
+#include <set>
+
+namespace dialwright {
+namespace {
+
+class ProgramTest : public ::testing::Test {
+ protected:
+  ProgramTest()
+      : folder(std::filesystem::temp_directory_path() /
+               ("dialwright_test_" + std::to_string(getpid()))) {
+    std::filesystem::create_directories(folder);
+  }
+  ~ProgramTest() override { std::filesystem::remove_all(folder); }
+
+  std::unique_ptr<Program> start(std::string language = "") {
+    return std::make_unique<Program>(
+        ProgramConfig{folder, DIALWRIGHT_DATA_DIR, std::move(language)});
+  }
+
+  std::filesystem::path folder;
+};
+
+TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOne) {
+  const auto program = start();
+  EXPECT_EQ(program->panel().chosen(), Item::M_Light);
+  EXPECT_EQ(program->panel().text(Field::TxtInizio), "9");
+  EXPECT_DOUBLE_EQ(program->sheet().QuadranteL(), 1.99);
+  EXPECT_DOUBLE_EQ(program->sheet().QuadranteH(), 2.80);
+  EXPECT_DOUBLE_EQ(program->sheet().ShiftX(), 0.995);
+  EXPECT_DOUBLE_EQ(program->sheet().ShiftY(), 2.80 / 3.333333);
+  EXPECT_EQ(program->sheet().Scala(), 5);
+  EXPECT_TRUE(std::filesystem::is_directory(program->CartellaDXF()));
+  EXPECT_EQ(program->CartellaDXF().filename(), "DialwrightDXF");
+}
+
+TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
+  std::ofstream(folder / "DialwrightDXF") << "a file in its place";
+  EXPECT_EQ(start()->CartellaDXF(), folder / "DialwrightDXF");
+}
+
+TEST_F(ProgramTest, TwoDoNotDisturbEachOther) {
+  const auto first = start();
+  const auto second = start("it");
+  first->click(Field::ck_Lemniscate, true);
+  EXPECT_EQ(first->CmdRun_Click(), RunResult::Drawn);
+  EXPECT_EQ(second->sheet().list().size(), 0u);
+  EXPECT_EQ(second->params().PiGreco, Angles{}.PiGreco);
+  EXPECT_NE(first->params().PiGreco, second->params().PiGreco);
+  EXPECT_NE(first->T("Horizon"), second->T("Horizon"));
+}
+
+TEST_F(ProgramTest, TheDataButtonWritesAfterTheFirstRun) {
+  const auto program = start();
+  EXPECT_EQ(program->press("cmdData"), Press::Disabled);
+  program->click(Field::ckFunction, true);
+  program->CmdRun_Click();
+  const std::size_t before = program->sheet().list().texts.size();
+  EXPECT_EQ(program->press("cmdData"), Press::Done);
+  const auto& texts = program->sheet().list().texts;
+  ASSERT_GT(texts.size(), before);
+  EXPECT_EQ(texts[before].text, "DATA: ");
+  // Centre and substyle of the dial that was drawn.
+  const DialParams& p = program->params();
+  EXPECT_NEAR(p.degrees(p.SustilareReport), -13.7725, 1e-4);
+  EXPECT_EQ(texts.back().text, "-0.171911    0.544198");
+
+  const auto italian = start("it");
+  italian->CmdRun_Click();
+  italian->press("cmdData");
+  bool translated = false;
+  for (const TextRecord& text : italian->sheet().list().texts)
+    translated = translated || text.text == "Elevazione dello stilo  -42.48719°";
+  EXPECT_TRUE(translated);
+}
+
+TEST_F(ProgramTest, ANewSheetIsNew) {
+  const auto program = start();
+  program->CmdRun_Click();
+  program->sheet().Scala(100);
+  program->sheet().invertX();
+  ASSERT_TRUE(program->NuovoFoglio());
+  EXPECT_EQ(program->sheet().list().size(), 0u);
+  EXPECT_EQ(program->sheet().Scala(), 5);
+  EXPECT_EQ(program->sheet().SignX(), 1);
+  EXPECT_EQ(program->sheet().ForeColor, kWhite);
+  EXPECT_DOUBLE_EQ(program->sheet().ShiftY(), 2.80 / 3.3333333);
+}
+
+TEST_F(ProgramTest, AsksBeforeAProjectIsClosed) {
+  const auto program = start();
+  SalvaProgetto(folder / "a.sun", program->panel(), program->sheet());
+  ASSERT_EQ(program->CaricaProgetto(folder / "a.sun").outcome, LoadResult::Outcome::Loaded);
+  program->CmdRun_Click();
+  std::string question;
+  program->ports.ask = [&question](std::string_view text) {
+    question = text;
+    return false;
+  };
+  EXPECT_FALSE(program->NuovoFoglio());
+  EXPECT_EQ(question, "Attention! do you wish to close the file a.sun?");
+  EXPECT_GT(program->sheet().list().size(), 0u);
+  EXPECT_EQ(program->projectTitle(), "a.sun");
+}
+
+TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
+  const auto program = start();
+  EXPECT_EQ(program->press("cmdPlot"), Press::Disabled) << "program 1 has no map";
+  EXPECT_EQ(program->press("cmdNothing"), Press::Unknown);
+  program->click(Item::mnuUni);
+  EXPECT_EQ(program->press("cmdPlot"), Press::Disabled) << "not before it is loaded";
+  EXPECT_EQ(program->press("cmdStati"), Press::Done);
+  EXPECT_GT(program->world().countries.size(), 150u);
+  EXPECT_EQ(program->panel().text(Field::cmbStati), kWholeWorld);
+  program->type(Field::cmbStati, "Italy");
+  EXPECT_FALSE(program->panel()[Field::Distance1].visible);
+  EXPECT_EQ(program->press("cmdPlot"), Press::Done);
+  EXPECT_EQ(program->press("Option_P"), Press::Done);
+  EXPECT_FALSE(program->panel().on(Field::Option_P));
+}
+
+TEST(Drivers, AreTriedInOneOrderAndCoverWhatIsNotSilent) {
+  const std::vector<Item> order = {
+      Item::M_Light,      Item::M_CILINDRICI,  Item::M_Proiettivo,  Item::M_Parabolico,
+      Item::M_Param,      Item::M_nProiettivo, Item::M_Frinter,     Item::mnuCircp,
+      Item::mnuCCs,       Item::mnuChapeau,    Item::mnuVertSph,    Item::mnuUni,
+      Item::mnuDia,       Item::mnuConoAntico, Item::mnuFontana_H3, Item::mnuBifvert,
+      Item::mnucatenaria, Item::mnuBall,       Item::mnuBall_v,     Item::mnuCorncil,
+      Item::mnuCorncon,   Item::mnuCorn_flat,  Item::mnuCorn_flat2, Item::M_Inclinati};
+  std::size_t at = 0;
+  for (const DriverRow& row : drivers()) {
+    while (at < order.size() && order[at] != row.item) ++at;
+    EXPECT_LT(at, order.size()) << rowOf(row.item).name << " is out of order";
+  }
+  for (const Item dial : dialItems()) EXPECT_FALSE(draws(dial) && isSilent(dial));
+}
+
+}  // namespace
+}  // namespace dialwright
