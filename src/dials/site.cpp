@@ -22,7 +22,8 @@ void LeggiParametriSito(Run& run) {
   setLongitudeCorrections(run);
   assign(p.DeclGradi, run.number(Field::txtDecl));
   assign(p.DeclRad, p.radians(p.DeclGradi));
-  assign(p.StiloBase, run.number(Field::TxtStilo) * (std::abs(p.DeclGradi) > 90 ? kNorthWallFactor : 1));
+  assign(p.StiloBase,
+         run.number(Field::TxtStilo) * (std::abs(p.DeclGradi) > 90 ? kNorthWallFactor : 1));
   assign(p.Raggio, run.number(Field::TxtRadius));
   assign(p.PassoOre, over(15, run.number(Field::TxtHour)));
   assign(p.PassoCurva, run.number(Field::txt_Definition) / 500);

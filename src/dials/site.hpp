@@ -7,8 +7,8 @@ namespace dialwright {
 
 inline constexpr const char* kSouthernMessage = "Sorry, unable to work in the Southern hemisphere ";
 
-// Latitude, longitude and its corrections, declination, style, radius and steps from the panel into the record; the
-// circle constant goes back to its first value.
+// Latitude, longitude and its corrections, declination, style, radius and steps from the panel into
+// the record; the circle constant goes back to its first value.
 void LeggiParametriSito(Run& run);
 
 // CorrLon and CorrFuso from LonAbs and SegnoLon.

@@ -1,5 +1,5 @@
-// The substyle's frame of a vertical dial: (u, v) along and across the substyle, v measured from the dial's centre, in
-// which the declination curves are conics.
+// The substyle's frame of a vertical dial: (u, v) along and across the substyle, v measured from
+// the dial's centre, in which the declination curves are conics.
 #pragma once
 
 #include <cmath>
@@ -10,8 +10,8 @@
 
 namespace dialwright {
 
-// From the substyle's frame to the dial's: a turn through `substyle` (radians) after taking off `distance`, the way from
-// the foot of the style to the dial's centre.
+// From the substyle's frame to the dial's: a turn through `substyle` (radians) after taking off
+// `distance`, the way from the foot of the style to the dial's centre.
 struct SubstyleTurn {
   double sine, cosine, distance;
 
@@ -29,8 +29,8 @@ inline double coneOf(const Angles& angles, double declination) {
   return over(1, t * t);
 }
 
-// The conic in which the cone of parameter K meets the plane, for a style and its elevation (radians). A coefficient
-// that fails keeps its old value.
+// The conic in which the cone of parameter K meets the plane, for a style and its elevation
+// (radians). A coefficient that fails keeps its old value.
 inline void setConic(ConicSet& conic, double style, double elevation, double K) {
   const double sine = std::sin(elevation);
   const double cosine = std::cos(elevation);
@@ -41,7 +41,8 @@ inline void setConic(ConicSet& conic, double style, double elevation, double K) 
   assign(conic.A2, over(1, den));
 }
 
-// The conics of the three declination pairs and of the latitude, for the record's style and elevation.
+// The conics of the three declination pairs and of the latitude, for the record's style and
+// elevation.
 inline void setConics(DialParams& p) {
   setConic(p.conic(Declination::Solstice), p.Stilo, p.ElevStilo, coneOf(p, kSolstice));
   setConic(p.conic(Declination::Twentieth), p.Stilo, p.ElevStilo, coneOf(p, kTwentieth));
@@ -50,15 +51,17 @@ inline void setConics(DialParams& p) {
   setConic(p.conic(Declination::Latitude), p.Stilo, p.ElevStilo, t * t);
 }
 
-// Quarter of the discriminant of the conic's equation in v at u; the two ordinates are -A1/2 plus and minus its root.
+// Quarter of the discriminant of the conic's equation in v at u; the two ordinates are -A1/2 plus
+// and minus its root.
 inline double radicand(const ConicSet& conic, double u) {
   return conic.A1 * conic.A1 / 4 - conic.A0 - conic.A2 * u * u;
 }
 
-// Slope of the tangent to the conic through the point (u0, 0) of the equinoctial; side -1 or +1 chooses which.
+// Slope of the tangent to the conic through the point (u0, 0) of the equinoctial; side -1 or +1
+// chooses which.
 inline double tangentSlope(const ConicSet& c, double u0, double side) {
-  const double q = root(c.A2 * c.A2 * c.A1 * c.A1 * u0 * u0 + c.A2 * c.A0 * c.A1 * c.A1 - 4 * c.A2 * c.A0 * c.A0 -
-                        4 * c.A2 * c.A2 * c.A0 * u0 * u0);
+  const double q = root(c.A2 * c.A2 * c.A1 * c.A1 * u0 * u0 + c.A2 * c.A0 * c.A1 * c.A1 -
+                        4 * c.A2 * c.A0 * c.A0 - 4 * c.A2 * c.A2 * c.A0 * u0 * u0);
   return over(-2 * c.A2 * c.A1 * u0 + side * 2 * q, c.A1 * c.A1 - 4 * c.A0 - 4 * c.A2 * u0 * u0);
 }
 
