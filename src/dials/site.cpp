@@ -36,6 +36,12 @@ void setLongitudeCorrections(Run& run) {
   assign(p.CorrFuso, p.radians(-15 * run.number(Field::TxtFuso) - p.SegnoLon * p.LonAbs));
 }
 
+void wrapDeclination(DialParams& p) {
+  if (p.LatRad < 0) p.DeclGradi = -(180 + p.DeclGradi);
+  if (std::abs(p.DeclGradi) > 180) p.DeclGradi -= 360 * Sgn(p.DeclGradi);
+  p.DeclRad = p.radians(p.DeclGradi);
+}
+
 void readUsaLongitudine(Run& run) { run.params.UsaLongitudine = run.on(Field::ck_Etna) ? 1 : 0; }
 
 }  // namespace dialwright

@@ -14,6 +14,10 @@ void LeggiParametriSito(Run& run);
 // CorrLon and CorrFuso from LonAbs and SegnoLon.
 void setLongitudeCorrections(Run& run);
 
+// DeclRad from DeclGradi, which is brought within half a turn; a southern wall counts from the
+// North.
+void wrapDeclination(DialParams& params);
+
 // UsaLongitudine from the box of the standard meridian's time.
 void readUsaLongitudine(Run& run);
 

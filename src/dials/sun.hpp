@@ -30,6 +30,8 @@ struct SolarDay {
   double arc;                    // the semi-diurnal arc as semiDiurnalArc gives it
 };
 
+SolarDay solarDay(const Angles& angles, double latitude, double degrees);
+
 // The days of a family's loops over the declination at a latitude (radians), worked out by the
 // first loop that asks for them.
 class SolarDays {
