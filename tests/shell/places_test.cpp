@@ -132,6 +132,18 @@ TEST(Cities, OfTheStoredSignFallOnTheOtherHemisphere) {
   }
 }
 
+TEST(Cities, OfNoonItselfCountAsInTheSouth) {
+  // The list's last row lies on the meridian. South of the equator its sun stands in the North,
+  // behind a wall that looks South, and yet it is drawn, on purpose.
+  for (const char* latitude : {"30", "-30"}) {
+    DialCase dial = dialOf(drawCities, "90");
+    dial.set(Field::txtLAT, latitude).set(Field::txtDecl, "0");
+    dial.set(Field::txt_R2, "-0.001").set(Field::TxtRadius, "0.001").run();
+    ASSERT_EQ(dial.sheet.list().texts.size(), 1u) << latitude;
+    EXPECT_EQ(dial.sheet.list().texts[0].text, "");
+  }
+}
+
 TEST(OptionalPoint, IsAStarAtTheShadow) {
   DialCase dial = dialOf(drawPoint);
   dial.set(Field::txtLON, "0").set(Field::txtAO, "20").set(Field::txtDelta, "10").run();
