@@ -18,8 +18,8 @@ constexpr double kGrid = 28;
 void engrave(Run& run, double x, double y, double angleDegrees, const Glyph& glyph) {
   double size = 0;
   assign(size, run.number(Field::txtZodiacsize));
-  const double across = run.params.radians(angleDegrees) - run.params.PiGreco / 2;
-  draw(run, {x, y, size / 2 / kGrid, across, across, -1}, glyph);
+  const double theta = run.params.radians(angleDegrees);
+  draw(run, {x, y, size / 2 / kGrid, theta, theta - run.params.PiGreco / 2, -1}, glyph);
 }
 
 // A sign's place: the plane's declination in degrees, and the minutes of time from the base hour.
