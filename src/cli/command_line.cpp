@@ -41,11 +41,14 @@ void addCommon(CLI::App& command, Request& request) {
   command.add_flag("--verbose,-v", request.verbose, "the caption of the sheet as well");
 }
 
-void addOutputs(CLI::App& command, Request& request) {
+void addPresses(CLI::App& command, Request& request) {
   command.add_option("--press", request.presses, "press a button after the run, in order")
       ->type_name("BUTTON")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+void addOutputs(CLI::App& command, Request& request) {
   command
       .add_option(
           "-o,--output", request.outputs,
@@ -87,17 +90,24 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   CLI::App& run = add("run", "draw a dial and write files", commandRun);
   run.add_option("ITEM", request.item, "menu item or program number")->required();
   run.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addPresses(run, request);
   addOutputs(run, request);
 
   CLI::App& open = add("open", "draw a project and write files", commandOpen);
   open.add_option("FILE", request.item, "a project, .sun")->required();
   open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addPresses(open, request);
   addOutputs(open, request);
 
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
   pages.add_option("ITEM", request.item, "menu item or program number")->required();
   pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  pages.add_option("-o,--output", request.outputs, "the PDF")->type_name("FILE")->required();
+  addPresses(pages, request);
+  pages.add_option("-o,--output", request.outputs, "the PDF; - for standard output")
+      ->type_name("FILE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->required();
   CLI::Option& chosen =
       *pages.add_option("--page", request.pages, "a page by its number, in the order wanted")
            ->type_name("N")
@@ -122,7 +132,8 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
       add("language", "show or set the language of the next starts", commandLanguage);
   CLI::App& lettering =
       add("lettering", "a specimen sheet of digits, numerals and signs", commandLettering);
-  lettering.add_option("NAME=VALUE", request.words, "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
+  lettering.add_option("NAME=VALUE", request.words,
+                       "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
   addOutputs(lettering, request);
 
   CLI::App& manual =

@@ -58,7 +58,9 @@ Item dialOf(std::string_view word) {
   if (const auto item = findDial(word)) return *item;
   std::vector<std::string_view> names;
   for (const Item item : dialItems()) names.push_back(rowOf(item).name);
-  throw UsageError(unknownWord("dial", word, names) + " 'dialwright list' shows them all");
+  const std::string sentence = unknownWord("dial", word, names);
+  throw UsageError(sentence + (sentence.back() == '?' ? " " : "; ") +
+                   "'dialwright list' shows them all");
 }
 
 Field fieldOf(std::string_view word) {
