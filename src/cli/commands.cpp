@@ -12,6 +12,7 @@
 #include "cli/session.hpp"
 #include "cli/words.hpp"
 #include "paper/page_writer.hpp"
+#include "shell/names.hpp"
 
 namespace dialwright {
 
@@ -92,7 +93,7 @@ void commandPages(const Request& request) {
 void commandSave(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::string& path = request.words.back();
-  if (std::filesystem::path(path).extension() != ".sun") {
+  if (!equalIgnoringCase(std::filesystem::path(path).extension().string(), ".sun")) {
     throw UsageError(
         "save takes the project's file at the end, as in 'save M_Light txtLAT=41.9 roma.sun'");
   }
