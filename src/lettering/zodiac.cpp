@@ -7,6 +7,7 @@
 #include "lettering/signs.hpp"
 #include "numerics/fault.hpp"
 #include "numerics/projection.hpp"
+#include "shell/window.hpp"
 
 namespace dialwright {
 namespace {
@@ -111,8 +112,7 @@ void DisegnaSegniZodiaco(Run& run) {
                                .LatRad = record.LatRad,
                                .DeclRad = record.DeclRad,
                                .ZenitPiano = record.PiGreco / 2 - record.ReclinRad});
-  const double x1 = run.number(Field::x1txt), x2 = run.number(Field::x2txt);
-  const double y1 = run.number(Field::y1txt), y2 = run.number(Field::y2txt);
+  const Window window(run);
   const int west = record.SegnoEmisfero == 1 && record.DeclRad > 0 ? 1 : 0;
 
   Punto at;
@@ -120,9 +120,7 @@ void DisegnaSegniZodiaco(Run& run) {
     const double h = record.LonOrario + record.radians(offset(placing, west));
     const double delta = record.radians(placing.declination);
     assign(at, projection(std::sin(h), std::cos(h), std::tan(delta)));
-    if (x1 < at.x && at.x < x2 && y2 < at.y && at.y < y1) {
-      placing.sign(run, at.x, at.y, kUpright, record.Stilo);
-    }
+    if (window.holds(at)) placing.sign(run, at.x, at.y, kUpright, record.Stilo);
   }
 }
 
