@@ -2,7 +2,7 @@
 #include "cli/words.hpp"
 
 #include "cli/errors.hpp"
-#include "numerics/numbers.hpp"
+#include "persist/encoding.hpp"
 #include "shell/names.hpp"
 
 namespace dialwright {
@@ -87,7 +87,7 @@ void assignField(Program& program, std::string_view assignment) {
                      " and takes no value; only texts, boxes and options do");
   }
   if (row.kind == FieldKind::Text || row.kind == FieldKind::Combo) {
-    program.type(field, value);
+    program.type(field, decodeText(std::string(value)));
   } else {
     clickTo(program, field, stateOf(row.name, value));
   }

@@ -76,6 +76,8 @@ def drawing():
     hours = rows_of(run("run", "1", "ck_Italiche=1", "TxtInizio=15", "-o", "-", "--format", "csv").stdout)
     whole = rows_of(run("run", "1", "TxtInizio=15", "ck_Italiche=1", "-o", "-", "--format", "csv").stdout)
     expect(hours != whole, "a click's hours can be overridden afterwards, from left to right")
+    mixed = run("run", "-o", "-", "1", "--press", "cmdInvX", "TXTLAT=41.9", "--format", "csv", "TxtStilo=0.1")
+    expect(rows_of(mixed.stdout) == small, "options before, between and behind the words")
     sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "-o", "small.svg")
     expect('viewBox="0 0 1000 800"' in read("small.svg"), "--size")
     expect(sized.stderr == "", "silent when all is well")
