@@ -19,6 +19,7 @@
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 
 namespace dialwright {
 
@@ -35,6 +36,7 @@ constexpr std::array kDrivers = {
     DriverRow{Item::M_Frinter, DisegnaFrinter},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
+    DriverRow{Item::mnuVertSph, DisegnaVerticale},
     DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},

@@ -51,6 +51,13 @@ class DialCase {
     return *this;
   }
 
+  // A button's press after the run.
+  DialCase& press(void (*button)(Run&)) {
+    Run run(panel, params, sheet, ports_);
+    button(run);
+    return *this;
+  }
+
   std::vector<LineRecord> linesOf(std::string_view layer) {
     return selected(sheet.list().lines, [&](const LineRecord& r) { return r.layer == sheet.layer(layer); });
   }

@@ -13,6 +13,7 @@
 #include "dials/flat/proiettivo.hpp"
 #include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 #include "support/flat_wall.hpp"
 
 namespace dialwright {
@@ -33,6 +34,7 @@ const Method kSpaceY{"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY};
 const Method kFormer{"3", Item::M_Proiettivo, DisegnaProiettivo};
 const Method kLatter{"4", Item::M_nProiettivo, DisegnaNuovoProiettivo};
 const Method kPlane{"5", Item::M_Frinter, DisegnaFrinter};
+const Method kSphere{"6", Item::mnuVertSph, DisegnaVerticale};
 const Method kUniversal{"7", Item::mnuUni, DisegnaUniversale};
 
 enum class Family { Hours, Curves, Equinoctial };
@@ -167,6 +169,8 @@ TEST(Agreement, VerticalWalls) {
     expectAll(kSpaceX, kPlane, site, 10);
     expectAll(kLight, kLatter, site, 14);
     expectAll(kUniversal, kPlane, site, 14);
+    expectAll(kSphere, kUniversal, site, 13);
+    expectAll(kSphere, kLight, site, 13);
   }
 }
 
