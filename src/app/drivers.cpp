@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "dials/flat/universale.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -18,6 +17,7 @@
 #include "dials/flat/inclinati.hpp"
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
+#include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
 #include "dials/flat/verticale_sferica.hpp"
 
@@ -28,12 +28,12 @@ namespace {
 constexpr std::array kDrivers = {
     DriverRow{Item::M_Light, DisegnaVerticaleLuce},
     DriverRow{Item::M_CILINDRICI, QuadranteCilindrico3D},
+    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_Parabolico, QuadranteParabolico},
     DriverRow{Item::M_Param, QuadranteCilindricoParam},
-    DriverRow{Item::mnuCircp, QuadranteProiettivo},
-    DriverRow{Item::M_Proiettivo, DisegnaProiettivo},
     DriverRow{Item::M_nProiettivo, DisegnaNuovoProiettivo},
     DriverRow{Item::M_Frinter, DisegnaFrinter},
+    DriverRow{Item::mnuCircp, QuadranteProiettivo},
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuVertSph, DisegnaVerticale},

@@ -7,7 +7,7 @@
 
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
-#include "dials/cylindrical/plane_dial.hpp"
+#include "dials/flat/substyle_frame.hpp"
 #include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
