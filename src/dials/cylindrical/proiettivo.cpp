@@ -97,10 +97,9 @@ void Drawing::ProiettivoOre() {
     const int colour = std::abs(t) == 90 ? 9 : hourInk(t);
     const bool level = p_.DeclRad == 0 && t == -90;  // through the centre, where noon starts
     const double T = arctan(std::sin(p_.ElevStilo) * std::tan(hourFromSubstyle(t)));
-    for (const double u : radii(kPlaneReach)) {
-      const double v = level ? centre : hourLineOrdinate(p_, p_.Stilo, std::tan(T), u);
-      project({u, v}, colour);
-    }
+    const HourLine line(p_, p_.Stilo, std::tan(T));
+    for (const double u : radii(kPlaneReach))
+      project({u, level ? centre : line.ordinate(u)}, colour);
   }
 }
 
