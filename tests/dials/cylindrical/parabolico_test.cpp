@@ -156,6 +156,20 @@ TEST(ParabolicCylinder, TheSouthAndWallsBeyondSeventyDegreesAreRefused) {
   }
 }
 
+// At noon the ordinate has no value and keeps that of the dot before: a level row, which only a
+// large sheet shows.
+TEST(ParabolicCylinder, NoonsOwnDotsAreALevelRow) {
+  Dial dial;
+  dial.sheet.QuadranteH(15);
+  dial.sheet.QuadranteL(15);
+  dial.sheet.ShiftX(7.5);
+  dial.sheet.ShiftY(12);
+  dial.set(Field::txtLineofdeclination, "0");  // of the equator, which has no dots of its own
+  const auto row = dial.dots({}, 12);
+  EXPECT_EQ(row.size(), 250u);
+  for (const sky::Spot spot : row) EXPECT_EQ(spot.y, row[0].y);
+}
+
 TEST(ParabolicCylinder, TakesAnyInput) {
   expectBounded(Item::M_Parabolico, QuadranteParabolico, {Field::Ck_Section},
                 {Field::txtLAT, Field::txtDecl, Field::TxtRadius, Field::TxtStilo, Field::TxtHour,
