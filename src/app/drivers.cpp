@@ -7,6 +7,9 @@
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
+#include "dials/cornice/cornice_cilindrica.hpp"
+#include "dials/cornice/cornice_conica.hpp"
+#include "dials/cornice/cornice_piana.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/parabolico.hpp"
 #include "dials/cylindrical/parametrico.hpp"
@@ -41,6 +44,10 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
+    DriverRow{Item::mnuCorncil, DisegnaCorniceCilindrica},
+    DriverRow{Item::mnuCorncon, DisegnaCorniceConica},
+    DriverRow{Item::mnuCorn_flat, DisegnaCornicePianaEst},
+    DriverRow{Item::mnuCorn_flat2, DisegnaCornicePianaInt},
     DriverRow{Item::M_Inclinati, DisegnaInclinati},
 };
 
