@@ -8,6 +8,7 @@
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
+#include "dials/conical/scafe.hpp"
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/verticale_luce.hpp"
@@ -21,6 +22,7 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuUni, DisegnaUniversale},
+    DriverRow{Item::mnuConoAntico, DisegnaScafe},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
