@@ -12,6 +12,7 @@
 #include "dials/cylindrical/cappello.hpp"
 #include "dials/cylindrical/sferico.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "diagrams/stereographic.hpp"
 
 namespace dialwright {
 
@@ -22,6 +23,7 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuCCs, QuadranteCilindricoSferico},
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuUni, DisegnaUniversale},
+    DriverRow{Item::mnuDia, DiagrammaStereografico},
     DriverRow{Item::mnuConoAntico, DisegnaScafe},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
     DriverRow{Item::mnuBall, QuadranteBall},

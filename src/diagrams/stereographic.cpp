@@ -1,0 +1,468 @@
+// The stereographic chart. The celestial sphere is projected from its South pole on the plane of
+// the equator: the North pole is the origin, South is up and the afternoon on the right, and the
+// equator is the circle of radius R. A direction of hour angle H and declination delta stands at
+// R * tan((90 - delta)/2) from the origin, in the direction H clockwise from the South.
+// (Standard: J. P. Snyder, Map Projections, the polar stereographic projection of the sphere.)
+#include "diagrams/stereographic.hpp"
+
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "dials/pen.hpp"
+#include "dials/site.hpp"
+#include "dials/sun.hpp"
+#include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
+#include "lettering/zodiac.hpp"
+#include "numerics/numbers.hpp"
+#include "shell/dispatch.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int kSummerInk = 12, kWinterInk = 9, kDayInk = 8;
+constexpr int kHorizonInk = 10, kPlaneInk = 14, kRingInk = 5, kArrowInk = 11;
+constexpr double kLowLatitude = 6;      // degrees: below, the horizon is too flat for a circle
+constexpr double kHorizonStep = 0.005;  // metres
+constexpr double kPlaneStep = 0.0005;   // metres
+constexpr double kSignsBeyond = 0.1;    // metres, outside the horizon
+constexpr double kArrowRadius = 120;    // degrees: twice the angle at the projection's pole
+constexpr double kArrowStep = 0.005;    // radians
+
+// The radius of the circle of declination -d on a chart of radius R.
+double ring(const Angles& angles, double R, double d) {
+  return R * std::tan(angles.radians((90 + d) / 2));
+}
+
+// A circle of the chart; a fault in its figures leaves it off.
+void arc(SheetPlot& sheet, Punto centre, double radius, Rgb colour, double start = 0,
+         double end = 0) {
+  if (!sound(centre.x + centre.y + radius + start + end)) return;
+  circle(sheet, centre, radius, colour, {.startAngle = start, .endAngle = end});
+}
+
+// The arc of a day: a semi-diurnal arc on both sides of the South. A negative angle would ask for a
+// line to the centre.
+void dayArc(const Angles& angles, SheetPlot& sheet, double radius, double semiArc, int ink) {
+  const double south = angles.PiGreco / 2;
+  const double start = south - semiArc;
+  arc(sheet, {0, 0}, radius, palette(ink), start < 0 ? start + 2 * angles.PiGreco : start,
+      south + semiArc);
+}
+
+// The plane of the dial on the chart.
+struct DialPlane {
+  double pole = 0;      // declination of its normal, radians: the style's elevation
+  double Ha = 0;        // hour angle of its normal: of the substyle
+  double substyle = 0;  // the substyle's angle on the dial from its line of greatest slope
+  Punto centre;         // of its circle, which is off the chart for a dial with a polar style in it
+  double radius = 0;
+  Punto setting, rising;  // where its circle meets the horizon, in the West and the East of a
+                          // southern dial
+  double settingHour = 0, risingHour = 0;
+  double from = 0, to = 0;  // bearings of these points from the centre, counter-clockwise along
+                            // the part that is above the horizon
+};
+
+class Chart {
+ public:
+  explicit Chart(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) { readSite(); }
+
+  void all();
+
+ private:
+  void readSite();
+  bool sunSetsAllYear() const;
+  void solstices();
+  void horizon();
+  void findPlane();
+  void findSubstyle();
+  void findCrossings();
+  Punto project(double west, double south, double north) const;
+  void substyleLine();
+  void planeCircle();
+  void planeArc();
+  void figures();
+  void say(std::string_view label, const std::string& value = {});
+  void compass();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  double R_ = 0;
+  double summer_ = 0, winter_ = 0;  // radii of the solstices
+  DialPlane plane_;
+};
+
+void Chart::readSite() {
+  assign(p_.LatGradi, run_.number(Field::txtLAT));
+  p_.LatRad = p_.radians(p_.LatGradi);
+  assign(p_.LonGradi, run_.number(Field::txtLON));
+  setLongitudeCorrections(run_);
+  assign(p_.DeclGradi, run_.number(Field::txtDecl));
+  p_.DeclRad = p_.radians(p_.DeclGradi);
+  p_.ReclinRad = p_.radians(p_.ReclinGradi);
+  assign(p_.PassoOre, over(15, run_.number(Field::TxtHour)));
+  assign(p_.Raggio, run_.number(Field::TxtRadius));
+  R_ = p_.Raggio;
+  winter_ = ring(p_, R_, kSolstice);
+  summer_ = ring(p_, R_, -kSolstice);
+}
+
+void Chart::all() {
+  if (!sunSetsAllYear()) return;
+  solstices();
+  horizon();
+  findPlane();
+  substyleLine();
+  planeCircle();
+  findCrossings();
+  planeArc();
+  figures();
+  SfondoStereografico(run_);
+  compass();
+}
+
+bool Chart::sunSetsAllYear() const {
+  return std::abs(cosineOfSemiArc(p_.LatRad, -p_.radians(kSolstice))) <= 1;
+}
+
+void Chart::solstices() {
+  const double solstice = p_.radians(kSolstice);
+  dayArc(p_, sheet_, winter_, p_.ArcCos(cosineOfSemiArc(p_.LatRad, -solstice)), kWinterInk);
+  dayArc(p_, sheet_, summer_, p_.ArcCos(cosineOfSemiArc(p_.LatRad, solstice)), kSummerInk);
+}
+
+// The great circle whose pole is the zenith. At the equator it is the line East to West: its centre
+// is nowhere, and all samples keep the ordinate 0.
+void Chart::horizon() {
+  const double centre = over(R_, std::tan(p_.LatRad));
+  const double radius = over(R_, std::sin(p_.LatRad));
+  if (p_.LatGradi >= kLowLatitude) {
+    if (p_.LatRad != 5 * p_.PiGreco / 2) arc(sheet_, {0, centre}, radius, palette(kHorizonInk));
+    return;
+  }
+  double y = 0;
+  for (const double x :
+       run_.sweep(-2 * winter_, 2 * winter_, kHorizonStep, {.bound = Field::TxtRadius})) {
+    assign(y, centre - root(radius * radius - x * x));
+    dot(sheet_, {x, y}, palette(kHorizonInk));
+  }
+}
+
+// --- The dial's plane
+
+// A point of the sphere by its parts along the West, the equator's South point and the pole.
+Punto Chart::project(double west, double south, double north) const {
+  const double scale = over(R_, 1 + north);
+  return {scale * west, scale * south};
+}
+
+// The great circle whose pole is the dial's normal (p, Ha) is a circle about
+// (R/tan p)(sin Ha, cos Ha) of radius R/sin p.
+void Chart::findPlane() {
+  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
+  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
+  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
+  assign(plane_.pole, p_.ArcSin(sinF * sinZ - cosF * cosZ * cosD));
+  // A level plane looks at the zenith, whatever its declination.
+  if (std::abs(p_.ReclinGradi) != 90) {
+    const double below = sinF * cosD + cosF * std::tan(p_.ReclinRad);
+    assign(plane_.Ha, below == 0 ? p_.PiGreco / 2 : arctan(sinD / below));
+    if (Sgn(std::sin(plane_.Ha)) != Sgn(sinD))
+      plane_.Ha += plane_.Ha > 0 ? -p_.PiGreco : p_.PiGreco;
+  }
+  const double distance = over(R_, std::tan(plane_.pole));
+  plane_.centre = {distance * std::sin(plane_.Ha), distance * std::cos(plane_.Ha)};
+  plane_.radius = over(-R_, std::sin(plane_.pole));
+  findSubstyle();
+}
+
+void Chart::findSubstyle() {
+  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
+  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
+  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
+  double Hs = 0;
+  assign(Hs, arctan(over(sinD, std::tan(p_.LatRad) * cosZ + cosD * sinZ)));
+  const double elevation = sinF * sinZ - cosF * cosZ * cosD;
+  const double u = over(cosF * sinD, elevation);
+  const double v = over(-(sinF * cosZ + cosF * sinZ * cosD), elevation);
+  if (u < 0 && v < 0) Hs += p_.PiGreco;
+  if (u > 0 && v < 0) Hs -= p_.PiGreco;
+  if (Hs > p_.PiGreco / 2) Hs -= p_.PiGreco;
+  if (Hs < -p_.PiGreco / 2) Hs += p_.PiGreco;
+  plane_.substyle = Hs;
+}
+
+// The circle's line of symmetry, which holds the substyle, through the pole.
+void Chart::substyleLine() {
+  const double Ha = plane_.Ha;
+  const bool upright = Ha == 0 || std::abs(Ha) == p_.PiGreco;
+  const double x = upright ? 0 : winter_ * std::sin(Ha);
+  double y = winter_;
+  if (!upright) assign(y, over(x, std::tan(Ha)));
+  line(sheet_, {-x, -y}, {x, y}, palette(kPlaneInk));
+}
+
+void Chart::planeCircle() {
+  if (!sound(plane_.centre.x + plane_.centre.y)) return;
+  dot(sheet_, plane_.centre, palette(kPlaneInk));
+  arc(sheet_, plane_.centre, std::abs(plane_.radius), palette(kDayInk));
+}
+
+// The dial's plane meets the level one along the horizontal directions of azimuth d + 90 and
+// d - 90, which lie in the plane whatever its reclination. Their parts along the West, the
+// equator's South point and the pole are (cos d, -sin d sin phi, sin d cos phi) and the opposite;
+// projected, they are the points in which the two circles of the chart meet.
+void Chart::findCrossings() {
+  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
+  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
+  plane_.setting = project(cosD, -sinD * sinF, sinD * cosF);
+  plane_.rising = project(-cosD, sinD * sinF, -sinD * cosF);
+  const double turn = 2 * p_.PiGreco;
+  const auto hour = [&](double west, double south) {
+    const double H = p_.ArcTanPieno(west, south);
+    return 12 + (H > p_.PiGreco ? H - turn : H) * 12 / p_.PiGreco;
+  };
+  plane_.settingHour = hour(cosD, -sinD * sinF);
+  plane_.risingHour = hour(-cosD, sinD * sinF);
+
+  const auto bearing = [&](Punto at) {
+    const double b = p_.ArcTanPieno(at.y - plane_.centre.y, at.x - plane_.centre.x);
+    return b < 0 ? b + turn : b;
+  };
+  plane_.from = bearing(plane_.setting);
+  plane_.to = bearing(plane_.rising);
+  // The plane's steepest direction, upwards, lies on the part above the horizon.
+  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
+  const double steepest = bearing(
+      project(-sinD * sinZ, cosF * cosZ - cosD * sinZ * sinF, sinF * cosZ + cosD * sinZ * cosF));
+  const auto onwards = [&](double b) {
+    const double way = b - plane_.from;
+    return way < 0 ? way + turn : way;
+  };
+  if (onwards(steepest) > onwards(plane_.to)) std::swap(plane_.from, plane_.to);
+}
+
+// The part above the horizon; then, where the whole circle stands on the chart, its points.
+void Chart::planeArc() {
+  const double r = std::abs(plane_.radius);
+  const double end = plane_.to == 0 ? 2 * p_.PiGreco : plane_.to;
+  arc(sheet_, plane_.centre, r, palette(kPlaneInk), plane_.from, end);
+  const double left = plane_.centre.x - r, right = plane_.centre.x + r;
+  const double edge = 2 * std::abs(winter_);
+  if (!(left > -edge && right < edge)) return;
+  for (const double x : run_.sweep(left, right, kPlaneStep, {.bound = Field::TxtRadius})) {
+    const double height = root(r * r - (x - plane_.centre.x) * (x - plane_.centre.x));
+    if (!sound(height)) continue;
+    dot(sheet_, {x, plane_.centre.y + height}, palette(kPlaneInk));
+    dot(sheet_, {x, plane_.centre.y - height}, palette(kPlaneInk));
+  }
+}
+
+// --- The figures
+
+std::string hourText(double hours) {
+  const OreMinuti time = GradiInOreMinuti(hours);
+  return textOf(time.hours) + " h " + textOf(truncated(time.minutes, 2)) + " m";
+}
+
+void Chart::say(std::string_view label, const std::string& value) {
+  sheet_.Dati(run_.T(label) + value);
+}
+
+void Chart::figures() {
+  const auto angle = [this](double radians) {
+    return textOf(rounded(p_.degrees(radians), 4)) + " °";
+  };
+  const auto metres = [](double value) { return textOf(rounded(value, 4)); };
+  sheet_.ForeColor = kWhite;
+  sheet_.Dati("", -sheet_.ShiftX(), -0.8 * sheet_.ShiftY());
+  sheet_.Dati("");
+  say("latitude  = ", angle(p_.LatRad));
+  say("Declination of the dial: ", angle(p_.DeclRad));
+  say("Reclination ", angle(p_.ReclinRad));
+  sheet_.ForeColor = palette(kPlaneInk);
+  say("substyle hour angle : ", angle(plane_.Ha));
+  say("substyle hour ", hourText(12 + plane_.Ha * 12 / p_.PiGreco));
+  say("angle ", angle(plane_.pole));
+  sheet_.ForeColor = palette(kHorizonInk);
+  say("Horizontal equivalent dial");
+  say("latitude  = ", angle(plane_.pole));
+  say("Substyle distance  : ", angle(plane_.substyle));
+  say("Style elevation  ", angle(std::abs(plane_.pole)));
+  sheet_.ForeColor = palette(kSummerInk);
+  say("radius of the summer solstice =  ", metres(summer_));
+  say("radius of the arc representing the dial plane  =  ", metres(plane_.radius));
+  // The North point of the horizon.
+  say("pz =  ", metres(-R_ * std::tan(p_.LatRad / 2)));
+  sheet_.ForeColor = palette(kArrowInk);
+  say("first bearing =  ", angle(plane_.from));
+  say("second bearing =  ", angle(plane_.to));
+  say("Sun on dial at ", hourText(plane_.risingHour));
+  say("Sun off dial at ", hourText(plane_.settingHour));
+  sheet_.ForeColor = kWhite;
+}
+
+// --- The compass
+
+// From the meridian to the substyle's hour, with its arrow half way: the side that the plane looks
+// at.
+void Chart::compass() {
+  const double Ha = plane_.Ha;
+  const double radius = R_ * std::tan(p_.radians(kArrowRadius / 2));
+  MarcaCardinale(run_, radius * std::sin(Ha / 2), radius * std::cos(Ha / 2),
+                 90 - p_.degrees(Ha / 2));
+  const double base = p_.PiGreco / 2 + 2 * p_.PiGreco;
+  const double first = base - Ha * (Sgn(Ha) + 1) / 2, last = base - Ha * (1 - Sgn(Ha)) / 2;
+  for (const double t : run_.sweep(first, last, kArrowStep)) {
+    dot(sheet_, {radius * std::cos(t), radius * std::sin(t)}, palette(kArrowInk));
+  }
+}
+
+// --- The background
+
+// A stretch of the ring of hours, degrees counter-clockwise from the West: the hour at an angle a
+// is base - a/15. Midnight has no numeral.
+struct HourStretch {
+  double first, last, base;
+};
+constexpr std::array<HourStretch, 3> kHourStretches = {{{0, 75, 6}, {90, 255, 18}, {285, 345, 30}}};
+
+// The signs at the ends of a day's circle beside the horizon: of the winter solstice, the summer
+// solstice and the equinox.
+struct DaySigns {
+  double declination;  // of the ring's opposite, degrees
+  SegnoZodiaco* left;
+  SegnoZodiaco* right;
+};
+constexpr std::array<DaySigns, 3> kDaySigns = {{{kSolstice, SegnoZodiaco1, SegnoZodiaco1},
+                                                {-kSolstice, SegnoZodiaco11, SegnoZodiaco11},
+                                                {0, SegnoZodiaco12, SegnoZodiaco6}}};
+
+class Background {
+ public:
+  explicit Background(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), R_(p_.Raggio) {
+    const double summer = ring(p_, R_, -kSolstice);
+    outer_ = (summer - summer / 20) * 9 / 10;
+    inner_ = (summer - summer / 5) * 9 / 10;
+    middle_ = (summer - summer / 10) * 9 / 10;
+  }
+
+  void all() {
+    rims();
+    ticks(0, 15, inner_);
+    numerals();
+    // The quarters start at a quarter turn's number of radians, taken as degrees.
+    ticks(p_.PiGreco / 2, 15.0 / 4, middle_);
+    days();
+    signs();
+  }
+
+ private:
+  void rims();
+  void ticks(double first, double step, double inner);
+  void numerals();
+  void days();
+  void day(double d, int ink);
+  void signs();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  double R_;
+  double outer_, inner_, middle_;  // radii of the hours' rings
+};
+
+void Background::rims() {
+  circle(sheet_, {0, 0}, outer_, palette(kRingInk));
+  circle(sheet_, {0, 0}, inner_, palette(kRingInk));
+  const double end = ring(p_, R_, kSolstice);
+  line(sheet_, {0, -end}, {0, end}, palette(kRingInk));
+}
+
+void Background::ticks(double first, double step, double inner) {
+  for (const double a : run_.sweep(first, 360, step)) {
+    const double cosA = std::cos(p_.radians(a)), sinA = std::sin(p_.radians(a));
+    line(sheet_, {inner * cosA, inner * sinA}, {outer_ * cosA, outer_ * sinA}, palette(kRingInk));
+  }
+}
+
+// All numerals have their heads towards the centre.
+void Background::numerals() {
+  const double r = inner_ * 9 / 10;
+  for (const HourStretch& stretch : kHourStretches) {
+    for (const double a : run_.sweep(stretch.first, stretch.last, 15)) {
+      const double turn = p_.radians(a);
+      const double x = r * std::cos(turn), y = r * std::sin(turn);
+      const int hour = static_cast<int>(stretch.base - a / 15);
+      if (run_.on(Field::ckRomani)) {
+        DisegnaNumeroRomano(run_, x, y, p_.PiGreco / 2 - turn, hour, 2);
+      } else {
+        DisegnaNumeroArabo(run_, x, y, 180 + a, hour, hour >= 10 ? 2 : 1);
+      }
+    }
+  }
+}
+
+void Background::days() {
+  for (const double d : run_.sweep(2, 22, 2)) day(d, kDayInk);
+  for (const double d : run_.sweep(-22, -2, 2)) day(d, kDayInk);
+  day(kSolstice, kWinterInk);
+  day(-kSolstice, kSummerInk);
+}
+
+// Every circle has the arc of a winter's day, also that of a summer's.
+void Background::day(double d, int ink) {
+  const double c = cosineOfSemiArc(p_.LatRad, p_.radians(d));
+  if (std::abs(c) > 1) return;
+  dayArc(p_, sheet_, ring(p_, R_, d), p_.ArcCos(std::abs(c)), ink);
+}
+
+// A sign stands where its ring meets the circle that runs kSignsBeyond outside the horizon.
+void Background::signs() {
+  const double centre = over(R_, std::tan(p_.LatRad));
+  const double q = over(R_, std::sin(p_.LatRad)) + kSignsBeyond;
+  Punto at;
+  for (const DaySigns& signs : kDaySigns) {
+    const double r = ring(p_, R_, signs.declination);
+    assign(at.y, over(r * r - q * q + centre * centre, 2 * centre));
+    assign(at.x, root(r * r - at.y * at.y));
+    signs.left(run_, -at.x, at.y, 90, 1);
+    signs.right(run_, at.x, at.y, 90, 1);
+  }
+  sheet_.Dati("", at.x, sheetY(at.y));
+}
+
+}  // namespace
+
+OreMinuti GradiInOreMinuti(double hours) {
+  const double whole = std::floor(hours);
+  return {whole, (hours - whole) * 60};
+}
+
+void SfondoStereografico(Run& run) {
+  if (run.number(Field::txtLAT) < 0) {
+    run.refuse(run.T(kSouthernMessage));
+    return;
+  }
+  Background(run).all();
+  run.hourglass(false);
+}
+
+void DiagrammaStereografico(Run& run) {
+  run.params.ModoDati = 1;
+  if (run.number(Field::txtLAT) < 0) {
+    SfondoStereografico(run);
+    return;
+  }
+  run.hourglass(true);
+  run.sheet.Messaggio(
+      run.T("Stereographic diagram showing the operating limits of a dial wherever oriented"));
+  Chart(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright
