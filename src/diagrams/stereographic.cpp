@@ -27,6 +27,7 @@ constexpr int kHorizonInk = 10, kPlaneInk = 14, kRingInk = 5, kArrowInk = 11;
 constexpr double kLowLatitude = 6;      // degrees: below, the horizon is too flat for a circle
 constexpr double kHorizonStep = 0.005;  // metres
 constexpr double kPlaneStep = 0.0005;   // metres
+constexpr double kStraight = 1e6;       // of the chart's radius: circles from there on are lines
 constexpr double kSignsBeyond = 0.1;    // metres, outside the horizon
 constexpr double kArrowRadius = 120;    // degrees: twice the angle at the projection's pole
 constexpr double kArrowStep = 0.005;    // radians
@@ -51,6 +52,13 @@ void dayArc(const Angles& angles, SheetPlot& sheet, double radius, double semiAr
   arc(sheet, {0, 0}, radius, palette(ink), start < 0 ? start + 2 * angles.PiGreco : start,
       south + semiArc);
 }
+
+struct SineAndCosine {
+  double sine = 0, cosine = 1;
+
+  SineAndCosine() = default;
+  explicit SineAndCosine(double radians) : sine(std::sin(radians)), cosine(std::cos(radians)) {}
+};
 
 // The plane of the dial on the chart.
 struct DialPlane {
@@ -77,10 +85,12 @@ class Chart {
   bool sunSetsAllYear() const;
   void solstices();
   void horizon();
+  double substyleHour() const;
   void findPlane();
   void findSubstyle();
   void findCrossings();
   Punto project(double west, double south, double north) const;
+  bool straight() const { return !(std::abs(plane_.radius) < kStraight * std::abs(R_)); }
   void substyleLine();
   void planeCircle();
   void planeArc();
@@ -93,6 +103,7 @@ class Chart {
   SheetPlot& sheet_;
   double R_ = 0;
   double summer_ = 0, winter_ = 0;  // radii of the solstices
+  SineAndCosine latitude_, declination_, reclination_;
   DialPlane plane_;
 };
 
@@ -104,6 +115,9 @@ void Chart::readSite() {
   assign(p_.DeclGradi, run_.number(Field::txtDecl));
   p_.DeclRad = p_.radians(p_.DeclGradi);
   p_.ReclinRad = p_.radians(p_.ReclinGradi);
+  latitude_ = SineAndCosine(p_.LatRad);
+  declination_ = SineAndCosine(p_.DeclRad);
+  reclination_ = SineAndCosine(p_.ReclinRad);
   assign(p_.PassoOre, over(15, run_.number(Field::TxtHour)));
   assign(p_.Raggio, run_.number(Field::TxtRadius));
   R_ = p_.Raggio;
@@ -160,20 +174,24 @@ Punto Chart::project(double west, double south, double north) const {
   return {scale * west, scale * south};
 }
 
+// The hour angle of the plane's normal, on the side of the meridian that the dial declines to. A
+// level plane looks at the zenith or away from it, whatever its declination.
+double Chart::substyleHour() const {
+  if (std::abs(p_.ReclinGradi) == 90) return p_.ReclinGradi > 0 ? 0 : p_.PiGreco;
+  const double below =
+      latitude_.sine * declination_.cosine + latitude_.cosine * std::tan(p_.ReclinRad);
+  if (declination_.sine == 0 && below < 0) return p_.PiGreco;
+  const double Ha = below == 0 ? p_.PiGreco / 2 : arctan(declination_.sine / below);
+  if (std::sin(Ha) * declination_.sine >= 0) return Ha;
+  return Ha > 0 ? Ha - p_.PiGreco : Ha + p_.PiGreco;
+}
+
 // The great circle whose pole is the dial's normal (p, Ha) is a circle about
 // (R/tan p)(sin Ha, cos Ha) of radius R/sin p.
 void Chart::findPlane() {
-  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
-  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
-  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
-  assign(plane_.pole, p_.ArcSin(sinF * sinZ - cosF * cosZ * cosD));
-  // A level plane looks at the zenith, whatever its declination.
-  if (std::abs(p_.ReclinGradi) != 90) {
-    const double below = sinF * cosD + cosF * std::tan(p_.ReclinRad);
-    assign(plane_.Ha, below == 0 ? p_.PiGreco / 2 : arctan(sinD / below));
-    if (Sgn(std::sin(plane_.Ha)) != Sgn(sinD))
-      plane_.Ha += plane_.Ha > 0 ? -p_.PiGreco : p_.PiGreco;
-  }
+  assign(plane_.pole, p_.ArcSin(latitude_.sine * reclination_.sine -
+                                latitude_.cosine * reclination_.cosine * declination_.cosine));
+  assign(plane_.Ha, substyleHour());
   const double distance = over(R_, std::tan(plane_.pole));
   plane_.centre = {distance * std::sin(plane_.Ha), distance * std::cos(plane_.Ha)};
   plane_.radius = over(-R_, std::sin(plane_.pole));
@@ -181,14 +199,15 @@ void Chart::findPlane() {
 }
 
 void Chart::findSubstyle() {
-  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
-  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
-  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
   double Hs = 0;
-  assign(Hs, arctan(over(sinD, std::tan(p_.LatRad) * cosZ + cosD * sinZ)));
-  const double elevation = sinF * sinZ - cosF * cosZ * cosD;
-  const double u = over(cosF * sinD, elevation);
-  const double v = over(-(sinF * cosZ + cosF * sinZ * cosD), elevation);
+  assign(Hs, arctan(over(declination_.sine, std::tan(p_.LatRad) * reclination_.cosine +
+                                                declination_.cosine * reclination_.sine)));
+  const double elevation = latitude_.sine * reclination_.sine -
+                           latitude_.cosine * reclination_.cosine * declination_.cosine;
+  const double u = over(latitude_.cosine * declination_.sine, elevation);
+  const double v = over(-(latitude_.sine * reclination_.cosine +
+                          latitude_.cosine * reclination_.sine * declination_.cosine),
+                        elevation);
   if (u < 0 && v < 0) Hs += p_.PiGreco;
   if (u > 0 && v < 0) Hs -= p_.PiGreco;
   if (Hs > p_.PiGreco / 2) Hs -= p_.PiGreco;
@@ -207,7 +226,7 @@ void Chart::substyleLine() {
 }
 
 void Chart::planeCircle() {
-  if (!sound(plane_.centre.x + plane_.centre.y)) return;
+  if (straight()) return;
   dot(sheet_, plane_.centre, palette(kPlaneInk));
   arc(sheet_, plane_.centre, std::abs(plane_.radius), palette(kDayInk));
 }
@@ -217,17 +236,17 @@ void Chart::planeCircle() {
 // equator's South point and the pole are (cos d, -sin d sin phi, sin d cos phi) and the opposite;
 // projected, they are the points in which the two circles of the chart meet.
 void Chart::findCrossings() {
-  const double sinF = std::sin(p_.LatRad), cosF = std::cos(p_.LatRad);
-  const double sinD = std::sin(p_.DeclRad), cosD = std::cos(p_.DeclRad);
-  plane_.setting = project(cosD, -sinD * sinF, sinD * cosF);
-  plane_.rising = project(-cosD, sinD * sinF, -sinD * cosF);
+  plane_.setting = project(declination_.cosine, -declination_.sine * latitude_.sine,
+                           declination_.sine * latitude_.cosine);
+  plane_.rising = project(-declination_.cosine, declination_.sine * latitude_.sine,
+                          -declination_.sine * latitude_.cosine);
   const double turn = 2 * p_.PiGreco;
   const auto hour = [&](double west, double south) {
     const double H = p_.ArcTanPieno(west, south);
     return 12 + (H > p_.PiGreco ? H - turn : H) * 12 / p_.PiGreco;
   };
-  plane_.settingHour = hour(cosD, -sinD * sinF);
-  plane_.risingHour = hour(-cosD, sinD * sinF);
+  plane_.settingHour = hour(declination_.cosine, -declination_.sine * latitude_.sine);
+  plane_.risingHour = hour(-declination_.cosine, declination_.sine * latitude_.sine);
 
   const auto bearing = [&](Punto at) {
     const double b = p_.ArcTanPieno(at.y - plane_.centre.y, at.x - plane_.centre.x);
@@ -236,9 +255,12 @@ void Chart::findCrossings() {
   plane_.from = bearing(plane_.setting);
   plane_.to = bearing(plane_.rising);
   // The plane's steepest direction, upwards, lies on the part above the horizon.
-  const double sinZ = std::sin(p_.ReclinRad), cosZ = std::cos(p_.ReclinRad);
-  const double steepest = bearing(
-      project(-sinD * sinZ, cosF * cosZ - cosD * sinZ * sinF, sinF * cosZ + cosD * sinZ * cosF));
+  const double steepest =
+      bearing(project(-declination_.sine * reclination_.sine,
+                      latitude_.cosine * reclination_.cosine -
+                          declination_.cosine * reclination_.sine * latitude_.sine,
+                      latitude_.sine * reclination_.cosine +
+                          declination_.cosine * reclination_.sine * latitude_.cosine));
   const auto onwards = [&](double b) {
     const double way = b - plane_.from;
     return way < 0 ? way + turn : way;
@@ -246,9 +268,14 @@ void Chart::findCrossings() {
   if (onwards(steepest) > onwards(plane_.to)) std::swap(plane_.from, plane_.to);
 }
 
-// The part above the horizon; then, where the whole circle stands on the chart, its points.
+// The part above the horizon; then, where the whole circle stands on the chart, its points. A plane
+// with the polar style in it is a straight line.
 void Chart::planeArc() {
   const double r = std::abs(plane_.radius);
+  if (straight()) {
+    line(sheet_, plane_.setting, plane_.rising, palette(kPlaneInk));
+    return;
+  }
   const double end = plane_.to == 0 ? 2 * p_.PiGreco : plane_.to;
   arc(sheet_, plane_.centre, r, palette(kPlaneInk), plane_.from, end);
   const double left = plane_.centre.x - r, right = plane_.centre.x + r;
