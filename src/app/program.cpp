@@ -6,6 +6,7 @@
 #include "lettering/specimen.hpp"
 #include "persist/encoding.hpp"
 #include "persist/safe_file.hpp"
+#include "shell/report.hpp"
 
 namespace dialwright {
 
@@ -100,6 +101,7 @@ void Program::pressEnabled(Field button) {
   Run run(panel_, params_, sheet_, all);
   switch (button) {
     case Field::cmdSave: SalvaDefault(); break;
+    case Field::cmdData: cmdData_Click(run); break;
     case Field::cmdStati: loadWorld(run); break;
     case Field::cmdPlot:
       if (world_.rows.empty()) loadWorld(run);

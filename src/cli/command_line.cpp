@@ -142,7 +142,7 @@ std::vector<std::string> wordsOf(const CLI::App& app) {
 
 std::string suggest(const CLI::App& app, const std::string& word) {
   std::vector<std::string> known;
-  const bool option = word.rfind("-", 0) == 0;
+  const bool option = word.starts_with('-');
   if (option) {
     std::set<std::string> names;
     for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; })) {

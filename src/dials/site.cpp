@@ -22,7 +22,8 @@ void LeggiParametriSito(Run& run) {
   setLongitudeCorrections(run);
   assign(p.DeclGradi, run.number(Field::txtDecl));
   assign(p.DeclRad, p.radians(p.DeclGradi));
-  assign(p.StiloBase, run.number(Field::TxtStilo) * (std::abs(p.DeclGradi) > 90 ? kNorthWallFactor : 1));
+  assign(p.StiloBase,
+         run.number(Field::TxtStilo) * (std::abs(p.DeclGradi) > 90 ? kNorthWallFactor : 1));
   assign(p.Raggio, run.number(Field::TxtRadius));
   assign(p.PassoOre, over(15, run.number(Field::TxtHour)));
   assign(p.PassoCurva, run.number(Field::txt_Definition) / 500);
@@ -33,6 +34,12 @@ void setLongitudeCorrections(Run& run) {
   p.LonAbs = std::abs(p.LonGradi);
   assign(p.CorrLon, p.radians(15 - p.SegnoLon * p.LonAbs));
   assign(p.CorrFuso, p.radians(-15 * run.number(Field::TxtFuso) - p.SegnoLon * p.LonAbs));
+}
+
+void wrapDeclination(DialParams& p) {
+  if (p.LatRad < 0) p.DeclGradi = -(180 + p.DeclGradi);
+  if (std::abs(p.DeclGradi) > 180) p.DeclGradi -= 360 * Sgn(p.DeclGradi);
+  p.DeclRad = p.radians(p.DeclGradi);
 }
 
 void readUsaLongitudine(Run& run) { run.params.UsaLongitudine = run.on(Field::ck_Etna) ? 1 : 0; }

@@ -17,13 +17,17 @@ double semiDiurnalArcOrHalfTurn(const Angles& angles, double cosine) {
   return std::abs(cosine) >= 1 ? angles.PiGreco : angles.ArcCos(cosine);
 }
 
+SolarDay solarDay(const Angles& angles, double latitude, double degrees) {
+  const double d = angles.radians(degrees);
+  return {degrees, std::sin(d), std::cos(d), std::tan(d),
+          semiDiurnalArc(angles, cosineOfSemiArc(latitude, d))};
+}
+
 std::span<const SolarDay> SolarDays::of(const Sweep& declinations) {
   if (declinations.samples() == 0) return {};
   if (days_.empty()) {
     for (const double degrees : declinations) {
-      const double d = angles_.radians(degrees);
-      days_.push_back({degrees, std::sin(d), std::cos(d), std::tan(d),
-                       semiDiurnalArc(angles_, cosineOfSemiArc(latitude_, d))});
+      days_.push_back(solarDay(angles_, latitude_, degrees));
     }
   }
   return days_;

@@ -10,7 +10,7 @@
 namespace dialwright {
 
 // The hour colours: noon red, six in the evening blue, the others pale.
-inline constexpr int hourInk(double degrees, int ordinary = 7) {
+constexpr int hourInk(double degrees, int ordinary = 7) {
   return degrees == 0 ? 12 : degrees == 90 ? 9 : ordinary;
 }
 
@@ -29,6 +29,8 @@ struct SolarDay {
   double sine, cosine, tangent;  // of it
   double arc;                    // the semi-diurnal arc as semiDiurnalArc gives it
 };
+
+SolarDay solarDay(const Angles& angles, double latitude, double degrees);
 
 // The days of a family's loops over the declination at a latitude (radians), worked out by the
 // first loop that asks for them.

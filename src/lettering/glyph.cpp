@@ -17,7 +17,7 @@ class Engraver {
   Engraver(Run& run, const GlyphFrame& frame)
       : run_(run), frame_(frame), sin_(std::sin(frame.across)), cos_(std::cos(frame.across)) {}
 
-  void draw(const Stroke& stroke) const {
+  void draw(const GlyphStroke& stroke) const {
     line(place(stroke.p1, stroke.q1), place(stroke.p2, stroke.q2), stroke.ink);
   }
 
@@ -88,7 +88,7 @@ class Engraver {
 void draw(Run& run, const GlyphFrame& frame, const Glyph& glyph) {
   const Engraver engraver(run, frame);
   for (const Arc& arc : glyph.arcs) engraver.draw(arc);
-  for (const Stroke& stroke : glyph.strokes) engraver.draw(stroke);
+  for (const GlyphStroke& stroke : glyph.strokes) engraver.draw(stroke);
 }
 
 }  // namespace dialwright

@@ -1,5 +1,5 @@
-// Stroke glyphs: designs of arcs and straight strokes in a grid, and the one routine that draws
-// them all.
+// GlyphStroke glyphs: designs of arcs and straight strokes in a grid, and the one routine that
+// draws them all.
 #pragma once
 
 #include <span>
@@ -22,7 +22,7 @@ struct Arc {
 };
 
 // A straight stroke between two grid points.
-struct Stroke {
+struct GlyphStroke {
   double p1, q1, p2, q2;
   int ink;
 };
@@ -30,7 +30,7 @@ struct Stroke {
 // One design: its arcs are drawn first, then its straight strokes.
 struct Glyph {
   std::span<const Arc> arcs;
-  std::span<const Stroke> strokes;
+  std::span<const GlyphStroke> strokes;
 };
 
 // Where a design's grid lies on the dial: its origin (x, y) and the length of a grid unit in

@@ -19,7 +19,7 @@ constexpr Arc kCapricornArcs[] = {
     {-28.1669, -0.7785, 22.2521, 12.317093, 86.994124, 6, 11},
     {-30.4548, 3.2115, 22.5844, 2.52297, 77.066526, 6, 11},
 };
-constexpr Stroke kCapricornStrokes[] = {
+constexpr GlyphStroke kCapricornStrokes[] = {
     {13.2211, -18.8704, 13.2211, -4.1261, 15},
     {9, 22, 10.2, 22, 15},
     {9.4211, -17.3704, 9.4211, -1.7975, 15},
@@ -30,7 +30,7 @@ constexpr Stroke kCapricornStrokes[] = {
 };
 
 // Sagittarius: an arrow with its cross-bar.
-constexpr Stroke kSagittariusStrokes[] = {
+constexpr GlyphStroke kSagittariusStrokes[] = {
     {0, -27, 27, -27, 12},
     {27, -27, 27, 0, 12},
     {27, 0, 22, -19.4, 12},
@@ -60,7 +60,7 @@ constexpr Arc kAquariusArcs[] = {
     {0, 5.4, 10.6, 211.890792, 328.109208, kCircle, 11},
     {18, 16.6, 10.6, 31.890792, 148.109208, kCircle, 11},
 };
-constexpr Stroke kAquariusStrokes[] = {
+constexpr GlyphStroke kAquariusStrokes[] = {
     {-27, -13, -27, -7, 12},
     {27, -13, 27, -7, 12},
     {-27, 5, -27, 11, 12},
@@ -78,7 +78,7 @@ constexpr Arc kScorpioArcs[] = {
     {15, 14, 5, 180, 270, kCircle, 12},
     {15, 14, 9, 180, 270, kCircle, 12},
 };
-constexpr Stroke kScorpioStrokes[] = {
+constexpr GlyphStroke kScorpioStrokes[] = {
     {-25.976, -25.8709, -25.2814, -21.9316, 6},
     {-20, -17.5, -20, 21, 12},
     {-20, 21, -16, 21, 12},
@@ -106,7 +106,7 @@ constexpr Arc kPiscesArcs[] = {
     {46.91, 0, 35.41, 130.315222, 180, 8, 11},
     {46.91, 0, 35.41, 180, 229.684778, 8, 11},
 };
-constexpr Stroke kPiscesStrokes[] = {
+constexpr GlyphStroke kPiscesStrokes[] = {
     {-7.0669, -2, 7.0669, -2, 11}, {-7.0669, 2, 7.0669, 2, 11}, {-11.5565, -2, -26, 0, 11},
     {-26, 0, -11.5565, 2, 11},     {11.5565, -2, 26, 0, 11},    {26, 0, 11.5565, 2, 11},
 };
@@ -116,7 +116,7 @@ constexpr Arc kLibraArcs[] = {
     {0, -5, 16, 325.771134, 574.228866, kCircle, 11},
     {0, -5, 12, 300, 600, kCircle, 11},
 };
-constexpr Stroke kLibraStrokes[] = {
+constexpr GlyphStroke kLibraStrokes[] = {
     {-13.2288, 4, -27, 4, 12}, {-27, 4, -27, 8, 12},  {-27, 8, -6, 8, 12},
     {13.2288, 4, 27, 4, 12},   {27, 4, 27, 8, 12},    {27, 8, 6, 8, 12},
     {-6, 8, -6, 5.3923, 3},    {6, 8, 6, 5.3923, 3},  {-27, 16, 27, 16, 12},
@@ -147,7 +147,7 @@ constexpr Arc kVirgoArcs[] = {
     {-23.9, -13, 39.4, 318.261662, 360, 6, 9},
     {-23.9, -13, 39.4, 291.5, 310.90618, 6, 3},
 };
-constexpr Stroke kVirgoStrokes[] = {
+constexpr GlyphStroke kVirgoStrokes[] = {
     {-8.1404, 27.008, -9.4599, 23.6585, 11},
     {-26.1024, -27.3861, -25.4772, -23.8408, 11},
     {-20.9, -20, -20.9, 18, 3},
@@ -168,7 +168,7 @@ constexpr Arc kTaurusArcs[] = {
     {0, -25.5, 20.5, 207, 333, kCircle, 3},
     {0, -25.5, 16.5, 207, 333, kCircle, 3},
 };
-constexpr Stroke kTaurusStrokes[] = {
+constexpr GlyphStroke kTaurusStrokes[] = {
     {-18.2656, -16.1932, -21.6, -20.9, 12},
     {-21.6, -20.9, -28, -27, 12},
     {-28, -27, -18.6, -23, 12},
@@ -209,7 +209,7 @@ constexpr Arc kGeminiArcs[] = {
     {147.7087, 0, 135.1087, 171.744645, 188.255355, 8, 12},
     {-103.5077, 0, 112.5077, 350.951806, 369.048194, 8, 12},
 };
-constexpr Stroke kGeminiStrokes[] = {
+constexpr GlyphStroke kGeminiStrokes[] = {
     {-4, -21.1142, 4, -21.1142, 12},
     {-4, 21.1142, 4, 21.1142, 12},
 };
@@ -219,7 +219,7 @@ constexpr Arc kCancerArcs[] = {
     {-17, -4.5, 9, 135, 495, 8, 15},
     {17, 4.5, 9, 315, 675, 8, 15},
 };
-constexpr Stroke kCancerStrokes[] = {
+constexpr GlyphStroke kCancerStrokes[] = {
     {-23.364, -10.864, -14.6, -16.6, 15}, {-14.6, -16.6, -2.5, -18.8, 15},
     {-2.5, -18.8, 11.5, -17.7, 15},       {11.5, -17.7, 26, -13.2, 15},
     {23.364, 10.864, 14.6, 16.6, 15},     {14.6, 16.6, 2.5, 18.8, 15},
@@ -230,7 +230,7 @@ constexpr Stroke kCancerStrokes[] = {
 constexpr Arc kCompassArcs[] = {
     {0, 0, 15.7, 0, 360, kCircle, 11},
 };
-constexpr Stroke kCompassStrokes[] = {
+constexpr GlyphStroke kCompassStrokes[] = {
     {12.3, 0, 0, -42, 12},
     {0, -42, -12.3, 0, 12},
     {-12.3, 0, 0, 29.69, 11},

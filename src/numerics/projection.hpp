@@ -22,6 +22,21 @@ inline void assign(Punto& target, Punto value) {
   assign(target.y, value.y);
 }
 
+// The line a x + b y = c of a dial's plane.
+struct Retta {
+  double a = 0, b = 0, c = 0;
+
+  // Where it meets an upright and a level line; a fault where it runs along it.
+  double yAt(double x) const { return over(c - a * x, b); }
+  double xAt(double y) const { return over(c - b * y, a); }
+  // The line through the origin that it meets squarely, and their crossing.
+  Retta normal() const { return {b, -a, 0}; }
+  Punto foot() const {
+    const double reach = over(c, a * a + b * b);
+    return {a * reach, b * reach};
+  }
+};
+
 // A dial's plane; angles in radians.
 struct Piano {
   double Stilo = 0;       // length of the upright style, metres
@@ -74,6 +89,16 @@ class Projection {
   };
   Hour atHour(double H) const { return {*this, std::sin(H), std::cos(H)}; }
 
+  // True when that sun stands before the plane.
+  bool lit(double sinH, double cosH, double tanDelta) const {
+    return depth_(sinH, cosH, tanDelta) > 0;
+  }
+
+  // The line of an hour angle, on both sides of the style's centre.
+  Retta hourLine(double H) const { return throughTip({std::cos(H), -std::sin(H), 0}); }
+  // The shadow of the days when day and night are equal.
+  Retta equinoctial() const { return throughTip({0, 0, 1}); }
+
  private:
   // A linear form in the sun's place: sin H, cos H and tan(declination).
   struct Form {
@@ -82,6 +107,15 @@ class Projection {
       return sine * sinH + cosine * cosH + tangent * tanDelta;
     }
   };
+
+  // The section of the dial with a plane of rays through the style's tip: those whose sun makes
+  // the product with the plane's normal, given in the same parts, vanish.
+  Retta throughTip(const Form& normal) const {
+    const auto part = [&normal](const Form& f) {
+      return f(normal.sine, normal.cosine, normal.tangent);
+    };
+    return {-part(right_), -part(up_), style_ * part(depth_)};
+  }
 
   double style_;
   Form depth_, right_, up_;

@@ -57,6 +57,30 @@ TEST_F(ProgramTest, TwoDoNotDisturbEachOther) {
   EXPECT_NE(first->T("Horizon"), second->T("Horizon"));
 }
 
+TEST_F(ProgramTest, TheDataButtonWritesAfterTheFirstRun) {
+  const auto program = start();
+  EXPECT_EQ(program->press("cmdData"), Press::Disabled);
+  program->click(Field::ckFunction, true);
+  program->CmdRun_Click();
+  const std::size_t before = program->sheet().list().texts.size();
+  EXPECT_EQ(program->press("cmdData"), Press::Done);
+  const auto& texts = program->sheet().list().texts;
+  ASSERT_GT(texts.size(), before);
+  EXPECT_EQ(texts[before].text, "DATA: ");
+  // Centre and substyle of the dial that was drawn.
+  const DialParams& p = program->params();
+  EXPECT_NEAR(p.degrees(p.SustilareReport), -13.7725, 1e-4);
+  EXPECT_EQ(texts.back().text, "-0.171911    0.544198");
+
+  const auto italian = start("it");
+  italian->CmdRun_Click();
+  italian->press("cmdData");
+  bool translated = false;
+  for (const TextRecord& text : italian->sheet().list().texts)
+    translated = translated || text.text == "Elevazione dello stilo  -42.48719°";
+  EXPECT_TRUE(translated);
+}
+
 TEST_F(ProgramTest, ANewSheetIsNew) {
   const auto program = start();
   program->CmdRun_Click();

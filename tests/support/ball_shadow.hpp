@@ -72,6 +72,27 @@ void expectFarEnd(const Gnomon& gnomon, const Plane& plane, Spot end, Vec sunwar
   }
 }
 
+// Points of a list of records on the outline of a ball's shadow, and on the edge of the shade on
+// the ball as it is seen from above the plane.
+template <class Points>
+void expectOutlines(const Ball& ball, const Plane& plane, Vec sunwards, const Points& outline,
+                    const Points& shade) {
+  EXPECT_GT(outline.size(), 2000u);
+  for (const auto& p : outline)
+    EXPECT_NEAR(missOf(plane, ball.height, {p.x, -p.y}, sunwards), ball.radius, 1e-7);
+  EXPECT_GT(shade.size(), 1000u);
+  for (const auto& p : shade) {
+    const Vec flat = onPlane(plane, {p.x, -p.y});
+    const double out = std::sqrt(std::max(0.0, ball.radius * ball.radius - dot(flat, flat)));
+    // Near the rim the height is the root of a small difference.
+    EXPECT_NEAR(dot(flat + out * plane.normal, sunwards), 0, out > 0.01 ? 1e-7 : 1e-4);
+  }
+  // One half comes after the other.
+  const Vec left = cross(plane.normal, sunwards);
+  const auto side = [&](const auto& p) { return dot(left, onPlane(plane, {p.x, -p.y})); };
+  EXPECT_LT(side(outline[outline.size() / 4]) * side(outline[3 * outline.size() / 4]), 0);
+}
+
 // The semi-diurnal arc in degrees, half a turn where the sun neither rises nor sets.
 inline double arcOrHalfTurn(double latitude, double declination) {
   const double arc = deg(semiArc(latitude, declination));

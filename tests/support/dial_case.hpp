@@ -1,6 +1,7 @@
 // A dial of a test: its own panel, record and sheet, a driver, and what the run said and drew.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,6 +51,13 @@ class DialCase {
     return *this;
   }
 
+  // A button's press after the run.
+  DialCase& press(void (*button)(Run&)) {
+    Run run(panel, params, sheet, ports_);
+    button(run);
+    return *this;
+  }
+
   std::vector<LineRecord> linesOf(std::string_view layer) {
     return selected(sheet.list().lines, [&](const LineRecord& r) { return r.layer == sheet.layer(layer); });
   }
@@ -64,6 +72,21 @@ class DialCase {
   std::string told() const {
     std::string all;
     for (const TextRecord& text : sheet.list().texts) all += text.text + "|";
+    return all;
+  }
+
+  // The layers of the lines in their order, each with its first line's colour number (or RGB value)
+  // and a bar after it.
+  std::string inks() const {
+    std::string all, last = "0";
+    for (const LineRecord& line : sheet.list().lines) {
+      const std::string& name = sheet.list().name(line.layer);
+      if (name == "0" || name == last) continue;
+      const auto number = std::find(kPalette.begin(), kPalette.end(), line.colour);
+      const auto shown = number == kPalette.end() ? line.colour : number - kPalette.begin();
+      all += name + " " + std::to_string(shown) + "|";
+      last = name;
+    }
     return all;
   }
 

@@ -125,15 +125,8 @@ void Drawing::BallAnalemma() {
 }  // namespace
 
 void QuadranteBall(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Bifilar horizontal spherical dial by spherical trigonometry"));
-  readLevelSite(run);
-  run.sheet.Dati("");
+  if (refusesSouth(run)) return;
+  openRun(run, "Bifilar horizontal spherical dial by spherical trigonometry", readLevelSite);
   Drawing(run).all();
   run.hourglass(false);
 }

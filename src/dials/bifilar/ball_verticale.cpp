@@ -250,15 +250,8 @@ void readWall(Run& run) {
 }  // namespace
 
 void QuadranteBallVerticale(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Bifilar vertical semi - sphere dial by vectors"));
-  readWall(run);
-  run.sheet.Dati("");
+  if (refusesSouth(run)) return;
+  openRun(run, "Bifilar vertical semi - sphere dial by vectors", readWall);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cmath>
-#include <optional>
 #include <string_view>
 
 #include "dials/pen.hpp"
@@ -13,10 +12,9 @@
 
 namespace dialwright::bifilar {
 
-inline constexpr double kChordLimit = 0.02;       // longest chord of a curve, metres
-inline constexpr double kDeclinationStep = 0.05;  // degrees, along an hour line
-inline constexpr double kStraightLineStep =
-    0.0006;  // metres, along a line that is drawn by its equation
+inline constexpr double kChordLimit = 0.02;          // longest chord of a curve, metres
+inline constexpr double kDeclinationStep = 0.05;     // degrees, along an hour line
+inline constexpr double kStraightLineStep = 0.0006;  // metres, along a line of an equation
 inline constexpr Rgb kItalicPink = rgb(255, 128, 128);
 
 // An angle in radians with its sine and cosine, so that a loop takes them once for what it holds
@@ -163,6 +161,13 @@ template <class Place>
 void numerals(Run& run, Place&& place);
 
 // --- What the drivers share
+
+// Refuses a southern latitude, and tells whether it did.
+bool refusesSouth(Run& run);
+
+// The head of a run: the frame box, the busy pointer, the caption, the site as `read` takes it, and
+// an empty text.
+void openRun(Run& run, std::string_view caption, void (*read)(Run&));
 
 // Latitude, longitude and its corrections and the style from the panel into the record.
 void readSite(Run& run);

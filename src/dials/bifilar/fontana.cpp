@@ -188,16 +188,9 @@ void Drawing::FontanaAnalemma() {
 }  // namespace
 
 void QuadranteFontana(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   if (run.on(Field::ck_Triangolo)) FontanaSezione(run);
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Bifilar horizontal spherical dial by spherical trigonometry"));
-  readLevelSite(run);
-  run.sheet.Dati("");
+  openRun(run, "Bifilar horizontal spherical dial by spherical trigonometry", readLevelSite);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -96,11 +96,11 @@ constexpr std::array<Family, 3> otherHours(Lead lead) {
 // Half an ellipse, or the arc of one that lies between two abscissae: Y = +-sqrt(radius^2 - (X *
 // squeeze)^2), turned through the shadow's angle and shifted, point by point.
 struct ShadowConic {
-  double first, last;
-  double radius, squeeze;
-  double sine, cosine;  // of the shadow's angle
+  double first = 0, last = 0;
+  double radius = 0, squeeze = 0;
+  double sine = 0, cosine = 1;  // of the shadow's angle
   Punto shift;
-  Rgb colour;
+  Rgb colour = kWhite;
 };
 
 // Plots the positive half, then the negative one. Samples beyond the conic are left out; nothing is

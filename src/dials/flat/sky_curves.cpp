@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
@@ -153,9 +154,7 @@ void CurvaQibla(Run& run) {
 void LineeAzimut(Run& run) {
   DialParams& p = run.params;
   assign(p.DeclGradi, run.number(Field::txtDecl));
-  if (p.LatRad < 0) p.DeclGradi = -(180 + p.DeclGradi);
-  if (std::abs(p.DeclGradi) > 180) p.DeclGradi -= 360 * Sgn(p.DeclGradi);
-  p.DeclRad = p.radians(p.DeclGradi);
+  wrapDeclination(p);
   readReclination(run);
   if (p.LatRad == 0 || !run.on(Field::ckAz)) return;
   const Window window(run);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "dials/flat/substyle_frame.hpp"
+#include "dials/flat/upright_wall.hpp"
 #include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
@@ -22,10 +23,8 @@ namespace {
 
 constexpr Rgb kEquinoctialBlue = rgb(49, 172, 238);
 constexpr Rgb kItalicPink = rgb(255, 128, 255);
-constexpr Rgb kYellow = 65535;
 
-constexpr double kSunLineGap = 0.01;  // longest segment of a line traced by sun positions, metres
-constexpr double kHourMark = 0.002;   // radius
+constexpr double kHourMark = 0.002;       // radius
 constexpr double kHourLineBottom = -0.8;  // ordinate
 constexpr double kSideWall = 80;  // degrees of declination from which the centre is of no use
 constexpr double kAnalemmaPi = 3.1415926536;
@@ -39,8 +38,6 @@ struct Pair {
 constexpr std::array<Pair, 3> kPairs = {{{Declination::Solstice, kSolstice, 12},
                                          {Declination::Twentieth, kTwentieth, 13},
                                          {Declination::Eleventh, kEleventh, 11}}};
-
-enum class HourSystem { Italic, Babylonian, Temporary };
 
 struct InkedPoint {
   Punto at;
@@ -65,8 +62,6 @@ class Drawing {
   double elevationByPosition() const;
 
   void StiloConico();
-  void coneOfStyle(double elevation, Rgb colour);
-  void linesOfConicStyle();
   void conicHours(double side, const Ink& ink);
 
   void OreAstronomiche();
@@ -74,7 +69,6 @@ class Drawing {
   void LineeOrarie();
   void CurveDeclinazione();
   void curvesAtEquator();
-  void sunLines(Sweep hours, HourSystem system, Rgb colour);
   void Analemma();
   std::vector<InkedPoint> yearOfNoons();
   bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic, double& v);
@@ -100,7 +94,9 @@ void Drawing::all() {
   const bool otherHours = on(Field::ck_Italiche) || on(Field::ck_babiloniche) || on(Field::ckTemp);
   if (on(Field::chkOreAstronomiche) && !otherHours) OreAstronomiche();
   if (on(Field::Ck_DayLightCurves)) CurveDeclinazione();
-  if (on(Field::ckTemp)) sunLines(run_.sweep(1, 12, 1), HourSystem::Temporary, palette(6));
+  if (on(Field::ckTemp)) {
+    drawSunHours(run_, run_.sweep(1, 12, 1), HourSystem::Temporary, palette(6));
+  }
   if (on(Field::ck_Lemniscate)) Analemma();
   if (on(Field::ck_Equinoziale)) LineaEquinoziale();
   if (on(Field::ck_Sustilare)) LineaSustilare();
@@ -112,8 +108,10 @@ void Drawing::all() {
     return run_.sweep(number(Field::TxtInizio), number(Field::TxtFine), 1,
                       {.bound = Field::TxtFine});
   };
-  if (on(Field::ck_Italiche)) sunLines(hours(), HourSystem::Italic, kItalicPink);
-  if (on(Field::ck_babiloniche)) sunLines(hours(), HourSystem::Babylonian, palette(13));
+  if (on(Field::ck_Italiche)) drawSunHours(run_, hours(), HourSystem::Italic, kItalicPink);
+  if (on(Field::ck_babiloniche)) {
+    drawSunHours(run_, hours(), HourSystem::Babylonian, palette(13));
+  }
   ChiudiVerticale();
 }
 
@@ -168,64 +166,18 @@ Punto Drawing::noonOnEquinoctial() const {
 
 void Drawing::StiloConico() {
   p_.ReclinRad = 0;
-  if (p_.LatRad != 0) linesOfConicStyle();
-  sheet_.ForeColor = kYellow;
-  sheet_.Dati("", 0, 0.5);
-  sheet_.Dati("ecc. " + textOf(rounded(p_.Eccentricita, 4)));
+  if (p_.LatRad != 0) {
+    const double E2 = uprightElevation(p_);
+    assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
+    assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
+    drawLatitudeConic(run_, p_.conic(Declination::Latitude), E2,
+                      SubstyleTurn(p_.Sustilare, p_.DistPiedeCentro),
+                      {.hyperbola = 14, .firstVertex = +1});
+  }
+  writeEccentricity(run_);
   if (p_.LatGradi == 0 || p_.LatGradi == 90) return;
   if (on(Field::ck_Italiche)) conicHours(-1, {kItalicPink, sheet_.layer("ita")});
   if (on(Field::ck_babiloniche)) conicHours(+1, {palette(13), sheet_.layer("bab")});
-}
-
-void Drawing::coneOfStyle(double elevation, Rgb colour) {
-  ConicSet& conic = p_.conic(Declination::Latitude);
-  const double t = std::tan(p_.LatRad);
-  setConic(conic, p_.Stilo, elevation, t * t);
-  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
-  for (const double u : run_.sweep(-1, 1, 0.002)) {
-    const double R = radicand(conic, u);
-    if (!(R > 0)) continue;
-    const double half = std::sqrt(R);
-    dot(sheet_, turn(u, -conic.A1 / 2 + half), colour);
-    dot(sheet_, turn(u, -conic.A1 / 2 - half), colour);
-  }
-}
-
-void Drawing::linesOfConicStyle() {
-  const bool level = std::abs(p_.DeclGradi) == 90 || std::abs(p_.LatGradi) == 90;
-  const double w = level ? 0 : -std::cos(p_.LatRad) * std::cos(p_.DeclRad);
-  const double E2 = -p_.ArcSin(w);
-  assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
-  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
-  assign(p_.Eccentricita, std::abs(over(std::cos(E2), std::cos(p_.LatRad))));
-  coneOfStyle(E2, palette(p_.Eccentricita > 1 ? 14 : 10));
-
-  const double reach = p_.SegnoDecl * p_.Stilo * signOrOne(p_.LatRad);
-  const Punto T0{reach * std::cos(p_.Sustilare), reach * std::sin(p_.Sustilare)};
-  Punto C;
-  assign(C, {-p_.Stilo * std::tan(p_.DeclRad),
-             over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
-  line(sheet_, T0, C, palette(9));
-  if (hasCentre()) line(sheet_, T0, {C.x, 0}, palette(2));
-  dot(sheet_, {0, 0}, palette(15));
-
-  const ConicSet& conic = p_.conic(Declination::Latitude);
-  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
-  const double half = root(radicand(conic, 0));
-  double v1 = 0, v2 = 0;
-  assign(v1, -conic.A1 / 2 + half);
-  assign(v2, -conic.A1 / 2 - half);
-  const Punto V1 = turn(0, v1), V2 = turn(0, v2);
-  // The line from T0 through a vertex, produced to twice the vertex's height.
-  const auto produced = [&](Punto V) {
-    Punto end{0, 2 * V.y};
-    assign(end.x, T0.x + over((V.x - T0.x) * (end.y - T0.y), V.y - T0.y));
-    return end;
-  };
-  const bool hyperbola = p_.Eccentricita >= 1;
-  const bool facesNorth = hyperbola && std::abs(p_.DeclGradi) >= 90;
-  line(sheet_, T0, hyperbola && !facesNorth ? produced(V1) : V1, palette(10));
-  line(sheet_, T0, facesNorth ? produced(V2) : V2, palette(12));
 }
 
 // Italic (side -1) and babylonian (side +1) hours as tangents to the style's conic from the hours
@@ -344,45 +296,6 @@ void Drawing::curvesAtEquator() {
     for (std::size_t i = first; i < kPairs.size(); ++i) {
       dot(sheet_, {X, std::sqrt(W[i])}, palette(kPairs[i].colour));
       dot(sheet_, {X, -std::sqrt(W[i])}, palette(kPairs[i].colour));
-    }
-  }
-}
-
-// --- Hours that run through the sun's positions
-
-// Hour angle of the hour T, for a semi-diurnal arc H0; radians.
-double hourAngle(HourSystem system, double T, double H0, double PiGreco) {
-  switch (system) {
-    case HourSystem::Italic: return T * PiGreco / 12 + H0 - 2 * PiGreco;
-    case HourSystem::Babylonian: return T * PiGreco / 12 - H0;
-    case HourSystem::Temporary: return H0 * (T / 6 - 1);
-  }
-  return kFault;
-}
-
-void Drawing::sunLines(Sweep hours, HourSystem system, Rgb colour) {
-  Pen pen(sheet_, kSunLineGap);
-  pen.dip({colour});
-  const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
-  SolarDays days(p_, p_.LatRad);
-  double azimuth = 0, tanAltitude = 0;
-  Punto point;
-  for (const double T : hours) {
-    const Sweep declinations =
-        run_.sweep(-kSolstice, kSolstice, p_.PassoCurva * 10, {.step = Field::txt_Definition});
-    for (const SolarDay& day : days.of(declinations)) {
-      p_.DeclSole = day.degrees;
-      if (!sound(day.arc)) continue;
-      const double h = hourAngle(system, T, day.arc, p_.PiGreco);
-      const double sinH = std::sin(h), cosH = std::cos(h);
-      assign(azimuth, arctan(over(sinH, sinLat * cosH - cosLat * day.tangent)));
-      if (Sgn(h) != Sgn(azimuth)) azimuth -= Sgn(azimuth - p_.DeclRad) * p_.PiGreco;
-      assign(tanAltitude, p_.TanArcSin(sinLat * day.sine + cosLat * day.cosine * cosH));
-      const double aside = azimuth - p_.DeclRad;
-      if (!(std::abs(aside) < p_.PiGreco / 2)) continue;
-      assign(point, {p_.Stilo * std::tan(aside), over(-p_.Stilo * tanAltitude, std::cos(aside))});
-      if (point.y > 0) continue;
-      pen.visit(point, drawIf(day.degrees > declinations.first() && window_.holds(point)));
     }
   }
 }

@@ -13,6 +13,7 @@
 #include "dials/flat/sky_curves.hpp"
 #include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
+#include "dials/flat/verticale_sferica.hpp"
 #include "dials/sun.hpp"
 #include "shell/clicks.hpp"
 #include "shell/dispatch.hpp"
@@ -185,6 +186,9 @@ void program7BareFormula(benchmark::State& state) {
   state.counters["points"] = static_cast<double>(points);
 }
 BENCHMARK(program7BareFormula)->Unit(benchmark::kMillisecond);
+
+void program6(benchmark::State& state) { runDial(state, Item::mnuVertSph, DisegnaVerticale); }
+BENCHMARK(program6)->Unit(benchmark::kMillisecond);
 
 void program1(benchmark::State& state) { runDial(state, Item::M_Light, DisegnaVerticaleLuce); }
 BENCHMARK(program1)->Unit(benchmark::kMillisecond);

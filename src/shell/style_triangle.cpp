@@ -1,5 +1,5 @@
 // The polar style over its plane.
-#include "dials/flat/style_triangle.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 

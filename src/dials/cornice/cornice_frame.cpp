@@ -1,0 +1,200 @@
+// The families, numerals and report that all cornice dials draw alike.
+#include "dials/cornice/cornice_frame.hpp"
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "dials/site.hpp"
+#include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
+#include "numerics/numbers.hpp"
+
+namespace dialwright::cornice {
+
+namespace {
+
+constexpr double kHour = 15;          // degrees
+constexpr double kLastHour = 105;     // degrees either side of noon of the numerals
+constexpr double kEdgeStep = 0.0005;  // radians along the border
+constexpr int kNumeralDot = 4;        // the dot on which an afternoon numeral stands
+
+void assignEach(Vettore& target, const Vettore& value) {
+  assign(target.x, value.x);
+  assign(target.y, value.y);
+  assign(target.z, value.z);
+}
+
+}  // namespace
+
+// --- The light and the edge
+
+Vettore VettoreSole(const Trig& latitude, const Trig& hour, const Trig& sun) {
+  const double meridian = sun.cosine * hour.cosine;
+  return {sun.cosine * hour.sine, -meridian * latitude.cosine - sun.sine * latitude.sine,
+          -meridian * latitude.sine + sun.sine * latitude.cosine};
+}
+
+double angoloBordo(const Trig& latitude, double hourAngle) {
+  return arctan(over(-1, std::tan(hourAngle) * latitude.sine));
+}
+
+Vettore PuntoBordo(double radius, double theta) {
+  return {radius * std::sin(theta), 0, -radius * std::cos(theta)};
+}
+
+void Light::travel(const Vettore& edge, const Vettore& ray) {
+  assignEach(at, {ray.x * way + edge.x, ray.y * way, ray.z * way + edge.z});
+}
+
+bool plusRoot(double& way, double A, double B, double C) {
+  const double discriminant = B * B - 4 * A * C;
+  if (!(discriminant > 0)) return false;
+  assign(way, over(-B + root(discriminant), 2 * A));
+  return true;
+}
+
+// --- The families
+
+Cornice::Cornice(Run& run, const Surface& surface, double daysAbove)
+    : run_(run),
+      p_(run.params),
+      surface_(surface),
+      pen_(run.sheet, kGap),
+      latitude_(p_.LatRad),
+      declination_(numberOr0(run, Field::txtLineofdeclination)),
+      day_(p_.radians(declination_)),
+      borderRay_(VettoreSole(latitude_, Trig(p_.radians(numberOr0(run, Field::txtAO))), day_)),
+      dayDrawn_(declination_ > daysAbove) {}
+
+// At noon the hour's plane stands upright and touches the border in the East and in the West: each
+// half of the day has its own branch of the noon line.
+void Cornice::placeEdge(double t, Half half) {
+  if (t == 0) {
+    theta_ = (half == Half::Morning ? 1 : -1) * p_.PiGreco / 2;
+  } else {
+    assign(theta_, angoloBordo(latitude_, p_.radians(t)));
+    assign(theta_, surface_.edgeAngle(theta_, t, half));
+  }
+  assignEach(edge_, surface_.edge(theta_));
+}
+
+void Cornice::visit(const Vettore& ray, Half half, bool draws) {
+  const bool kept = cast(ray, half) && surface_.keeps(light_);
+  pen_.visit(light_.point, kept ? drawIf(draws) : Verdict::Drop);
+}
+
+void Cornice::hourLines(const HourLines& lines, Field step) {
+  pen_.dip({palette(lines.colour), run_.sheet.layer(lines.layer)});
+  std::vector<Trig> suns;  // of the days, which are the same for all hours
+  for (const double t : run_.sweep(lines.first, lines.last, kHour)) {
+    placeEdge(t, lines.half);
+    const Trig hour(p_.radians(t));
+    const Sweep days = run_.sweep(-kSolstice, kSolstice, lines.declinationStep, {.step = step});
+    if (suns.empty()) {
+      for (const double declination : days) suns.emplace_back(p_.radians(declination));
+    }
+    auto sun = suns.begin();
+    for (const double declination : days)
+      visit(VettoreSole(latitude_, hour, *sun++), lines.half, declination > days.first());
+  }
+}
+
+void Cornice::dayLine(const DayLine& line) {
+  pen_.dip({palette(line.colour), run_.sheet.layer(line.layer)});
+  for (const double t : run_.sweep(line.first, line.last, line.step)) {
+    placeEdge(t, line.half);
+    const Vettore ray = VettoreSole(latitude_, Trig(p_.radians(t)), day_);
+    visit(ray, line.half, t > line.drawnPast && dayDrawn_);
+  }
+}
+
+void Cornice::numerals(bool withNoon) {
+  if (!run_.on(Field::ckRomani) && !run_.on(Field::ckArabi)) return;
+  const double nearest = withNoon ? 0 : kHour;
+  numeralsOf(Half::Morning, -kLastHour, -nearest);
+  numeralsOf(Half::Afternoon, nearest, kLastHour);
+}
+
+void Cornice::numeralsOf(Half half, double first, double last) {
+  for (const double t : run_.sweep(first, last, kHour)) {
+    placeEdge(t, half);
+    if (!cast(VettoreSole(latitude_, Trig(p_.radians(t)), day_), half)) continue;
+    const Punto at = light_.point;
+    const int count = static_cast<int>(12 + t / kHour);
+    const int hour = count > 12 ? count - 12 : count;
+    if (run_.on(Field::ckRomani)) {
+      DisegnaNumeroRomano(run_, at.x, at.y, p_.PiGreco / 2, hour, 1);
+    } else {
+      DisegnaNumeroArabo(run_, at.x, at.y, 90, hour, hour >= 10 ? 2 : 1);
+    }
+    if (half == Half::Afternoon) dot(run_.sheet, at, palette(kNumeralDot));
+  }
+}
+
+// --- The border
+
+void Cornice::borderShadow(const BorderArc& arc) {
+  pen_.dip({palette(arc.colour), run_.sheet.layer(arc.layer)});
+  const double quarter = p_.PiGreco / 2;
+  const Sweep angles = run_.sweep(arc.first * quarter, arc.last * quarter, kEdgeStep);
+  for (const double theta : angles) {
+    assignEach(edge_, surface_.edge(theta));
+    visit(borderRay_, arc.half, theta > angles.first() && dayDrawn_);
+  }
+}
+
+std::optional<Punto> Cornice::shadowOfBorder(double theta, Half half) {
+  assignEach(edge_, surface_.edge(theta));
+  if (!cast(borderRay_, half)) return {};
+  return light_.point;
+}
+
+// --- The panel and the report
+
+double numberOr0(const Run& run, Field field) {
+  double value = 0;
+  assign(value, run.number(field));
+  return value;
+}
+
+bool readLatitude(Run& run) {
+  DialParams& p = run.params;
+  if (run.number(Field::txtLAT) < 0) {
+    run.refuse(run.T(kSouthernMessage));
+    return false;
+  }
+  assign(p.LatGradi, run.number(Field::txtLAT));
+  assign(p.LatRad, p.radians(p.LatGradi));
+  return true;
+}
+
+namespace {
+
+std::string figure(double value, int decimals = 4) {
+  return textOf(decimals == kUnrounded ? value : rounded(value, decimals));
+}
+
+}  // namespace
+
+void report(Run& run, std::span<const ReportLine> lines) {
+  run.sheet.Dati("");
+  for (const ReportLine& line : lines) {
+    std::string text = run.T(line.label);
+    if (line.value) {
+      if (!sound(*line.value)) continue;
+      text += figure(*line.value, line.decimals);
+    }
+    run.sheet.Dati(text.append(line.unit));
+  }
+}
+
+void reportOptions(Run& run) {
+  const std::string day = figure(numberOr0(run, Field::txtLineofdeclination)) + " °";
+  run.sheet.Dati(run.T("Optional line of declination (red line)") + day);
+  if (!run.on(Field::ckFunction)) return;
+  run.sheet.Dati(run.T("Optional shade of the border (cyan line): delta ") + day + run.T("  H ") +
+                 figure(numberOr0(run, Field::txtAO)) + " °");
+}
+
+}  // namespace dialwright::cornice

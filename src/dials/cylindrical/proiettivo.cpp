@@ -1,0 +1,180 @@
+// Program 11: an upright cylinder of circular cross-section by projection. The curves are those of
+// the plane dial that touches it in the foot of the style; each of their points goes along the line
+// from the style's tip to the surface, as a dot.
+#include "dials/cylindrical/proiettivo.hpp"
+
+#include <cmath>
+
+#include "dials/cylindrical/cylinder.hpp"
+#include "dials/cylindrical/dotted.hpp"
+#include "dials/flat/substyle_frame.hpp"
+#include "dials/pen.hpp"
+#include "dials/site.hpp"
+#include "dials/sun.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kPlaneReach = 5;  // radii either side of the foot
+constexpr double kLastHour = 88;   // degrees
+constexpr double kHourStep = 7.5;  // whatever TxtHour says
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) {}
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  // The loop over the plane, so many radii either side of the foot.
+  Sweep radii(double count) const { return dots(run_, -count * p_.Raggio, count * p_.Raggio); }
+  SubstyleTurn turn() const { return {p_.Sustilare, p_.DistPiedeCentro}; }
+  double hourFromSubstyle(double t) const { return p_.OrarioSustilare + p_.radians(t); }
+  void project(Punto plane, int colour);
+  void conic(Declination which, double reach, int colour);
+  void oldHours(double side, double reach);
+
+  void ProiettivoPiano();
+  void ProiettivoOre();
+  void ProiettivoDeclinazioni();
+  void ProiettivoEquinoziale();
+  void ProiettivoSustilare();
+  void ProiettivoMezzodi() { CilGeneratriceMezzodi(run_, palette(4)); }
+  void ProiettivoAnalemma();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+};
+
+void Drawing::all() {
+  CilGeneratriceCentro(run_);
+  ProiettivoPiano();
+  if (on(Field::chkOreAstronomiche)) ProiettivoOre();
+  if (on(Field::Ck_DayLightCurves)) ProiettivoDeclinazioni();
+  if (on(Field::ck_Equinoziale)) ProiettivoEquinoziale();
+  if (on(Field::ck_Sustilare)) ProiettivoSustilare();
+  ProiettivoMezzodi();
+  if (on(Field::ck_Orizzonte)) CilOrizzonte(run_);
+  if (std::abs(p_.DeclRad) != p_.PiGreco / 2 && on(Field::ck_Triangolo)) CilTriangolo(run_);
+  footCircle(run_);
+  if (on(Field::ck_Italiche)) oldHours(-1, 1);
+  if (on(Field::ck_babiloniche)) oldHours(1, kPlaneReach);
+  if (on(Field::ck_Lemniscate)) ProiettivoAnalemma();
+  if (on(Field::Ck_Section)) CilSezione(run_);
+}
+
+void Drawing::ProiettivoPiano() {
+  const double sine = std::cos(p_.LatRad) * std::cos(p_.DeclRad);
+  assign(p_.ElevStilo, arctan(over(sine, root(1 - sine * sine))));
+  assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
+  assign(p_.OrarioSustilare, -arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
+  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
+  setConics(p_);
+}
+
+// Along the ray through the tip onto the surface; nowhere when the ray misses it.
+void Drawing::project(Punto plane, int colour) {
+  const double u = plane.x, s = p_.Stilo, r = p_.Raggio, c = p_.SegnoCilindro;
+  if (!sound(plane.x) || !sound(plane.y)) return;
+  const double a = u * u + s * s;
+  const double b = -2 * u * (s * s + c * r * s);
+  const double c0 = u * u * s * s + 2 * c * r * s * u * u;
+  const double square = b * b - 4 * a * c0;
+  if (square < 0) return;
+  const double X = over(-b - c * Sgn(u) * std::sqrt(square), 2 * a);
+  const Punto point{r * p_.ArcSin(over(X, r)), u == 0 ? plane.y : plane.y / u * X};
+  if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(colour));
+}
+
+// --- Hours
+
+void Drawing::ProiettivoOre() {
+  const double centre = over(p_.Stilo, std::tan(p_.ElevStilo));
+  for (const double t : run_.sweep(-90, kLastHour, kHourStep)) {
+    const int colour = std::abs(t) == 90 ? 9 : hourInk(t);
+    const bool level = p_.DeclRad == 0 && t == -90;  // through the centre, where noon starts
+    const double T = arctan(std::sin(p_.ElevStilo) * std::tan(hourFromSubstyle(t)));
+    for (const double u : radii(kPlaneReach)) {
+      const double v = level ? centre : hourLineOrdinate(p_, p_.Stilo, std::tan(T), u);
+      project({u, v}, colour);
+    }
+  }
+}
+
+// ProiettivoItaliche and ProiettivoBabiloniche: the conic that the lines touch, of the days without
+// a sunset, and the lines.
+void Drawing::oldHours(double side, double reach) {
+  constexpr int kColour = 13;
+  conic(Declination::Latitude, reach, kColour);
+  for (const double t : run_.sweep(-kLastOldHour, kLastOldHour, 15)) {
+    const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, hourFromSubstyle(t), side);
+    for (const double u : radii(kPlaneReach)) project(turn()(u, line.at(u)), kColour);
+  }
+}
+
+// --- The lines of a day
+
+void Drawing::conic(Declination which, double reach, int colour) {
+  for (const double u : radii(reach)) {
+    const Roots v = conicAt(p_.conic(which), u);
+    project(turn()(u, v.plus), colour);
+    project(turn()(u, v.minus), colour);
+  }
+}
+
+void Drawing::ProiettivoDeclinazioni() {
+  for (const DottedDay& day : kDottedDays) conic(day.conic, kPlaneReach, day.colour);
+}
+
+void Drawing::ProiettivoEquinoziale() {
+  const double drop = over(p_.DistPiedeCentro, std::cos(p_.Sustilare));
+  for (const double u : radii(kPlaneReach)) project({u, std::tan(p_.Sustilare) * u - drop}, 9);
+}
+
+// --- Lines across the days
+
+// On a wall that looks South it is upright and has no ordinate: it is the noon generator there.
+void Drawing::ProiettivoSustilare() {
+  const double slope = std::tan(p_.Sustilare);
+  for (const double u : radii(1)) project({u, over(-u, slope)}, 9);
+}
+
+// The zone's noon of the mean sun, while the sun is before the plane.
+void Drawing::ProiettivoAnalemma() {
+  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const double tilt = p_.radians(obliquity(47));
+  Ombra shadow;
+  for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {
+    const SunOfDay day = sunAtMeanLongitude(p_, p_.radians(L), tilt);
+    const SunDeclination sun(day.declination);
+    const Trig H(day.equationOfTime - p_.CorrFuso);
+    assign(shadow.A, azimuthByTangent(cylinder.latitude, H, sun));
+    turnAzimuth(cylinder, H, shadow);
+    assign(shadow.h, arcsineByTangent(sineOfAltitude(cylinder.latitude, H, sun)));
+    const double aside = shadow.A - p_.DeclRad;
+    if (std::cos(aside) > 0)
+      project({p_.Stilo * std::tan(aside), -p_.Stilo * std::tan(shadow.h) / std::cos(aside)}, 4);
+  }
+}
+
+}  // namespace
+
+void QuadranteProiettivo(Run& run) {
+  run.message(run.T(kDefinitionNotice));
+  if (run.number(Field::txtLAT) < 0) {
+    run.refuse(run.T(kSouthernMessage));
+    return;
+  }
+  DisegnaCornice(run);
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : projective method"));
+  LeggiParametriSito(run);
+  LeggiCilindro(run);
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,195 @@
+// Program 9: an upright cylinder of circular cross-section by geometry in space. At each abscissa
+// of the surface the plane or the cone of the sun gives the ordinate; the curves are dots.
+#include "dials/cylindrical/tridimensionale.hpp"
+
+#include <cmath>
+
+#include "dials/cylindrical/cylinder.hpp"
+#include "dials/cylindrical/dotted.hpp"
+#include "dials/cylindrical/tip_rays.hpp"
+#include "dials/flat/substyle_frame.hpp"
+#include "dials/pen.hpp"
+#include "dials/site.hpp"
+#include "dials/sun.hpp"
+
+namespace dialwright {
+
+namespace {
+
+// A point of the surface, in the plan and on the development.
+struct Place {
+  double across = 0;  // to the right of the style
+  double depth = 0;   // behind the tangent plane in G
+  Punto point;
+};
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run)
+      : run_(run),
+        p_(run.params),
+        sheet_(run.sheet),
+        latitude_(p_.LatRad),
+        declination_(p_.DeclRad) {}
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  void locateStyle();
+  void Cil3DOre();
+  void Cil3DDeclinazioni();
+  void Cil3DAnalemma(double hour);
+  void Cil3DEquinoziale();
+  void Cil3DSustilare();
+  void turnedHorizons(double first, double last, int colour);
+
+  void stand(Place& place, double across) const;
+  LevelWay way(const Place& place) const {
+    return levelWay(declination_, place.across, place.depth + p_.Stilo);
+  }
+  // The curve across the surface whose ordinate is a function of the way to the tip. What fails in
+  // a sample keeps the value of the sample before.
+  template <class Ordinate>
+  void trace(Place& place, int colour, Ordinate ordinate);
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  Trig latitude_, declination_;
+};
+
+void Drawing::all() {
+  CilGeneratriceCentro(run_);
+  if (on(Field::chkOreAstronomiche)) Cil3DOre();
+  if (on(Field::Ck_DayLightCurves)) Cil3DDeclinazioni();
+  if (on(Field::ck_Lemniscate)) {
+    for (const double hour : run_.sweep(6, 18, 1)) Cil3DAnalemma(hour);
+  }
+  if (on(Field::ck_Equinoziale)) Cil3DEquinoziale();
+  if (on(Field::ck_Sustilare)) Cil3DSustilare();
+  CilGeneratriceMezzodi(run_, palette(4));
+  if (on(Field::ck_Orizzonte)) CilOrizzonte(run_);
+  if (std::abs(p_.DeclRad) != p_.PiGreco / 2 && on(Field::ck_Triangolo)) CilTriangolo(run_);
+  footCircle(run_);
+  if (on(Field::ck_Italiche)) turnedHorizons(0, 180, 8);
+  if (on(Field::ck_babiloniche)) turnedHorizons(-180, 0, 3);
+  if (on(Field::Ck_Section)) CilSezione(run_);
+}
+
+// --- The surface
+
+void Drawing::stand(Place& place, double across) const {
+  const double r = p_.Raggio, c = p_.SegnoCilindro;
+  place.across = across;
+  assign(place.depth, c * r - c * root(r * r - across * across));
+  assign(place.point.x, r * p_.ArcSin(over(across, r)));
+}
+
+template <class Ordinate>
+void Drawing::trace(Place& place, int colour, Ordinate ordinate) {
+  for (const double X : dots(run_, -p_.Raggio, p_.Raggio)) {
+    stand(place, X);
+    assign(place.point.y, ordinate(way(place)));
+    dot(sheet_, place.point, palette(colour));
+  }
+}
+
+// --- Hours
+
+void Drawing::locateStyle() {
+  const double sine = std::cos(p_.LatRad) * std::cos(p_.DeclRad);
+  assign(p_.ElevStilo, arctan(over(sine, root(1 - sine * sine))));
+  assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
+  setConic(p_.conic(Declination::Solstice), p_.Stilo, p_.ElevStilo, coneOf(p_, kSolstice));
+  locateNoonGenerator(p_);
+}
+
+// The samples count hours before noon as positive: the blue line is that of six in the morning. At
+// noon itself the ordinate fails, and the dots stay where the line before ended.
+void Drawing::Cil3DOre() {
+  readUsaLongitudine(run_);
+  locateStyle();
+  Place place;
+  for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
+    const double tangent = -std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
+    trace(place, hourInk(t), [&](LevelWay way) { return hourOrdinate(latitude_, way, tangent); });
+  }
+}
+
+// Italic hours to sunset are positive, babylonian hours from sunrise negative.
+void Drawing::turnedHorizons(double first, double last, int colour) {
+  Place place;
+  for (const double t : run_.sweep(first, last, 15)) {
+    const Trig turn(-p_.radians(t));
+    trace(place, colour, [&](LevelWay way) { return turnedHorizonOrdinate(latitude_, way, turn); });
+  }
+}
+
+// --- The lines of a day
+
+void Drawing::Cil3DDeclinazioni() {
+  Place place;
+  double y1 = 0, y2 = 0;
+  for (const DottedDay& day : kDottedDays) {
+    const double K = coneOf(p_, day.declination);
+    for (const double X : dots(run_, -p_.Raggio, p_.Raggio)) {
+      stand(place, X);
+      const Roots roots = coneOrdinates(latitude_, way(place), K);
+      if (!sound(roots.minus) && !sound(roots.plus)) continue;
+      assign(y1, roots.minus);
+      assign(y2, roots.plus);
+      for (const double y : {y1, y2}) dot(sheet_, {place.point.x, y}, palette(day.colour));
+    }
+  }
+}
+
+void Drawing::Cil3DEquinoziale() {
+  if (p_.LatRad == 0) return;
+  Place place;
+  trace(place, 9, [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
+}
+
+// The ordinate runs, for the line is steep: upright on a wall that looks South.
+void Drawing::Cil3DSustilare() {
+  const double slope = over(std::sin(p_.DeclRad), std::tan(p_.LatRad));
+  for (const double y : dots(run_, -1, 1)) {
+    const double x = p_.Raggio * p_.ArcSin(over(-y * slope, p_.Raggio));
+    if (sound(x)) dot(sheet_, {x, y}, palette(9));
+  }
+}
+
+// --- The analemma of a whole hour of the zone, on the half of the surface that is developed
+
+void Drawing::Cil3DAnalemma(double hour) {
+  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const double tilt = p_.radians(obliquity(47));
+  Ombra shadow;
+  for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {
+    const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
+    const Trig H(p_.radians((hour - 12) * 15) + sun.equationOfTime - p_.CorrFuso);
+    if (!CilPuntoOmbra(cylinder, H, SunDeclination(sun.declination), shadow)) continue;
+    // Outside, the ray from behind meets the far side only.
+    const bool before = cylinder.side < 0 || std::cos(shadow.A - p_.DeclRad) > 0;
+    if (before && std::abs(shadow.theta) <= p_.PiGreco / 2) dot(sheet_, shadow.point, palette(2));
+  }
+}
+
+}  // namespace
+
+void QuadranteCilindrico3D(Run& run) {
+  run.message(run.T(kDefinitionNotice));
+  if (run.number(Field::txtLAT) < 0) {
+    run.refuse(run.T(kSouthernMessage));
+    return;
+  }
+  DisegnaCornice(run);
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : 3D method"));
+  LeggiParametriSito(run);
+  LeggiCilindro(run);
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright

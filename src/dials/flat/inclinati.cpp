@@ -1,0 +1,493 @@
+// Program 2: a declining, reclining dial by analytic geometry in space. The plane runs through the
+// origin of the world's coordinates (X to the East, Y to the North, Z upwards) with the tip of the
+// style over it. Every curve is where the plane meets a plane of hours or a cone of declination,
+// worked out at values of one coordinate, X or Y; each variable draws what the other can't.
+#include "dials/flat/inclinati.hpp"
+
+#include <array>
+#include <cmath>
+
+#include "dials/flat/flat_setup.hpp"
+#include "dials/flat/sky_curves.hpp"
+#include "dials/pen.hpp"
+#include "dials/site.hpp"
+#include "dials/sun.hpp"
+#include "shell/dispatch.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kReach = 1;         // metres swept on both sides of the origin
+constexpr double kFineStep = 0.001;  // of what does not follow the definition, metres
+constexpr double kProbe = 0.1;       // where the substyle's angle is taken, metres
+constexpr double kLongestStyle =
+    100;  // in perpendicular styles: a longer one has its centre out of reach
+
+// The plane, the site and the tip (x0, y0, z0) of the style. F stands for the latitude, D for the
+// wall's declination, R for its reclination.
+struct Space {
+  double sinF, cosF, tanF, sinD, cosD, tanD, sinR, cosR, tanR;
+  double x0, y0, z0;
+
+  explicit Space(const DialParams& p)
+      : sinF(std::sin(p.LatRad)),
+        cosF(std::cos(p.LatRad)),
+        tanF(std::tan(p.LatRad)),
+        sinD(std::sin(p.DeclRad)),
+        cosD(std::cos(p.DeclRad)),
+        tanD(std::tan(p.DeclRad)),
+        sinR(std::sin(p.ReclinRad)),
+        cosR(std::cos(p.ReclinRad)),
+        tanR(std::tan(p.ReclinRad)),
+        x0(-p.Stilo * sinD * cosR),
+        y0(-p.Stilo * cosD * cosR),
+        z0(p.Stilo * sinR) {}
+};
+
+// a*z^2 + b*z + c = 0, where z is counted from `base`.
+struct Quadratic {
+  double a, b, c, base;
+};
+
+// A point of the plane by the swept coordinate and its height in the world.
+struct Place {
+  double swept, w;
+};
+
+// The formulas of one variable; each gives the world's height w of the plane's point at a value of
+// that variable.
+struct Formulas {
+  double (*hour)(const Space&, double s, double tanH);
+  Quadratic (*cone)(const Space&, double s, double K);
+  double (*horizonHour)(const Space&, double s, double sinH,
+                        double cosH);  // hours from sunset and sunrise
+  double (*equinoctial)(const Space&, double s);
+  double (*substyle)(const Space&, double s);
+  Place (*foot)(const Space&, double s);
+  Punto (*toPlane)(const Space&, const Place&);
+};
+
+namespace along_x {
+
+double hour(const Space& k, double X, double t) {
+  const double den = t * (k.tanR * k.sinF - k.cosF * k.cosD);
+  return over(
+      X * (k.sinD * k.sinF * t - k.cosD) + k.cosD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t),
+      den);
+}
+
+Quadratic cone(const Space& k, double X, double K) {
+  const double A1 = k.cosF * k.cosF - K * k.sinF * k.sinF;
+  const double A2 = k.sinF * k.sinF - K * k.cosF * k.cosF;
+  const double P = X * k.sinD + k.y0 * k.cosD;
+  const double T = k.tanR;
+  const double mixed = (1 + K) * k.sinF * k.cosF;
+  const double cosD2 = k.cosD * k.cosD;
+  return {cosD2 * A1 + T * T * A2 - 2 * k.cosD * T * mixed,
+          -2 * k.z0 * cosD2 * A1 + 2 * mixed * k.cosD * (P + T * k.z0) - 2 * T * A2 * P,
+          cosD2 * (A1 * k.z0 * k.z0 + (X - k.x0) * (X - k.x0)) - 2 * k.cosD * k.z0 * P * mixed +
+              A2 * P * P,
+          0};
+}
+
+double horizonHour(const Space& k, double X, double sinH, double cosH) {
+  const double c = k.cosF * cosH + k.tanF * k.sinF;
+  const double den = k.cosD * c - k.sinF * k.tanR * (cosH - 1);
+  return over(-(X * k.sinD + k.y0 * k.cosD) * k.sinF * (cosH - 1) - sinH * k.cosD * (X - k.x0) +
+                  k.z0 * k.cosD * c,
+              den);
+}
+
+double equinoctial(const Space& k, double X) {
+  return over(X * k.sinD + (k.y0 + k.z0 * k.tanF) * k.cosD, k.cosD * k.tanF + k.tanR);
+}
+
+double substyle(const Space& k, double X) {
+  return over(-X * (k.cosD * k.tanR + k.tanF), k.sinD * (k.cosD - k.tanF * k.tanR));
+}
+
+Place foot(const Space& k, double w) { return {k.x0, w}; }
+
+Punto toPlane(const Space& k, const Place& at) {
+  return {over(at.swept, k.cosD) - at.w * k.tanD * k.tanR, over(at.w, k.cosR)};
+}
+
+}  // namespace along_x
+
+namespace along_y {
+
+double hour(const Space& k, double Y, double t) {
+  const double den = k.tanR - k.sinD * k.cosF * t;
+  return over(
+      Y * (k.cosD - k.sinF * t * k.sinD) + k.sinD * (k.x0 + (k.y0 * k.sinF - k.z0 * k.cosF) * t),
+      den);
+}
+
+Quadratic cone(const Space& k, double Y, double K) {
+  const double A1 = k.cosF * k.cosF - K * k.sinF * k.sinF;
+  const double A2 = k.sinF * k.sinF - K * k.cosF * k.cosF;
+  const double P = Y * k.cosD + k.x0 * k.sinD;
+  const double T = k.tanR;
+  const double sinD2 = k.sinD * k.sinD;
+  const double aside = P - T * k.z0;
+  return {sinD2 * A1 + T * T, -2 * (T * aside + sinD2 * k.sinF * k.cosF * (Y - k.y0) * (1 + K)),
+          aside * aside + sinD2 * (Y - k.y0) * (Y - k.y0) * A2, k.z0};
+}
+
+double horizonHour(const Space& k, double Y, double sinH, double cosH) {
+  const double den = k.tanR * sinH + (k.cosF * cosH + k.sinF * k.tanF) * k.sinD;
+  const double rise = k.cosD * sinH + k.sinF * k.sinD * cosH - k.cosF * k.tanF * k.sinD;
+  return over((Y - k.y0) * rise + (k.x0 * k.sinD + k.y0 * k.cosD - k.z0 * k.tanR) * sinH, den) +
+         k.z0;
+}
+
+double equinoctial(const Space& k, double Y) { return over(-(Y - k.y0), k.tanF) + k.z0; }
+
+double substyle(const Space& k, double Y) {
+  const double M = k.sinF * k.cosD + k.cosF * k.tanR;
+  const double sinD2 = k.sinD * k.sinD;
+  return over((Y - k.y0) * (k.cosD * M + sinD2 * k.sinF) +
+                  (k.x0 * k.sinD + k.y0 * k.cosD - k.z0 * k.tanR) * M,
+              k.tanR * M + sinD2 * k.cosF) +
+         k.z0;
+}
+
+Place foot(const Space& k, double Y) { return {Y, over(k.x0 * k.sinD + Y * k.cosD, k.tanR)}; }
+
+Punto toPlane(const Space& k, const Place& at) {
+  return {over(-at.swept, k.sinD) + over(at.w * k.tanR, k.tanD), over(at.w, k.cosR)};
+}
+
+}  // namespace along_y
+
+constexpr Formulas kAlongX{along_x::hour,        along_x::cone,     along_x::horizonHour,
+                           along_x::equinoctial, along_x::substyle, along_x::foot,
+                           along_x::toPlane};
+constexpr Formulas kAlongY{along_y::hour,        along_y::cone,     along_y::horizonHour,
+                           along_y::equinoctial, along_y::substyle, along_y::foot,
+                           along_y::toPlane};
+
+enum class Variable { X, Y };
+
+// The last good point of a routine: a statement that fails leaves it where it was.
+struct Trace {
+  Place at{0, 0};
+  Punto point;
+};
+
+class Drawing {
+ public:
+  Drawing(Run& run, Variable variable);
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  bool isX() const { return variable_ == Variable::X; }
+  Sweep swept() {
+    return run_.sweep(-kReach, kReach, p_.PassoCurva / 5, {.step = Field::txt_Definition});
+  }
+  void mark(Trace& trace, const Place& at, Rgb colour);
+  template <class Height>
+  void row(Trace& trace, const Sweep& sweep, Rgb colour, Height height);
+
+  void Ore();
+  void hoursOfPolarPlane();
+  void Orizzonte();
+  void Piede();
+  void Sustilare();
+  double substyleTangent(double at) const;
+  void Angoli();
+  void Triangolo();
+  void styleByItsSlope(Punto tip, double angle, double elevation);
+  void Equinoziale();
+  void Curve();
+  void hoursFromHorizon(double first, double last, double step, Rgb colour);
+  void Analemma();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  Variable variable_;
+  const Formulas& formulas_;
+  Space space_;
+  std::array<DeclinationCone, 3> cones_;
+};
+
+// The latitude counts by its size; a level plane has no declination.
+void ImpostaInclinati(Run& run) {
+  DialParams& p = run.params;
+  LeggiParametriSito(run);
+  p.LatGradi = std::abs(p.LatGradi);
+  p.LatRad = p.radians(p.LatGradi);
+  assign(p.Stilo, run.number(Field::TxtStilo));
+  assign(p.PassoCurva, run.number(Field::txt_Definition) / 100);
+  p.ReclinRad = p.radians(p.ReclinGradi);
+  if (std::abs(p.ReclinGradi) == 90) p.DeclRad = 0;
+}
+
+Drawing::Drawing(Run& run, Variable variable)
+    : run_(run),
+      p_(run.params),
+      sheet_(run.sheet),
+      variable_(variable),
+      formulas_(variable == Variable::X ? kAlongX : kAlongY),
+      space_(run.params),
+      cones_(declinationCones(run.params, kSolsticeArcInSpace)) {}
+
+void Drawing::all() {
+  if (on(Field::chkOreAstronomiche)) Ore();
+  if (p_.ReclinGradi != 90) {
+    if (on(Field::ck_Orizzonte)) Orizzonte();
+    Piede();
+    if (on(Field::ck_Sustilare)) Sustilare();
+    Angoli();
+  }
+  if (isX() && on(Field::ck_Triangolo)) Triangolo();
+  if (on(Field::ck_Equinoziale)) Equinoziale();
+  if (!isX() && on(Field::ck_Triangolo)) Triangolo();
+  if (on(Field::Ck_DayLightCurves)) Curve();
+  const double step = p_.PassoCurva / 5;
+  if (on(Field::ck_Italiche))
+    hoursFromHorizon(0, 180, isX() ? step : kFineStep, palette(isX() ? 9 : 11));
+  if (on(Field::ck_babiloniche)) hoursFromHorizon(-180, 0, step, palette(10));
+  if (on(Field::ck_Lemniscate)) Analemma();
+  SistemaSustilare(p_);
+  if (on(Field::CkQibla)) CurvaQibla(run_);
+}
+
+void Drawing::mark(Trace& trace, const Place& at, Rgb colour) {
+  assign(trace.at.swept, at.swept);
+  assign(trace.at.w, at.w);
+  assign(trace.point, formulas_.toPlane(space_, trace.at));
+  dot(sheet_, trace.point, colour);
+}
+
+template <class Height>
+void Drawing::row(Trace& trace, const Sweep& sweep, Rgb colour, Height height) {
+  for (const double s : sweep) mark(trace, {s, height(s)}, colour);
+}
+
+// The hours are counted before noon, so that 90 is six in the morning. Where a plane of hours holds
+// the swept direction (noon, along X) it has no height to give: that row stays at the height of the
+// line before it.
+void Drawing::Ore() {
+  readUsaLongitudine(run_);
+  if (isX() && p_.ReclinGradi == 90 - p_.LatGradi && p_.DeclRad == 0) {
+    hoursOfPolarPlane();
+    return;
+  }
+  Trace trace;
+  for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
+    const double tanH = std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
+    row(trace, swept(), palette(hourInk(t)),
+        [&](double s) { return formulas_.hour(space_, s, tanH); });
+  }
+}
+
+// On a plane parallel to the axis the hours are upright lines, and stand every half hour in any
+// case.
+void Drawing::hoursOfPolarPlane() {
+  double x = 0;
+  for (const double t : run_.sweep(-90, 90, 7.5)) {
+    const double tanH = std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
+    assign(x, space_.x0 + (space_.y0 * space_.sinF - space_.z0 * space_.cosF) * tanH);
+    sheet_.xLine(x, -sheet_.ShiftY(), x, sheet_.ShiftY(), palette(15));
+  }
+}
+
+// The swept value is the abscissa as it stands: a level line has all of them.
+void Drawing::Orizzonte() {
+  double v = 0;
+  assign(v, over(space_.z0, space_.cosR));
+  for (const double s : swept()) dot(sheet_, {s, v}, palette(2));
+}
+
+// The noon line below the tip.
+void Drawing::Piede() {
+  Trace trace;
+  for (const double s : swept()) mark(trace, formulas_.foot(space_, s), palette(4));
+}
+
+void Drawing::Sustilare() {
+  Trace trace;
+  row(trace, swept(), palette(9), [&](double s) { return formulas_.substyle(space_, s); });
+}
+
+// Tangent of the substyle's angle from the upright, taken at a point of it; a fault where it can't
+// be worked out.
+double Drawing::substyleTangent(double at) const {
+  Place place{at, 0};
+  assign(place.w, formulas_.substyle(space_, at));
+  const Punto point = formulas_.toPlane(space_, place);
+  return over(-point.x, point.y);
+}
+
+void Drawing::Angoli() {
+  assign(p_.Sustilare, arctan(substyleTangent(kProbe)));
+  assign(p_.ElevStilo,
+         p_.ArcSin(-space_.cosF * space_.cosR * (space_.tanR * space_.tanF - space_.cosD)));
+  if (p_.ElevStilo == 0) return;
+  assign(p_.OrarioSustilare, -p_.ArcSin(over(space_.sinD * space_.cosR, std::cos(p_.ElevStilo))));
+  assign(p_.IpotenusaStilo, over(p_.Stilo, std::sin(p_.ElevStilo)));
+}
+
+void Drawing::Triangolo() {
+  const Space& k = space_;
+  double m = 0;
+  if (!isX() || std::abs(p_.ReclinGradi) != 90) assign(m, substyleTangent(kReach));
+  const double a = std::atan(m);
+  const Punto tip{p_.Stilo * std::cos(a), p_.Stilo * std::sin(a)};
+
+  const double den = k.tanR * k.tanF - k.cosD;
+  const double G = k.x0 * k.sinD + k.y0 * k.cosD - k.z0 * k.tanR;
+  Place centreInSpace{k.x0, 0};
+  if (!isX()) assign(centreInSpace.swept, over(G, den) + k.y0);
+  assign(centreInSpace.w, over(G * k.tanF, den) + k.z0);
+  Punto centre;
+  assign(centre, formulas_.toPlane(k, centreInSpace));
+
+  const double elevationSine = k.sinF * k.sinR - k.cosF * k.cosR * k.cosD;
+  assign(p_.IpotenusaStilo, over(p_.Stilo, elevationSine));
+
+  line(sheet_, {0, 0}, tip, palette(13));
+  if (isX()) {
+    line(sheet_, centre, tip, palette(9));
+    line(sheet_, centre, {0, 0}, palette(14));
+  } else {
+    if (std::abs(p_.IpotenusaStilo) < kLongestStyle * p_.Stilo) {
+      p_.TriangoloDisegnato = true;
+      line(sheet_, centre, tip, palette(9));
+      line(sheet_, {0, 0}, centre, palette(14));
+    }
+    if (!p_.TriangoloDisegnato) styleByItsSlope(tip, a, p_.ArcSin(elevationSine));
+  }
+  steepestLine(sheet_, centre.x);
+}
+
+// The style's line from its tip and its slope, for a centre out of reach. The program draws it only
+// until it has drawn a whole triangle once.
+void Drawing::styleByItsSlope(Punto tip, double angle, double elevation) {
+  Punto point;
+  const double slope = std::tan(elevation + angle);
+  for (const double x : run_.sweep(-kReach, kReach, kFineStep)) {
+    assign(point, {x, over(-(x - tip.x), slope) + tip.y});
+    dot(sheet_, point, palette(5));
+  }
+}
+
+void Drawing::Equinoziale() {
+  Trace trace;
+  row(trace, swept(), palette(9), [&](double s) { return formulas_.equinoctial(space_, s); });
+  if (!isX() || p_.LatRad != 0) return;
+  double x = 0;
+  assign(x, over(-space_.y0, space_.sinD));
+  sheet_.xLine(x, 0, x, sheet_.ShiftY(), palette(9));
+}
+
+void Drawing::Curve() {
+  Trace trace;
+  for (const double s : swept()) {
+    for (const DeclinationCone& cone : cones_) {
+      const Quadratic q = formulas_.cone(space_, s, cone.K);
+      const double discriminant = q.b * q.b - 4 * q.a * q.c;
+      if (!(discriminant >= 0)) continue;
+      const double half = std::sqrt(discriminant);
+      mark(trace, {s, over(-q.b + half, 2 * q.a) + q.base}, cone.colour);
+      mark(trace, {s, over(-q.b - half, 2 * q.a) + q.base}, cone.colour);
+    }
+  }
+}
+
+// Hours counted from sunset (0 to 180 degrees) and from sunrise (-180 to 0); the longitude does not
+// enter.
+void Drawing::hoursFromHorizon(double first, double last, double step, Rgb colour) {
+  Trace trace;
+  for (const double t : run_.sweep(first, last, 15)) {
+    const double H = p_.radians(t);
+    const double sinH = std::sin(H), cosH = std::cos(H);
+    const Sweep sweep = run_.sweep(-kReach, kReach, step, {.step = Field::txt_Definition});
+    row(trace, sweep, colour,
+        [&](double s) { return formulas_.horizonHour(space_, s, sinH, cosH); });
+  }
+}
+
+// The ray of each day's sun at the zone's noon, from the tip on to the plane. Where the sun is
+// behind the plane the ray is drawn backwards.
+void Drawing::Analemma() {
+  const Space& k = space_;
+  const double tilt = p_.radians(obliquity(47));
+  const double G = -k.y0 * k.cosD + k.z0 * k.tanR - k.x0 * k.sinD;
+  Trace trace;
+  for (const double L : run_.sweep(0, 360, 360 / kDaysOfYear)) {
+    const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
+    const double He = -sun.equationOfTime + p_.CorrFuso;
+    const double sinH = std::sin(He), tanH = std::tan(He);
+    const double lift = std::tan(-sun.declination) * tanH;
+    const double den = lift * (k.cosF * k.cosD - k.sinF * k.tanR) +
+                       (k.cosF * k.tanR + k.sinF * k.cosD) * sinH - sinH * tanH * k.sinD;
+    const double ray = over(G, den);
+    const double swept =
+        isX() ? -ray * sinH * tanH + k.x0 : ray * (lift * k.cosF + k.sinF * sinH) + k.y0;
+    mark(trace, {swept, ray * (lift * k.sinF - k.cosF * sinH) + k.z0}, palette(isX() ? 14 : 12));
+  }
+}
+
+void drawUnder(Run& run, Variable variable, std::string_view caption) {
+  run.sheet.Messaggio(run.T(caption));
+  run.hourglass(true);
+  Drawing(run, variable).all();
+  run.hourglass(false);
+}
+
+constexpr std::string_view kDefinitionMessage =
+    "Modify the definition if the graph is not well visible";
+constexpr std::string_view kUseXCaption = "Horizontal dial, please use variable X";
+
+}  // namespace
+
+void DisegnaInclinati(Run& run) {
+  if (run.on(Field::optX)) {
+    DisegnaInclinatiX(run);
+  } else {
+    DisegnaInclinatiY(run);
+  }
+}
+
+void DisegnaInclinatiX(Run& run) {
+  DisegnaCornice(run);
+  ImpostaInclinati(run);
+  run.message(run.T(kDefinitionMessage));
+  if (latitudeIsMissing(run)) {
+    run.refuse(kIncompleteSiteMessage);
+    return;
+  }
+  if (std::abs(run.number(Field::txtDecl)) == 90) {
+    run.beep();
+    run.refuse(run.T("Please use the other variable !!"));
+    return;
+  }
+  drawUnder(run, Variable::X, "Reclining dial by 3D analytic geometry, variable X");
+}
+
+void DisegnaInclinatiY(Run& run) {
+  if (latitudeIsMissing(run)) {
+    run.refuse(kIncompleteSiteMessage);
+    return;
+  }
+  ImpostaInclinati(run);
+  run.message(run.T(kDefinitionMessage));
+  if (run.number(Field::txtDecl) == 0) {
+    run.refuseByCaption(run.T(kUseXCaption));
+    return;
+  }
+  DisegnaCornice(run);
+  if (run.params.ReclinGradi == 90) {
+    run.refuseByCaption(run.T(kUseXCaption));
+    return;
+  }
+  drawUnder(run, Variable::Y, "Declining, reclining dial by 3D analytic geometry, variable y");
+}
+
+}  // namespace dialwright

@@ -1,0 +1,224 @@
+// Program 3: a flat dial by projection, former version. The reference plane is the upright one that
+// faces South (or, where St is negative, North) through the dial's own centre: p to the West and q
+// upwards from the centre. Since both planes hold the centre, they share the polar style, whose
+// length St from the centre to the tip puts the tip at St cos(latitude) before the reference plane
+// and St sin(latitude) below the centre.
+#include "dials/flat/proiettivo.hpp"
+
+#include <array>
+#include <cmath>
+
+#include "dials/flat/flat_setup.hpp"
+#include "dials/flat/projective.hpp"
+#include "dials/flat/substyle_frame.hpp"
+#include "dials/pen.hpp"
+#include "dials/sun.hpp"
+#include "shell/dispatch.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kPolarLineStep = 0.0001;  // metres
+constexpr double kPlaneLineReach = 1;      // metres of what is drawn on the dial's plane itself
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run);
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  Sweep swept() { return run_.sweep(-LimiteSweep, LimiteSweep, kSweepStep); }
+  double styleOnReference();
+  ConicSet conicOf(double K) const;
+  Punto MappaProiettiva(double p, double q) const;
+  void mark(double p, double q, Rgb colour);
+
+  void CentroProiettivo();
+  void Equinoziale();
+  void Ore();
+  void LineaPolare();
+  void Sustilare();
+  void Curve();
+  void hoursFromHorizon(double side);
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  StyleOfDial style_;
+  double sinF_, cosF_, tanF_;         // of the latitude
+  double cosD_, tanD_, cosR_, tanR_;  // of the plane
+  double St_;                         // the style on the reference plane
+  double equator_;                    // ordinate of the equinoctial there
+  std::array<DeclinationCone, 3> cones_;
+  Punto point_;  // the last good one
+};
+
+Drawing::Drawing(Run& run)
+    : run_(run),
+      p_(run.params),
+      sheet_(run.sheet),
+      style_(run),
+      sinF_(std::sin(p_.LatRad)),
+      cosF_(std::cos(p_.LatRad)),
+      tanF_(std::tan(p_.LatRad)),
+      cosD_(std::cos(p_.DeclRad)),
+      tanD_(std::tan(p_.DeclRad)),
+      cosR_(std::cos(p_.ReclinRad)),
+      tanR_(std::tan(p_.ReclinRad)),
+      St_(styleOnReference()),
+      equator_(over(-St_, sinF_)),
+      cones_(declinationCones(p_, kSolsticeArcOnPlane)) {
+  p_.ElevStilo = style_.polar().elevation;
+  p_.Sustilare = style_.polar().substyle;
+  p_.PuntoRiferimentoX = -style_.centre().x;
+  p_.PuntoRiferimentoY = -style_.centre().y;
+}
+
+// Positive where the tip is below the centre.
+double Drawing::styleOnReference() {
+  double St = 0;
+  assign(St, std::abs(over(p_.Stilo, cosD_ * cosF_ * cosR_ - std::sin(p_.ReclinRad) * sinF_)));
+  const bool overhead = p_.ReclinRad >= p_.PiGreco / 2;
+  const bool facesPole = cosD_ < tanF_ * tanR_;
+  if (overhead) {
+    St = -St;
+    p_.SegnoDecl = -1;
+  }
+  if (facesPole) St = -St;
+  if (facesPole && std::abs(p_.DeclRad) > p_.PiGreco / 2) p_.SegnoDecl = -1;
+  return St;
+}
+
+// The conic y^2 + A1*y + A0 + A2*p^2 = 0 of a cone on the reference plane, y counted from the
+// equinoctial.
+ConicSet Drawing::conicOf(double K) const {
+  const double M = cosF_ * cosF_ - K * sinF_ * sinF_;
+  const double drop = over(St_, tanF_);
+  return {.A0 = over(drop * drop, M), .A1 = over(-2 * St_ * cosF_, tanF_ * M), .A2 = over(1, M)};
+}
+
+// The ray from the tip through (p, q) on to the dial's plane, in the dial's coordinates.
+Punto Drawing::MappaProiettiva(double p, double q) const {
+  const double a1 = St_ * cosF_;
+  const double a2 = St_ * sinF_;
+  const double e = q + a2;
+  const double f = 1 - over(p * tanD_, a1);
+  const double Z =
+      over(over(a1 * a2, e) - a1 - over(p * tanD_, f), over(tanR_, f * cosD_) - over(a1, e));
+  const double X = over(p * (Z + a2), e);
+  const double u = -(over(X, cosD_) + Z * tanR_ * tanD_);
+  return {u - p_.PuntoRiferimentoX, over(Z, cosR_) - p_.PuntoRiferimentoY};
+}
+
+void Drawing::mark(double p, double q, Rgb colour) {
+  assign(point_, MappaProiettiva(p, q));
+  dot(sheet_, point_, colour);
+}
+
+void Drawing::all() {
+  CentroProiettivo();
+  if (on(Field::ck_Equinoziale)) Equinoziale();
+  if (on(Field::chkOreAstronomiche)) Ore();
+  LineaPolare();
+  if (on(Field::ck_Sustilare)) Sustilare();
+  if (on(Field::ck_Triangolo)) style_.triangleInCorner();
+  if (on(Field::Ck_DayLightCurves)) Curve();
+  if (on(Field::ck_Italiche)) hoursFromHorizon(+1);
+  if (on(Field::ck_babiloniche)) hoursFromHorizon(-1);
+  if (on(Field::ck_Orizzonte)) horizonAcross(run_);
+  SistemaSustilare(p_);
+}
+
+void Drawing::CentroProiettivo() {
+  const Punto centre = style_.centre();
+  const Punto tip = style_.tip();
+  dot(sheet_, centre, palette(12));
+  dot(sheet_, tip, palette(12));
+  line(sheet_, tip, centre, palette(9));
+  line(sheet_, tip, {0, 0}, palette(13));
+  line(sheet_, centre, {0, 0}, palette(14));
+  steepestLine(sheet_, centre.x);
+}
+
+void Drawing::Equinoziale() {
+  for (const double p : run_.sweep(-LimiteSweep, LimiteSweep, kFineSweepStep))
+    mark(p, equator_, palette(9));
+}
+
+// The hours are counted before noon, and no longitude enters. Noon itself is upright on the
+// reference plane and can't be swept along p: the ordinate stays that of the line before it. The
+// polar line shows noon.
+void Drawing::Ore() {
+  double q = 0;
+  for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
+    const double slope = over(-1, std::tan(p_.radians(t)) * cosF_);
+    for (const double p : swept()) {
+      assign(q, slope * p);
+      mark(p, q, palette(hourInk(t)));
+    }
+  }
+}
+
+// The upright p = 0 of the reference plane, noon, on the dial's plane: from the vertical through
+// the centre it leans by the angle g, whose tangent -du/dv is sin R tan D by the projection with X
+// = 0. Where g is 0, the line of steepest slope stands for it.
+void Drawing::LineaPolare() {
+  const double g = arctan(std::sin(p_.ReclinRad) * tanD_);
+  if (!(g != 0)) return;
+  const double slope = -std::tan(p_.PiGreco / 2 + g);
+  for (const double x : run_.sweep(-kPlaneLineReach, kPlaneLineReach, kPolarLineStep)) {
+    dot(sheet_, {-(p_.PuntoRiferimentoX + x), slope * x - p_.PuntoRiferimentoY}, palette(4));
+  }
+}
+
+void Drawing::Sustilare() {
+  const double a = p_.ArcSin(over(std::sin(p_.DeclRad) * cosF_, std::cos(p_.ElevStilo)));
+  if (!(a != 0)) return;
+  const double slope = over(-1, std::tan(a));
+  for (const double x : run_.sweep(-kPlaneLineReach, kPlaneLineReach, kSweepStep)) {
+    dot(sheet_, {x, slope * x}, palette(9));
+  }
+}
+
+void Drawing::Curve() {
+  std::array<ConicSet, 3> conics;
+  for (std::size_t i = 0; i < cones_.size(); ++i) conics[i] = conicOf(cones_[i].K);
+  for (const double p : swept()) {
+    for (std::size_t i = 0; i < conics.size(); ++i) {
+      const double R = radicand(conics[i], p);
+      if (!(R >= 0)) continue;
+      const double middle = equator_ - conics[i].A1 / 2;
+      mark(p, middle - std::sqrt(R), cones_[i].colour);
+      mark(p, middle + std::sqrt(R), cones_[i].colour);
+    }
+  }
+}
+
+// Italic (side +1) and babylonian (side -1) hours: the tangents to the conic of the circumpolar
+// sky, whose cone is as wide as the latitude, from the hours of the equinoctial.
+void Drawing::hoursFromHorizon(double side) {
+  const ConicSet horizon = conicOf(tanF_ * tanF_);
+  double slope = 0;
+  for (const double t : run_.sweep(-90, 90, 15)) {
+    const double w = over(St_, tanF_) * std::tan(p_.radians(t));
+    assign(slope, tangentSlope(horizon, w, side));
+    for (const double p : swept()) mark(p, slope * (p - w) + equator_, palette(14));
+  }
+}
+
+}  // namespace
+
+void DisegnaProiettivo(Run& run) {
+  if (!acceptsProjection(run, false)) return;
+  DisegnaCornice(run);
+  run.hourglass(true);
+  run.sheet.Messaggio(run.T("Flat sundial by projective method : former version"));
+  readProjectivePlane(run);
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,147 @@
+// Tests of programs 38 and 39: the cornice dials of a disc above a wall.
+#include "dials/cornice/cornice_piana.hpp"
+
+#include "border_model.hpp"
+
+namespace dialwright {
+namespace {
+
+class Disc : public DialCase {
+ public:
+  Disc(bool next, double declination = -14.57, std::initializer_list<Field> boxes = {},
+       double latitude = 45.7438, double distance = 0)
+      : DialCase(next ? Item::mnuCorn_flat2 : Item::mnuCorn_flat,
+                 next ? DisegnaCornicePianaInt : DisegnaCornicePianaEst),
+        border_{latitude, 0.2, {0, -distance, 0}},
+        wall_(sky::Plane::facing(declination, 0)) {
+    clearBoxes();
+    for (const Field box : boxes) panel.setState(box, true);
+    set(Field::txtLAT, textOf(latitude)).set(Field::txtDecl, textOf(declination));
+    set(Field::txt_R2, textOf(distance));
+  }
+
+  // The wall touches the disc's circle at the distance 0.
+  sky::Vec stand(sky::Spot at) const {
+    return -0.2 * wall_.normal + at.x * wall_.right + at.y * wall_.up;
+  }
+  Found found(const char* layer, auto nominal) {
+    return examine(
+        linesOf(layer), border_, [this](sky::Spot at) { return stand(at); }, nominal);
+  }
+
+  const Border border_;
+  const sky::Plane wall_;
+};
+
+TEST(FlatCornice, HourAndDayLinesAreGrazingLight) {
+  for (const bool next : {false, true}) {
+    for (const auto& [latitude, declination, distance] : {std::tuple{45.7438, -14.57, 0.0},
+                                                          {62.0, 30.0, 0.0},
+                                                          {30.0, 0.0, 0.1},
+                                                          {50.0, 70.0, 0.05}}) {
+      SCOPED_TRACE(testing::Message() << next << " " << latitude << " " << declination);
+      Disc dial(next, declination, {Field::Ck_DayLightCurves}, latitude, distance);
+      dial.set(Field::txtLineofdeclination, "-12").run();
+      for (const char* layer : {"afternoon", "morning"}) {
+        const Found hours = dial.found(layer, wholeHours(0.01));
+        EXPECT_LT(hours.worst, 2e-9) << layer;
+        EXPECT_GT(hours.lines, 3000u);
+      }
+      for (const char* layer : {"daylight1", "daylight2"}) {
+        // A sun that is down has the shadow of its opposite, of the opposite day.
+        const Found day = dial.found(layer, [](Moment sun) {
+          return Moment{sun.hour, sun.day < 0 ? -12.0 : 12.0};
+        });
+        EXPECT_LT(day.worst, 2e-9) << layer;
+      }
+    }
+  }
+}
+
+// A sun that is down behind the wall draws as well: the line of the hour twelve hours away.
+TEST(FlatCornice, SunsThatAreDownDrawTheHoursTwelveHoursAway) {
+  const auto hours = [](bool next, double declination) {
+    Disc dial(next, declination);
+    dial.set(Field::x1txt, "-5").set(Field::x2txt, "5").set(Field::y2txt, "-5").run();
+    return dial.found("afternoon", wholeHours(0.01)).hours;
+  };
+  using Hours = std::set<int>;
+  EXPECT_EQ(hours(false, 0), (Hours{-75, -15, 0, 15, 30, 45, 60, 75}));
+  EXPECT_EQ(hours(true, 0), (Hours{0, 15, 30, 45, 60, 75}));
+  EXPECT_EQ(hours(true, -14.57), (Hours{-90, 0, 15, 30, 45, 60, 75}));
+}
+
+// Eleven and one have no branch of their own in the other half's family: there they are drawn
+// again.
+TEST(FlatCornice, LinesAcrossNoonRepeatThoseOfTheOtherHalf) {
+  Disc dial(false);
+  dial.set(Field::x1txt, "-5").set(Field::x2txt, "5").run();
+  const LineRecord eleven = dial.linesOf("afternoon").front();
+  EXPECT_EQ(eleven.colour, palette(12));
+  const auto morning = dial.linesOf("morning");
+  const auto same = [&](const LineRecord& r) { return r.x1 == eleven.x1 && r.y1 == eleven.y1; };
+  EXPECT_EQ(std::ranges::count_if(morning, same), 1);
+}
+
+TEST(FlatCornice, BordersShadowIsARowOfDotsWithItsChord) {
+  for (const bool next : {false, true}) {
+    Disc dial(next, 25, {Field::ckFunction});
+    dial.set(Field::txtLineofdeclination, "10").run();
+    const auto dots = dial.pointsIn(palette(11));
+    ASSERT_EQ(dots.size(), 629u);
+    for (const PointRecord& at : dots)
+      EXPECT_NEAR(dial.border_.passes(dial.stand({at.x, -at.y}), {32.5, 10}), 0, 1e-8);
+    EXPECT_EQ(dial.linesIn(palette(5))[0].x1, dots[0].x);
+  }
+}
+
+TEST(FlatCornice, NumeralsStandAtTheirHours) {
+  for (const bool next : {false, true}) {
+    for (const double distance : {0.0, 0.2}) {
+      Disc dial(next, 20, {}, 45.7438, distance);
+      expectNumerals(
+          dial, dial.border_, [&](sky::Spot at) { return dial.stand(at); }, -5, distance < 0.2);
+    }
+  }
+}
+
+TEST(FlatCornice, TangentPointsHourIsThatOfTheBordersPointOnTheWall) {
+  for (const double declination : {-14.57, 40.0, -89.0}) {
+    Disc dial(true, declination);
+    dial.run();
+    const std::string told = dial.told();
+    const std::string label = "hour angle of the tangent point ";
+    const double H = numberOf(std::string_view(told).substr(told.find(label) + label.size()));
+    const sky::Vec at = dial.border_.touch(sky::rad(H), H < 0 ? 1 : -1);
+    EXPECT_LT(sky::distance({at.x, at.y}, {dial.stand({}).x, dial.stand({}).y}), 1e-6);
+  }
+  EXPECT_NE(Disc(true, 0).run().told().find("point -90|hour of the tangent point 6|"),
+            std::string::npos);
+}
+
+TEST(FlatCornice, DrawsAndTellsTheDisc) {
+  Disc east(false, 0, {Field::ckFunction});
+  east.run();
+  EXPECT_EQ(east.sheet.caption(), "Vertical plane, Horizontal disc");
+  EXPECT_EQ(east.sheet.list().circles[0].endAngle, 3.141592654);
+  EXPECT_EQ(east.told(),
+            "|FLAT VERTICAL DAM DIAL |latitude 45.7438 °|r2 0|radius of border 0.2|"
+            "circumference 1.2566|useful arc 180 °|lenght of the useful arc 0.6283|"
+            "Optional line of declination (red line)23.445 °|"
+            "Optional shade of the border (cyan line): delta 23.445 °  H 32.5 °|");
+  EXPECT_EQ(Disc(true, 0).run().sheet.list().circles[0].endAngle, 0);  // the whole circle
+  Disc apart(true, -14.57, {}, 45.7438, 0.03);
+  apart.params.ReclinRad = 1;
+  apart.run();
+  EXPECT_EQ(apart.params.ReclinRad, 0);
+  EXPECT_EQ(apart.sheet.caption(), "THE WHOLE CIRCLE IS NOT TANGENT!!!!");
+  EXPECT_NE(apart.told().find("declination -14.57|projection 0.41329|"), std::string::npos);
+  EXPECT_NE(apart.told().find("circumference 1.25664|"), std::string::npos);
+
+  Disc edgeOn(true, 90, {Field::Ck_DayLightCurves, Field::ckFunction, Field::ckArabi});
+  edgeOn.run();
+  EXPECT_EQ(edgeOn.sheet.list().lines.size(), 2u);  // the disc's trace and the level line
+}
+
+}  // namespace
+}  // namespace dialwright

@@ -1,0 +1,131 @@
+// A flat dial of a test: the panel set for a site and a plane with no box checked, and the sky's
+// model of that plane, which tells from a spot of the drawing the sun that throws the tip's shadow
+// there.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <type_traits>
+
+#include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
+#include "support/sky.hpp"
+
+namespace dialwright {
+
+// Degrees.
+struct FlatSite {
+  double latitude;
+  double declination;
+  double reclination = 0;
+};
+
+// Angles that the tests of flat dials allow for, in degrees: the circle constant is short by 4e-10,
+// which steep points magnify. On a sheet of 2 m it is less than 0.01 mm.
+inline constexpr double kAngleSlack = 2e-5;
+
+// The difference of two angles in degrees, on a circle of that many degrees.
+inline double apart(double a, double b, double circle = 360) {
+  return std::abs(std::remainder(a - b, circle));
+}
+
+// The hours counted from the horizon lie on its 24 turns about the pole: the italic ones on those
+// that the sun meets while it sets, -12 to 0 hours from sunset in the year's mean, the babylonian
+// ones on those that it meets while it rises, 0 to 12 hours after sunrise.
+enum class HorizonHours { Italic = -1, Babylonian = 1 };
+
+struct HorizonCircle {
+  int hours = 0;    // that the horizon is turned by
+  double off = 90;  // degrees from it
+};
+
+class FlatWall : public DialCase {
+ public:
+  static constexpr double kStyle = 0.2;
+
+  FlatWall(Item item, Driver driver, const FlatSite& site_)
+      : DialCase(item, driver),
+        site(site_),
+        latitude(sky::rad(site_.latitude)),
+        plane(sky::Plane::facing(site_.declination, site_.reclination)) {
+    set(Field::txtLAT, textOf(site.latitude)).set(Field::txtDecl, textOf(site.declination));
+    set(Field::txtReclinZ, textOf(90 - site.reclination));
+    clearBoxes();
+  }
+
+  FlatWall& checkEveryBox() {
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), true);
+    }
+    return *this;
+  }
+
+  sky::Vec sun(double x, double sheetY) const { return plane.sunOf(kStyle, {x, -sheetY}); }
+  double declination(double x, double sheetY) const {
+    return sky::deg(sky::declinationOf(latitude, sun(x, sheetY)));
+  }
+  double hourAngle(double x, double sheetY) const {
+    return sky::deg(sky::hourAngleOf(latitude, sun(x, sheetY)));
+  }
+
+  // How far a spot's sun is from the plane of an hour, in degrees; with a circle, from the nearest
+  // of the hours that follow each other by so much.
+  double offHour(double hour, double x, double sheetY, double circle = 180) const {
+    const sky::Vec s = sun(x, sheetY);
+    const double meridian = s.z * std::cos(latitude) - s.y * std::sin(latitude);
+    return apart(hourAngle(x, sheetY), hour, circle) * std::hypot(s.x, meridian);
+  }
+
+  // The turned horizon that a spot's sun (or the sun's opposite) is nearest to.
+  HorizonCircle horizonCircle(HorizonHours count, double x, double sheetY) const {
+    const sky::Vec s = sun(x, sheetY);
+    const double H = sky::hourAngleOf(latitude, s), d = sky::declinationOf(latitude, s);
+    HorizonCircle nearest;
+    for (int i = 0; i <= 12; ++i) {
+      const int hours = static_cast<int>(count) * i;
+      const double off =
+          std::abs(sky::deg(std::asin(sky::sun(latitude, H - sky::rad(15.0 * hours), d).z)));
+      if (off < nearest.off) nearest = {hours, off};
+    }
+    return nearest;
+  }
+
+  // The order of the drawing: each kind of entity (L or P) with its palette number, where it first
+  // comes.
+  std::string order() const {
+    std::string all;
+    const auto note = [&all](char kind, Rgb colour) {
+      int number = 0;
+      while (number < 15 && palette(number) != colour) ++number;
+      const std::string entry = kind + std::to_string(number) + ' ';
+      if ((' ' + all).find(' ' + entry) == std::string::npos) all += entry;
+    };
+    sheet.list().visit([&note](const auto& record) {
+      using Record = std::decay_t<decltype(record)>;
+      if constexpr (std::is_same_v<Record, LineRecord>) note('L', record.colour);
+      if constexpr (std::is_same_v<Record, PointRecord>) note('P', record.colour);
+    });
+    return all;
+  }
+
+  // True when no fault has reached the list.
+  bool isSound() const {
+    const auto& lines = sheet.list().lines;
+    return std::all_of(lines.begin(), lines.end(), [](const LineRecord& l) {
+      return sound(l.x1) && sound(l.y1) && sound(l.x2) && sound(l.y2);
+    });
+  }
+
+  // Where the polar style meets the plane.
+  sky::Spot centre() const {
+    const sky::Vec pole{0, std::cos(latitude), std::sin(latitude)};
+    return plane.shadow(kStyle * plane.normal, pole);
+  }
+
+  FlatSite site;
+  double latitude;
+  sky::Plane plane;
+};
+
+}  // namespace dialwright

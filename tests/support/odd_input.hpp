@@ -1,0 +1,30 @@
+// Odd texts in a dial's fields: each run ends, and what it draws is finite.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+
+#include "support/dial_case.hpp"
+
+namespace dialwright {
+
+inline void expectBounded(Item item, Driver driver, std::initializer_list<Field> boxes,
+                          std::initializer_list<Field> fields) {
+  for (const Field field : fields) {
+    for (const char* text : {"", "abc", "0", "-1", "1e-9", "90", "1e9", "1e308", "1e999"}) {
+      SCOPED_TRACE(testing::Message() << rowOf(field).name << '=' << text);
+      DialCase dial(item, driver);
+      for (const Field box : boxes) dial.check(box);
+      dial.set(field, text).run();
+      EXPECT_LT(dial.entities(), 4'100'000u);
+      for (const LineRecord& line : dial.sheet.list().lines) {
+        for (const double value : {line.x1, line.y1, line.x2, line.y2})
+          ASSERT_TRUE(std::isfinite(value));
+      }
+    }
+  }
+}
+
+}  // namespace dialwright
