@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "diagrams/stereographic.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/fontana.hpp"
@@ -23,7 +24,6 @@
 #include "dials/flat/proiettivo.hpp"
 #include "dials/flat/universale.hpp"
 #include "dials/flat/verticale_luce.hpp"
-#include "diagrams/stereographic.hpp"
 #include "dials/flat/verticale_sferica.hpp"
 
 namespace dialwright {

@@ -8,6 +8,7 @@
 
 #include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
+#include "support/odd_input.hpp"
 #include "support/sky.hpp"
 
 namespace dialwright {
@@ -319,22 +320,16 @@ TEST(StereographicChart, TheSouthIsRefusedAndThePolarCircleLeftBlank) {
   }
 }
 
-TEST(StereographicChart, OddInputEndsWithoutFaultsInTheDrawing) {
-  const std::pair<Field, const char*> inputs[] = {
-      {Field::TxtRadius, "0"},        {Field::TxtRadius, "-3"},   {Field::TxtRadius, "1e300"},
-      {Field::TxtRadius, "1e5"},      {Field::txtDecl, "90"},     {Field::txtDecl, "1e300"},
-      {Field::txtReclinZ, "180"},     {Field::txtReclinZ, "1e9"}, {Field::txtLAT, "x"},
-      {Field::txtLAT, "66.555"},      {Field::txtLAT, "1e-12"},   {Field::TxtHour, "-1"},
-      {Field::txtNumbersize, "1e300"}};
-  for (const auto& [field, text] : inputs) {
-    SCOPED_TRACE(std::string(rowOf(field).name) + " " + text);
+TEST(StereographicChart, OddInputIsBounded) {
+  expectBounded(Item::mnuDia, DiagrammaStereografico, {Field::ckRomani},
+                {Field::txtLAT, Field::TxtRadius, Field::txtDecl, Field::txtReclinZ, Field::TxtHour,
+                 Field::txtNumbersize, Field::txtZodiacsize});
+  for (const char* radius : {"0", "-3", "1e300"}) {
     Chart chart;
-    chart.set(field, text).run();
+    chart.set(Field::TxtRadius, radius).run();
     EXPECT_FALSE(chart.busy);
-    for (const LineRecord& l : chart.sheet.list().lines)
-      ASSERT_TRUE(std::isfinite(l.x1 + l.y1 + l.x2 + l.y2));
     for (const CircleRecord& c : chart.sheet.list().circles)
-      ASSERT_TRUE(std::isfinite(c.x + c.y + c.radius + c.startAngle + c.endAngle));
+      EXPECT_TRUE(std::isfinite(c.x + c.y + c.radius + c.startAngle + c.endAngle));
   }
 }
 
