@@ -17,6 +17,7 @@
 //   R, S, G  B, Q and H in plan           T  the focus of the edge that lies next to R
 #include "dials/conical/scafe_construction.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
@@ -34,7 +35,7 @@ constexpr double kStoneMargin = 0.5;   // of the style: the stone behind and und
 constexpr double kConicStep = 0.0015;  // radians
 constexpr double kTipMark = 0.005;     // metres
 
-// The sections's lines, letter to letter.
+// The section's lines, letter to letter.
 struct SectionLine {
   char from, to;
   int colour, width;
