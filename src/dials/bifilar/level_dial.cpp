@@ -36,7 +36,8 @@ void LevelSun::turnTo(double azimuth) {
 bool LevelSun::look(const Circular& H, const Circular& delta) {
   heightSine_ = sinLat_ * delta.sine + cosLat_ * delta.cosine * H.cosine;
   assign(altitude_, angles_.ArcSin(heightSine_));
-  const double azimuth = arctan(over(H.sine, sinLat_ * H.cosine - cosLat_ * delta.tangent()));
+  const double azimuth =
+      arctan(over(H.sine, sinLat_ * H.cosine - cosLat_ * (delta.sine / delta.cosine)));
   if (sound(azimuth)) turnTo(azimuth);
   return Sgn(H.sine) == Sgn(sinAzimuth_);
 }
