@@ -138,9 +138,9 @@ void Cornice::borderShadow(const BorderArc& arc) {
   }
 }
 
-std::optional<Punto> Cornice::shadowOfBorder(double theta, Half half) {
+Punto Cornice::shadowOfBorder(double theta) {
   assignEach(edge_, surface_.edge(theta));
-  if (!cast(borderRay_, half)) return {};
+  cast(borderRay_, Half::Afternoon);
   return light_.point;
 }
 

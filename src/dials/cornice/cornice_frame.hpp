@@ -100,8 +100,8 @@ class Cornice {
 
   // The shadow of the border at the hour angle of txtAO on the day of txtLineofdeclination.
   void borderShadow(const BorderArc& arc);
-  // One point of it, wherever it falls; nothing when it misses the surface.
-  std::optional<Punto> shadowOfBorder(double theta, Half half);
+  // One point of it, wherever it falls; on a surface that no ray misses.
+  Punto shadowOfBorder(double theta);
 
   // The pen, for the dial's own outlines.
   Pen& pen() { return pen_; }
