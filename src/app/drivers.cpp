@@ -6,6 +6,8 @@
 
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/catenaria.hpp"
+#include "dials/bifilar/equiangolare.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "dials/cornice/cornice_cilindrica.hpp"
 #include "dials/cornice/cornice_conica.hpp"
@@ -42,6 +44,8 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuVertSph, DisegnaVerticale},
     DriverRow{Item::mnuUni, DisegnaUniversale},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBifvert, QuadranteEquiangolare},
+    DriverRow{Item::mnucatenaria, QuadranteCatenaria},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
     DriverRow{Item::mnuCorncil, DisegnaCorniceCilindrica},

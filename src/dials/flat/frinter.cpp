@@ -145,6 +145,7 @@ void Drawing::DeclinazioniFrinter() {
     return;
   }
   const double sinS = std::sin(p_.Sustilare), cosS = std::cos(p_.Sustilare);
+  double y = 0;
   for (const double x : run_.sweep(-kCurveReach, kCurveReach, kCurveStep)) {
     for (std::size_t i = 0; i < cones_.size(); ++i) {
       const ConicSet& k = p_.conics[i];
@@ -155,8 +156,10 @@ void Drawing::DeclinazioniFrinter() {
       const double discriminant = b * b - 4 * a * c;
       if (!(discriminant >= 0)) continue;
       const double half = std::sqrt(discriminant);
-      dot(sheet_, {x, over(-b - half, 2 * a)}, cones_[i].colour);
-      dot(sheet_, {x, over(-b + half, 2 * a)}, cones_[i].colour);
+      for (const double numerator : {-b - half, -b + half}) {
+        assign(y, over(numerator, 2 * a));
+        dot(sheet_, {x, y}, cones_[i].colour);
+      }
     }
   }
 }
