@@ -400,6 +400,12 @@ TEST(Report, OrderOfTheLines) {
   for (std::size_t i = 0; i < kLabels.size(); ++i) EXPECT_EQ(text.lines[i], kLabels[i]);
 }
 
+// A figure of four decimals is not cut again to five, which would take it for 16.01279.
+TEST(Report, FiguresAreCutOnce) {
+  const ReportText text = Written(Item::mnuUni, {45.7438, 40, 20}).report();
+  EXPECT_EQ(text.after("Angle between max slope line and noon  : "), "16.0128°");
+}
+
 TEST(Report, PlacesAndColours) {
   Written dial(Item::M_Light, {45.7438, -14.57, 0});
   dial.ticked(Field::ckFunction).report();
