@@ -15,8 +15,6 @@
 
 namespace dialwright::bifilar {
 
-using Circular = Trig;
-
 inline constexpr double kChordLimit = 0.02;          // longest chord of a curve, metres
 inline constexpr double kDeclinationStep = 0.05;     // degrees, along an hour line
 inline constexpr double kStraightLineStep = 0.0006;  // metres, along a line of an equation
