@@ -2,7 +2,6 @@
 // the cylinder's; the development's origin is the North on the level of the border.
 #include "dials/cornice/cornice_cilindrica.hpp"
 
-#include <array>
 #include <cmath>
 
 #include "dials/cornice/cornice_frame.hpp"

@@ -2,8 +2,8 @@
 // development's origin is the North of the upper base; its arcs have their centre below.
 #include "dials/cornice/cornice_conica.hpp"
 
-#include <array>
 #include <cmath>
+#include <utility>
 
 #include "dials/cornice/cornice_frame.hpp"
 
