@@ -141,10 +141,16 @@ WorldTable readWorld(std::string_view text, double longitude) {
   return world;
 }
 
+void chooseCountry(Panel& panel, std::string_view country) {
+  panel.setText(Field::cmbStati, country);
+  panel[Field::Distance1].visible = false;
+  panel[Field::lblFiltro].visible = true;
+}
+
 void CaricaMondo(Run& run) {
   run.sheet.Messaggio(run.T("Map"));
-  run.panel[Field::cmbStati].text = kWholeWorld;
   run.panel.show(Field::Filtertxt, true);
+  chooseCountry(run.panel, kWholeWorld);
   run.panel[Field::cmbStati].enabled = true;
   run.panel[Field::cmdPlot].enabled = true;
 }
