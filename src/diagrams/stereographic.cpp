@@ -43,9 +43,7 @@ struct DialPlane {
   double substyle = 0;  // the substyle's angle on the dial from its line of greatest slope
   Punto centre;         // of its circle: far off the chart for a plane that holds the polar axis
   double radius = 0;
-  Punto setting, rising;  // where its circle meets the horizon, in the West and the East of a
-                          // southern dial
-  double settingHour = 0, risingHour = 0;
+  double settingHour = 0, risingHour = 0;  // where its circle meets the horizon
   double from = 0, to = 0;  // bearings of these points from the centre, counter-clockwise along
                             // the part that is above the horizon
 };
@@ -211,17 +209,17 @@ void Chart::planeCircle() {
 // equator's South point and the pole are (cos d, -sin d sin phi, sin d cos phi) and the opposite;
 // projected, they are the points in which the two circles of the chart meet.
 void Chart::findCrossings() {
-  plane_.setting = project(declination_.cosine, -declination_.sine * latitude_.sine,
-                           declination_.sine * latitude_.cosine);
-  plane_.rising = project(-declination_.cosine, declination_.sine * latitude_.sine,
-                          -declination_.sine * latitude_.cosine);
+  const Punto setting = project(declination_.cosine, -declination_.sine * latitude_.sine,
+                                declination_.sine * latitude_.cosine);
+  const Punto rising = project(-declination_.cosine, declination_.sine * latitude_.sine,
+                               -declination_.sine * latitude_.cosine);
   const double turn = 2 * p_.PiGreco;
   const auto bearing = [&](Punto at) {
     const double b = p_.ArcTanPieno(at.y - plane_.centre.y, at.x - plane_.centre.x);
     return b < 0 ? b + turn : b;
   };
-  plane_.from = bearing(plane_.setting);
-  plane_.to = bearing(plane_.rising);
+  plane_.from = bearing(setting);
+  plane_.to = bearing(rising);
   // The plane's steepest direction, upwards, lies on the part above the horizon.
   const double steepest =
       bearing(project(-declination_.sine * reclination_.sine,
