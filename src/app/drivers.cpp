@@ -4,9 +4,13 @@
 #include <algorithm>
 #include <array>
 
+#include "diagrams/stereographic.hpp"
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
+#include "dials/bifilar/catenaria.hpp"
+#include "dials/bifilar/equiangolare.hpp"
 #include "dials/bifilar/fontana.hpp"
+#include "dials/conical/scafe.hpp"
 #include "dials/cornice/cornice_cilindrica.hpp"
 #include "dials/cornice/cornice_conica.hpp"
 #include "dials/cornice/cornice_piana.hpp"
@@ -41,7 +45,11 @@ constexpr std::array kDrivers = {
     DriverRow{Item::mnuChapeau, QuadranteCappello},
     DriverRow{Item::mnuVertSph, DisegnaVerticale},
     DriverRow{Item::mnuUni, DisegnaUniversale},
+    DriverRow{Item::mnuDia, DiagrammaStereografico},
+    DriverRow{Item::mnuConoAntico, DisegnaScafe},
     DriverRow{Item::mnuFontana_H3, QuadranteFontana},
+    DriverRow{Item::mnuBifvert, QuadranteEquiangolare},
+    DriverRow{Item::mnucatenaria, QuadranteCatenaria},
     DriverRow{Item::mnuBall, QuadranteBall},
     DriverRow{Item::mnuBall_v, QuadranteBallVerticale},
     DriverRow{Item::mnuCorncil, DisegnaCorniceCilindrica},

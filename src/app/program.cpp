@@ -128,10 +128,11 @@ void Program::loadWorld(Run& run) {
 }
 
 void Program::type(Field field, std::string_view text) {
-  panel_.setText(field, text);
-  if (field != Field::cmbStati) return;
-  panel_[Field::Distance1].visible = false;
-  panel_[Field::lblFiltro].visible = true;
+  if (field == Field::cmbStati) {
+    chooseCountry(panel_, text);
+  } else {
+    panel_.setText(field, text);
+  }
 }
 
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }

@@ -41,18 +41,23 @@ void addCommon(CLI::App& command, Request& request) {
   command.add_flag("--verbose,-v", request.verbose, "the caption of the sheet as well");
 }
 
+// An option that may come several times, with one value each: what stands behind it is its own.
+CLI::Option* repeated(CLI::Option* option, const char* type) {
+  return option->type_name(type)->expected(1)->allow_extra_args(false)->multi_option_policy(
+      CLI::MultiOptionPolicy::TakeAll);
+}
+
+void addPresses(CLI::App& command, Request& request) {
+  repeated(command.add_option("--press", request.presses, "press a button after the run, in order"),
+           "BUTTON");
+}
+
 void addOutputs(CLI::App& command, Request& request) {
-  command.add_option("--press", request.presses, "press a button after the run, in order")
-      ->type_name("BUTTON")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  command
-      .add_option(
+  repeated(
+      command.add_option(
           "-o,--output", request.outputs,
-          "write a file, format by its ending (.dxf .svg .pdf .png .bmp .csv .txt .sun); - with --format writes to standard output")
-      ->type_name("FILE")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+          "write a file, format by its ending (.dxf .svg .pdf .png .bmp .csv .txt .sun); - with --format writes to standard output"),
+      "FILE");
   command.add_option("--format", request.format, "format of standard output")->type_name("FORMAT");
   command.add_flag("--dark", request.dark,
                    "the sheet's own colours on its dark ground instead of inks for white paper");
@@ -87,24 +92,26 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   CLI::App& run = add("run", "draw a dial and write files", commandRun);
   run.add_option("ITEM", request.item, "menu item or program number")->required();
   run.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addPresses(run, request);
   addOutputs(run, request);
 
   CLI::App& open = add("open", "draw a project and write files", commandOpen);
   open.add_option("FILE", request.item, "a project, .sun")->required();
   open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  addPresses(open, request);
   addOutputs(open, request);
 
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
   pages.add_option("ITEM", request.item, "menu item or program number")->required();
   pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  pages.add_option("-o,--output", request.outputs, "the PDF")->type_name("FILE")->required();
-  CLI::Option& chosen =
-      *pages.add_option("--page", request.pages, "a page by its number, in the order wanted")
-           ->type_name("N")
-           ->expected(1)
-           ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  addPresses(pages, request);
+  repeated(pages.add_option("-o,--output", request.outputs, "the PDF; - for standard output"),
+           "FILE")
+      ->required();
+  CLI::Option* chosen = repeated(
+      pages.add_option("--page", request.pages, "a page by its number, in the order wanted"), "N");
   pages.add_flag("--all", request.allPages, "all pages that carry ink; so without --page")
-      ->excludes(&chosen);
+      ->excludes(chosen);
   pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
 
   CLI::App& save = add("save", "write a project", commandSave);
@@ -122,7 +129,8 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
       add("language", "show or set the language of the next starts", commandLanguage);
   CLI::App& lettering =
       add("lettering", "a specimen sheet of digits, numerals and signs", commandLettering);
-  lettering.add_option("NAME=VALUE", request.words, "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
+  lettering.add_option("NAME=VALUE", request.words,
+                       "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
   addOutputs(lettering, request);
 
   CLI::App& manual =

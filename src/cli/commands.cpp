@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <span>
 
 #include "cli/errors.hpp"
@@ -11,7 +12,7 @@
 #include "cli/session.hpp"
 #include "cli/words.hpp"
 #include "paper/page_writer.hpp"
-#include "persist/safe_file.hpp"
+#include "shell/names.hpp"
 
 namespace dialwright {
 
@@ -31,11 +32,20 @@ void assignAll(Program& program, std::span<const std::string> assignments) {
   for (const std::string& assignment : assignments) assignField(program, assignment);
 }
 
-// The run, the presses and the files of a program whose panel is ready.
-void finish(Program& program, const std::vector<Output>& outputs, const Request& request) {
+// A program with the request's sheet and dial, its fields filled in.
+std::unique_ptr<Program> startDial(Item dial, std::span<const std::string> assignments,
+                                   const Request& request) {
+  auto program = startProgram(request);
+  applySheetOptions(program->sheet(), request);
+  program->click(dial);
+  assignAll(*program, assignments);
+  return program;
+}
+
+// The run and the presses of a program whose panel is ready.
+void runAndPress(Program& program, const Request& request) {
   runDial(program, request);
   for (const std::string& button : request.presses) pressButton(program, button);
-  writeOutputs(program, outputs, request);
 }
 
 void openProject(Program& program, const std::string& path) {
@@ -49,10 +59,9 @@ void openProject(Program& program, const std::string& path) {
 void commandRun(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::vector<Output> outputs = outputsOf(request);
-  const auto program = startProgram(request);
-  program->click(dial);
-  assignAll(*program, request.words);
-  finish(*program, outputs, request);
+  const auto program = startDial(dial, request.words, request);
+  runAndPress(*program, request);
+  writeOutputs(*program, outputs, request);
 }
 
 void commandOpen(const Request& request) {
@@ -61,34 +70,35 @@ void commandOpen(const Request& request) {
   openProject(*program, request.item);
   applySheetOptions(program->sheet(), request);
   assignAll(*program, request.words);
-  finish(*program, outputs, request);
+  runAndPress(*program, request);
+  writeOutputs(*program, outputs, request);
 }
 
 void commandPages(const Request& request) {
   const Item dial = dialOf(request.item);
-  const auto program = startProgram(request);
-  program->click(dial);
-  assignAll(*program, request.words);
-  runDial(*program, request);
+  requirePdf(request.outputs);
+  const auto program = startDial(dial, request.words, request);
+  runAndPress(*program, request);
   PagesOptions options;
   options.numbers = request.pages;
   if (request.colour) options.inks = Inks::Paper;
-  replaceFile(request.outputs.front(), [&](const Sink& sink) {
-    const std::string problem = writePages(program->sheet(), sink, options);
-    if (!problem.empty()) throw CommandFailure(problem);
-  });
+  for (const std::string& path : request.outputs) {
+    writeTo(path, [&](const Sink& sink) {
+      const std::string problem = writePages(program->sheet(), sink, options);
+      if (!problem.empty()) throw CommandFailure(problem);
+    });
+  }
 }
 
 void commandSave(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::string& path = request.words.back();
-  if (std::filesystem::path(path).extension() != ".sun") {
+  if (!equalIgnoringCase(std::filesystem::path(path).extension().string(), ".sun")) {
     throw UsageError(
         "save takes the project's file at the end, as in 'save M_Light txtLAT=41.9 roma.sun'");
   }
-  const auto program = startProgram(request);
-  program->click(dial);
-  assignAll(*program, std::span(request.words).first(request.words.size() - 1));
+  const auto program =
+      startDial(dial, std::span(request.words).first(request.words.size() - 1), request);
   SalvaProgetto(path, program->panel(), program->sheet());
 }
 
@@ -108,6 +118,7 @@ void commandDefaults(const Request& request) {
 void commandLettering(const Request& request) {
   const std::vector<Output> outputs = outputsOf(request);
   const auto program = startProgram(request);
+  applySheetOptions(program->sheet(), request);
   assignAll(*program, request.words);
   program->DisegnaCampionario();
   writeOutputs(*program, outputs, request);

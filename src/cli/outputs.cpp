@@ -98,21 +98,29 @@ std::vector<Output> outputsOf(const Request& request) {
   return outputs;
 }
 
+void requirePdf(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) {
+    if (path == "-") continue;
+    const std::string ending = std::filesystem::path(path).extension().string();
+    if (!equalIgnoringCase(ending, ".pdf")) throw UsageError(path + ": pages are written as .pdf");
+  }
+}
+
+void writeTo(const std::string& path, const Writer& writer) {
+  if (path != "-") return replaceFile(path, writer);
+  writer([](std::string_view chunk) {
+    std::cout.write(chunk.data(), static_cast<std::streamsize>(chunk.size()));
+  });
+  std::cout.flush();
+  if (!std::cout)
+    throw CommandFailure("standard output took no more: the disk may be full or the reader gone");
+}
+
 void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request) {
   for (const Output& output : outputs) {
     const FormatRow& format = kFormats[static_cast<std::size_t>(output.format)];
-    if (output.path == "-") {
-      format.write(program, request, [](std::string_view chunk) {
-        std::cout.write(chunk.data(), static_cast<std::streamsize>(chunk.size()));
-      });
-      std::cout.flush();
-      if (!std::cout)
-        throw CommandFailure(
-            "standard output took no more: the disk may be full or the reader gone");
-      continue;
-    }
-    replaceFile(output.path, [&](const Sink& sink) { format.write(program, request, sink); });
-    if (format.ending == "dxf") openViewer(request.viewer, output.path);
+    writeTo(output.path, [&](const Sink& sink) { format.write(program, request, sink); });
+    if (format.ending == "dxf" && output.path != "-") openViewer(request.viewer, output.path);
   }
 }
 

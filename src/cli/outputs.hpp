@@ -8,6 +8,7 @@
 
 #include "app/program.hpp"
 #include "cli/request.hpp"
+#include "persist/safe_file.hpp"
 
 namespace dialwright {
 
@@ -19,6 +20,13 @@ struct Output {
 // The outputs of a request, before anything is run. Throws UsageError for an ending without a
 // format.
 std::vector<Output> outputsOf(const Request& request);
+
+// Throws UsageError for a file of pages that is no PDF.
+void requirePdf(const std::vector<std::string>& paths);
+
+// Fills a file, replaced once it is whole, or standard output for "-". Throws CommandFailure and
+// FileError.
+void writeTo(const std::string& path, const Writer& writer);
 
 // Writes them in order. Throws CommandFailure with a sentence that names the path and the cause.
 void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request);

@@ -97,12 +97,18 @@ std::unique_ptr<Program> startProgram(const Request& request) {
   config.dataFolder = DIALWRIGHT_DATA_DIR;
   config.language = request.language;
   auto program = std::make_unique<Program>(std::move(config));
+  // What the sheet's buttons ask for in a window is said beforehand on a command line.
+  program->view().ports.exportDxf = [] {
+    throw CommandFailure("the button cmdDxf asks for a file; here '-o FILE.dxf' writes it");
+  };
+  program->view().ports.print = [](const auto&) {
+    throw CommandFailure("there is no printer here; 'dialwright pages' makes pages to print");
+  };
   if (!request.quiet) {
     program->ports.message = [](std::string_view text) {
       std::cerr << "dialwright: " << text << '\n';
     };
   }
-  applySheetOptions(program->sheet(), request);
   return program;
 }
 

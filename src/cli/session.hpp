@@ -8,10 +8,10 @@
 
 namespace dialwright {
 
-// Starts a program in the request's folder and language, with its sheet and ports.
+// Starts a program in the request's folder and language, with its ports.
 std::unique_ptr<Program> startProgram(const Request& request);
 
-// What --size, --shift, --scale and --invert say. Throws UsageError.
+// Does to the sheet what --size, --shift, --scale and --invert say. Throws UsageError.
 void applySheetOptions(SheetPlot& sheet, const Request& request);
 
 // Runs the chosen dial. Throws CommandFailure when it refuses or has no drawing yet.

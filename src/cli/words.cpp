@@ -2,7 +2,7 @@
 #include "cli/words.hpp"
 
 #include "cli/errors.hpp"
-#include "numerics/numbers.hpp"
+#include "persist/encoding.hpp"
 #include "shell/names.hpp"
 
 namespace dialwright {
@@ -58,7 +58,9 @@ Item dialOf(std::string_view word) {
   if (const auto item = findDial(word)) return *item;
   std::vector<std::string_view> names;
   for (const Item item : dialItems()) names.push_back(rowOf(item).name);
-  throw UsageError(unknownWord("dial", word, names) + " 'dialwright list' shows them all");
+  const std::string sentence = unknownWord("dial", word, names);
+  throw UsageError(sentence + (sentence.back() == '?' ? " " : "; ") +
+                   "'dialwright list' shows them all");
 }
 
 Field fieldOf(std::string_view word) {
@@ -85,7 +87,7 @@ void assignField(Program& program, std::string_view assignment) {
                      " and takes no value; only texts, boxes and options do");
   }
   if (row.kind == FieldKind::Text || row.kind == FieldKind::Combo) {
-    program.type(field, value);
+    program.type(field, decodeText(std::string(value)));
   } else {
     clickTo(program, field, stateOf(row.name, value));
   }

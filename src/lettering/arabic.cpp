@@ -27,8 +27,7 @@ double sizeOf(const Run& run) {
 void engrave(Run& run, double x, double y, double rotation, double divisor, const Glyph& glyph) {
   double frame = 0;
   assign(frame, over(sizeOf(run), divisor));
-  const double quarter = run.params.PiGreco / 2;
-  draw(run, {x, y, frame / kGrid, rotation - quarter, rotation, 1}, glyph);
+  draw(run, {x, y, frame / kGrid, rotation, rotation, 1}, glyph);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "numerics/fault.hpp"
+#include "sheet/pen.hpp"
 
 namespace dialwright {
 namespace {
@@ -15,7 +16,7 @@ struct Place {
 class Engraver {
  public:
   Engraver(Run& run, const GlyphFrame& frame)
-      : run_(run), frame_(frame), sin_(std::sin(frame.across)), cos_(std::cos(frame.across)) {}
+      : run_(run), frame_(frame), sin_(std::sin(frame.theta)), cos_(std::cos(frame.theta)) {}
 
   void draw(const GlyphStroke& stroke) const {
     line(place(stroke.p1, stroke.q1), place(stroke.p2, stroke.q2), stroke.ink);
@@ -36,13 +37,13 @@ class Engraver {
  private:
   Place place(double p, double q) const {
     const double side = q * frame_.up;
-    return {frame_.x + frame_.unit * (p * cos_ - side * sin_),
-            frame_.y + frame_.unit * (p * sin_ + side * cos_)};
+    return {frame_.x + frame_.unit * (p * sin_ + side * cos_),
+            frame_.y + frame_.unit * (side * sin_ - p * cos_)};
   }
 
   void line(Place a, Place b, int ink) const {
     if (!sound(a.x + a.y) || !sound(b.x + b.y)) return;
-    run_.sheet.xLine(a.x, -a.y, b.x, -b.y, palette(ink));
+    run_.sheet.xLine(a.x, sheetY(a.y), b.x, sheetY(b.y), palette(ink));
   }
 
   void chords(Place centre, double radius, double from, double to, const Arc& arc) const {
@@ -75,7 +76,7 @@ class Engraver {
       // An end angle of 0 would stand for the whole circle.
       if (style.endAngle == 0) style.endAngle = 2 * run_.params.PiGreco;
     }
-    run_.sheet.xCircle(centre.x, -centre.y, radius, palette(ink), style);
+    run_.sheet.xCircle(centre.x, sheetY(centre.y), radius, palette(ink), style);
   }
 
   Run& run_;

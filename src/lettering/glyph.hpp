@@ -1,4 +1,4 @@
-// GlyphStroke glyphs: designs of arcs and straight strokes in a grid, and the one routine that
+// Stroke glyphs: designs of arcs and straight strokes in a grid, and the one routine that
 // draws them all.
 #pragma once
 
@@ -34,13 +34,13 @@ struct Glyph {
 };
 
 // Where a design's grid lies on the dial: its origin (x, y) and the length of a grid unit in
-// metres; `across`, the direction of the p axis, and `zero`, the direction of the zero of the arcs'
-// angles, in radians counter-clockwise; `up`, +1 when q grows to the left of p (up in an upright
-// character) and -1 when it grows to the right.
+// metres; `theta`, the character's upward direction, a quarter turn to the left of the p axis, and
+// `zero`, the direction of the zero of the arcs' angles, in radians counter-clockwise; `up`, +1
+// when q grows along theta (upwards) and -1 when it grows against it.
 struct GlyphFrame {
   double x, y;
   double unit;
-  double across;
+  double theta;
   double zero;
   double up;
 };

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "numerics/fault.hpp"
+#include "sheet/pen.hpp"
 
 namespace dialwright {
 namespace {
@@ -71,7 +72,7 @@ class Numeral {
     const Spot from = at_ + a;
     const Spot to = at_ + b;
     if (!sound(from.x + from.y) || !sound(to.x + to.y)) return;
-    run_.sheet.xLine(from.x, -from.y, to.x, -to.y, palette(kInk));
+    run_.sheet.xLine(from.x, sheetY(from.y), to.x, sheetY(to.y), palette(kInk));
   }
 
   // The point of the top edge that leans so far to one side of the cell's axis.

@@ -2,6 +2,7 @@
 #include "lettering/segment_digits.hpp"
 
 #include <array>
+#include <numbers>
 #include <string_view>
 
 #include "lettering/glyph.hpp"
@@ -68,7 +69,8 @@ constexpr std::array<std::string_view, 10> kLit = {
 
 void DisegnaCifraSegmenti(Run& run, double x, double y, int digit, double size) {
   if (digit < 0 || digit > 9) return;
-  const GlyphFrame frame{x, y, size / kGrid, 0, 0, 1};
+  constexpr double kUpright = std::numbers::pi / 2;
+  const GlyphFrame frame{x, y, size / kGrid, kUpright, 0, 1};
   for (const char segment : kLit[static_cast<std::size_t>(digit)]) {
     draw(run, frame, {{}, kSegments[static_cast<std::size_t>(segment - 'a')]});
   }

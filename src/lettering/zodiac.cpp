@@ -7,6 +7,7 @@
 #include "lettering/signs.hpp"
 #include "numerics/fault.hpp"
 #include "numerics/projection.hpp"
+#include "shell/window.hpp"
 
 namespace dialwright {
 namespace {
@@ -18,8 +19,8 @@ constexpr double kGrid = 28;
 void engrave(Run& run, double x, double y, double angleDegrees, const Glyph& glyph) {
   double size = 0;
   assign(size, run.number(Field::txtZodiacsize));
-  const double across = run.params.radians(angleDegrees) - run.params.PiGreco / 2;
-  draw(run, {x, y, size / 2 / kGrid, across, across, -1}, glyph);
+  const double theta = run.params.radians(angleDegrees);
+  draw(run, {x, y, size / 2 / kGrid, theta, theta - run.params.PiGreco / 2, -1}, glyph);
 }
 
 // A sign's place: the plane's declination in degrees, and the minutes of time from the base hour.
@@ -111,8 +112,7 @@ void DisegnaSegniZodiaco(Run& run) {
                                .LatRad = record.LatRad,
                                .DeclRad = record.DeclRad,
                                .ZenitPiano = record.PiGreco / 2 - record.ReclinRad});
-  const double x1 = run.number(Field::x1txt), x2 = run.number(Field::x2txt);
-  const double y1 = run.number(Field::y1txt), y2 = run.number(Field::y2txt);
+  const Window window(run);
   const int west = record.SegnoEmisfero == 1 && record.DeclRad > 0 ? 1 : 0;
 
   Punto at;
@@ -120,9 +120,7 @@ void DisegnaSegniZodiaco(Run& run) {
     const double h = record.LonOrario + record.radians(offset(placing, west));
     const double delta = record.radians(placing.declination);
     assign(at, projection(std::sin(h), std::cos(h), std::tan(delta)));
-    if (x1 < at.x && at.x < x2 && y2 < at.y && at.y < y1) {
-      placing.sign(run, at.x, at.y, kUpright, record.Stilo);
-    }
+    if (window.holds(at)) placing.sign(run, at.x, at.y, kUpright, record.Stilo);
   }
 }
 

@@ -25,6 +25,9 @@ double Normalizza360(double degrees) {
   return degrees + (std::floor(std::abs(degrees) / 360) + 1) * 360;
 }
 
-double CosIperbolico(double x) { return (exponential(x) + exponential(-x)) / 2; }
+double CosIperbolico(double x) {
+  const double growing = exponential(std::abs(x));
+  return (growing + 1 / growing) / 2;
+}
 
 }  // namespace dialwright

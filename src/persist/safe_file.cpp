@@ -107,38 +107,66 @@ void fill(int descriptor, const fs::path& path, const Writer& writer) {
   output.flush();
 }
 
-// A new file in a folder under a name of its own; gone again unless it was put in another's place.
+// A new file in a folder. It gets a name when it is whole, so that a program that is interrupted
+// leaves nothing behind; where the file system makes no files without a name, it has one of its own
+// from the start.
 class Temporary {
  public:
-  Temporary(const fs::path& folder, const fs::path& wanted) : wanted_(wanted) {
-    constexpr int kAttempts = 100;
-    std::random_device random;
-    for (int i = 0; i < kAttempts && !file_.open(); ++i) {
-      name_ = folder / (".dialwright-" + std::to_string(random()) + ".tmp");
-      file_ = Descriptor(::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-      if (!file_.open() && errno != EEXIST) break;
+  Temporary(const fs::path& folder, const fs::path& wanted) : folder_(folder), wanted_(wanted) {
+    if (::access(kOpenFiles, X_OK) == 0) {
+      file_ = Descriptor(::open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
     }
-    if (!file_.open()) throw unwritable(wanted_, errno);
+    if (file_.open()) return;
+    findName([this](const char* name) {
+      file_ = Descriptor(::open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+      return file_.open();
+    });
   }
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
   ~Temporary() {
-    if (!placed_) ::unlink(name_.c_str());
+    if (!name_.empty()) ::unlink(name_.c_str());
   }
 
   int descriptor() const { return file_.number(); }
 
   void put(const fs::path& target) {
-    if (::fsync(file_.number()) != 0 || !file_.close()) throw unwritable(wanted_, errno);
+    if (::fsync(file_.number()) != 0) throw unwritable(wanted_, errno);
+    if (name_.empty()) {
+      const std::string nameless = kOpenFiles + std::to_string(file_.number());
+      findName([&nameless](const char* name) {
+        return ::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+      });
+    }
+    if (!file_.close()) throw unwritable(wanted_, errno);
     if (::rename(name_.c_str(), target.c_str()) != 0) throw unwritable(wanted_, errno);
-    placed_ = true;
+    name_.clear();
   }
 
  private:
+  // Where the system shows a program its open files; a file is named by way of it.
+  static constexpr char kOpenFiles[] = "/proc/self/fd/";
+
+  // Gives `make` one new name after the other until it can use it.
+  template <class Make>
+  void findName(Make make) {
+    constexpr int kAttempts = 100;
+    std::random_device random;
+    for (int i = 0; i < kAttempts; ++i) {
+      const fs::path name = folder_ / (".dialwright-" + std::to_string(random()) + ".tmp");
+      if (make(name.c_str())) {
+        name_ = name;
+        return;
+      }
+      if (errno != EEXIST) break;
+    }
+    throw unwritable(wanted_, errno);
+  }
+
+  const fs::path& folder_;
   const fs::path& wanted_;
-  fs::path name_;
+  fs::path name_;  // while the file has one and is not yet in its place
   Descriptor file_;
-  bool placed_ = false;
 };
 
 // What a path means, and how it is now.

@@ -32,18 +32,26 @@ class PlaceMap {
     depth_ = over(1, std::tan(plane.ZenitPiano) * std::cos(plane.DeclRad));
   }
 
-  // Projects a sun; a coordinate that fails keeps its old value in `image`. False on the dark side.
-  bool litImage(double hourAngle, double declination, Punto& image) const {
+  // Projects a sun; what fails keeps its value from the sun before. False on the dark side.
+  bool litImage(double hourAngle, double declination, Punto& image) {
     const double H = p_.radians(hourAngle), delta = p_.radians(declination);
-    const double sinH = std::sin(H), cosH = std::cos(H), sinD = std::sin(delta),
-                 cosD = std::cos(delta);
+    if (!sound(H) || !sound(delta)) return false;
+    const double sinH = std::sin(H), cosH = std::cos(H), tanDelta = std::tan(delta);
+    assign(azimuth_, arctan(over(sinH, sinLat_ * cosH - cosLat_ * tanDelta)));
+    // The hour angle tells which half turn is meant. At noon itself it doesn't: the sun then counts
+    // as in the South.
+    if (Sgn(std::sin(azimuth_)) != Sgn(sinH)) {
+      azimuth_ += azimuth_ <= 0 ? p_.PiGreco : -p_.PiGreco;
+    }
+    assign(zenithDistance_,
+           p_.ArcCos(sinLat_ * std::sin(delta) + cosLat_ * std::cos(delta) * cosH));
     // The sun's direction: to the South, to the West, to the zenith.
-    const double X = sinLat_ * cosD * cosH - cosLat_ * sinD;
-    const double Y = cosD * sinH;
-    const double Z = sinLat_ * sinD + cosLat_ * cosD * cosH;
+    const double X = std::sin(zenithDistance_) * std::cos(azimuth_);
+    const double Y = std::sin(zenithDistance_) * std::sin(azimuth_);
+    const double Z = std::cos(zenithDistance_);
     const double side = level_ ? -Z : -X - Y * tanDecl_ - Z * depth_;
     if (!(backwards_ ? side > 0 : side < 0)) return false;
-    assign(image, projection_(sinH, cosH, sinD / cosD));
+    assign(image, projection_(sinH, cosH, tanDelta));
     return true;
   }
 
@@ -64,6 +72,7 @@ class PlaceMap {
   const DialParams& p_;
   Projection projection_;
   double sinLat_ = 0, cosLat_ = 0, tanDecl_ = 0, depth_ = 0;
+  double azimuth_ = 0, zenithDistance_ = 0;
   bool level_ = false;
   bool backwards_ = false;
 };
@@ -81,7 +90,7 @@ std::string withoutDigits(std::string_view text) {
 
 template <class Wanted>
 void drawRows(Run& run, const WorldTable& world, Rgb colour, Wanted wanted) {
-  const PlaceMap map(run);
+  PlaceMap map(run);
   const Window window(run);
   const double sigma = mapSign(run);
   double filter = 0;
@@ -132,10 +141,16 @@ WorldTable readWorld(std::string_view text, double longitude) {
   return world;
 }
 
+void chooseCountry(Panel& panel, std::string_view country) {
+  panel.setText(Field::cmbStati, country);
+  panel[Field::Distance1].visible = false;
+  panel[Field::lblFiltro].visible = true;
+}
+
 void CaricaMondo(Run& run) {
   run.sheet.Messaggio(run.T("Map"));
-  run.panel[Field::cmbStati].text = kWholeWorld;
   run.panel.show(Field::Filtertxt, true);
+  chooseCountry(run.panel, kWholeWorld);
   run.panel[Field::cmbStati].enabled = true;
   run.panel[Field::cmdPlot].enabled = true;
 }
@@ -156,7 +171,7 @@ void DisegnaMondo(Run& run, const WorldTable& world) {
 
 void MappaCitta(Run& run) {
   run.sheet.Messaggio(run.T("Map"));
-  const PlaceMap map(run);
+  PlaceMap map(run);
   const double sigma = mapSign(run);
   const double longitude = run.number(Field::txtLON);
   const double east = run.number(Field::txt_R2), west = run.number(Field::TxtRadius);

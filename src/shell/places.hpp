@@ -32,6 +32,9 @@ struct WorldTable {
 // two ";" are no rows.
 WorldTable readWorld(std::string_view text, double longitude);
 
+// A choice in the country list: the filter's label takes the place of the distance's.
+void chooseCountry(Panel& panel, std::string_view country);
+
 // The click on cmdStati, once the file has been read: captions, the country list's first entry, and
 // the controls that it shows and enables.
 void CaricaMondo(Run& run);

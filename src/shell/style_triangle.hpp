@@ -36,8 +36,8 @@ struct PolarStyle {
   double sine = 0;       // of the elevation; exactly 0 counts as a style without a centre
   double elevation = 0;  // radians
   Punto centre;          // the origin where there is none
-  double substyle =
-      0;  // radians, from the noon side of the vertical, in the quadrant of the centre
+  // Radians from the noon side of the vertical, in the quadrant of the centre.
+  double substyle = 0;
 
   bool hasCentre() const { return sine != 0; }
 };

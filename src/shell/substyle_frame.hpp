@@ -1,5 +1,5 @@
-// The substyle's frame of a vertical dial: (u, v) along and across the substyle, v measured from
-// the dial's centre, in which the declination curves are conics.
+// The substyle's frame of a vertical dial: u runs along the equinoctial and v up the substyle from
+// it. In this frame the declination curves are conics.
 #pragma once
 
 #include <cmath>
@@ -11,12 +11,12 @@
 namespace dialwright {
 
 // From the substyle's frame to the dial's: a turn through `substyle` (radians) after taking off
-// `distance`, the way from the foot of the style to the dial's centre.
+// `distance`, the way from the equinoctial up to the foot of the style.
 struct SubstyleTurn {
   double sine, cosine, distance;
 
-  SubstyleTurn(double substyle, double footToCentre)
-      : sine(std::sin(substyle)), cosine(std::cos(substyle)), distance(footToCentre) {}
+  SubstyleTurn(double substyle, double equinoctialToFoot)
+      : sine(std::sin(substyle)), cosine(std::cos(substyle)), distance(equinoctialToFoot) {}
 
   Punto operator()(double u, double v) const {
     return {u * cosine - (v - distance) * sine, u * sine + (v - distance) * cosine};

@@ -119,8 +119,9 @@ TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
   EXPECT_EQ(program->press("cmdStati"), Press::Done);
   EXPECT_GT(program->world().countries.size(), 150u);
   EXPECT_EQ(program->panel().text(Field::cmbStati), kWholeWorld);
-  program->type(Field::cmbStati, "Italy");
   EXPECT_FALSE(program->panel()[Field::Distance1].visible);
+  EXPECT_TRUE(program->panel()[Field::lblFiltro].visible);
+  program->type(Field::cmbStati, "Italy");
   EXPECT_EQ(program->press("cmdPlot"), Press::Done);
   EXPECT_EQ(program->press("Option_P"), Press::Done);
   EXPECT_FALSE(program->panel().on(Field::Option_P));

@@ -76,6 +76,8 @@ def drawing():
     hours = rows_of(run("run", "1", "ck_Italiche=1", "TxtInizio=15", "-o", "-", "--format", "csv").stdout)
     whole = rows_of(run("run", "1", "TxtInizio=15", "ck_Italiche=1", "-o", "-", "--format", "csv").stdout)
     expect(hours != whole, "a click's hours can be overridden afterwards, from left to right")
+    mixed = run("run", "-o", "-", "1", "--press", "cmdInvX", "TXTLAT=41.9", "--format", "csv", "TxtStilo=0.1")
+    expect(rows_of(mixed.stdout) == small, "options before, between and behind the words")
     sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "-o", "small.svg")
     expect('viewBox="0 0 1000 800"' in read("small.svg"), "--size")
     expect(sized.stderr == "", "silent when all is well")
@@ -132,6 +134,11 @@ def projects_and_settings():
     expect([r["kind"] for r in opened] == [r["kind"] for r in direct], "a project draws what its panel draws")
     numbers = [(float(a[key] or 0), float(b[key] or 0)) for a, b in zip(opened, direct) for key in ("x1", "y1", "x2", "y2")]
     expect(all(abs(a - b) <= 1e-12 * max(1, abs(a)) for a, b in numbers), "a project draws it where its panel does")
+    run("open", "roma.sun", "--invert", "x", "--size", "1x1", "-o", "turned.svg")
+    run("run", "M_Light", "txtLAT=41.9", "ck_Italiche=1", "--invert", "x", "--size", "1x1", "-o", "direct.svg")
+    run("open", "roma.sun", "--size", "1x1", "-o", "straight.svg")
+    expect(len(read("turned.svg")) == len(read("direct.svg")) and read("turned.svg") != read("straight.svg"),
+           "an option of the sheet acts once on a project")
     changed = rows_of(run("open", "roma.sun", "TxtStilo=0.3", "-o", "-", "--format", "csv").stdout)
     expect(changed != opened, "assignments come after the project")
     expect("riconosciuto" in run("open", "direct.csv", status=1).stderr, "a file that is no project")
@@ -163,6 +170,11 @@ def paper():
         info = subprocess.run(["pdfinfo", os.path.join(FOLDER, "p.pdf")], capture_output=True, text=True).stdout
         pages = int(re.search(r"Pages: +(\d+)", info)[1])
         expect(pages == count if count else 1 < pages < 100, f"pages {arguments}: {pages}")
+    expect("pdf" in run("pages", "1", "-o", "p.txt", status=2).stderr, "pages are a PDF")
+    piped = subprocess.run([PROGRAM, "pages", "1", "--press", "cmdAssi", "-o", "-"], cwd=FOLDER, capture_output=True)
+    expect(piped.stdout.startswith(b"%PDF") and not os.path.exists(os.path.join(FOLDER, "-")), "pages to standard output")
+    for button, remedy in (("cmdDxf", "-o FILE.dxf"), ("cmdStampa", "pages")):
+        expect(remedy in run("run", "1", "--press", button, status=1).stderr, f"{button} says what writes the file")
     expect("1 to 100" in run("pages", "1", "--page", "101", "-o", "p.pdf", status=1).stderr, "a page that is not there")
     bare = rows_of(run("run", "1", "-o", "-", "--format", "csv").stdout)
     axes = rows_of(run("run", "1", "--press", "cmdAssi", "--press", "CmdGriglia", "-o", "-", "--format", "csv").stdout)

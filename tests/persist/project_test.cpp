@@ -269,14 +269,5 @@ TEST(Project, SurvivesDamage) {
   EXPECT_LT(loaded, 1600);
 }
 
-TEST(Project, IsRefusedWhenCutAnywhere) {
-  Panel panel;
-  SheetPlot sheet;
-  const std::string good = progettoDi(panel, sheet);
-  for (std::size_t length = 0; length < good.size() - 3; length += 7) {
-    ASSERT_FALSE(leggiProgetto(good.substr(0, length), panel, sheet)) << length;
-  }
-}
-
 }  // namespace
 }  // namespace dialwright

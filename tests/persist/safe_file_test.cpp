@@ -1,6 +1,7 @@
 // Files stay whole, whatever goes wrong with the new one.
 #include "persist/safe_file.hpp"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -109,6 +110,19 @@ TEST(ReplaceFile, NamesTheCauseAndWhatHelps) {
   EXPECT_TRUE(holds(replacing(folder / "loop"), "Check the name"));
   EXPECT_FALSE(replacing("").empty());
   EXPECT_EQ(replacing("/dev/null"), "");
+}
+
+// A program that is ended while it writes leaves nothing beside the old file.
+TEST(ReplaceFile, HasNoNameUntilItIsWhole) {
+  const Folder folder;
+  const int nameless = ::open(folder.path().c_str(), O_TMPFILE | O_WRONLY, 0600);
+  if (nameless < 0) GTEST_SKIP() << "this file system makes no files without a name";
+  ::close(nameless);
+  replaceFile(folder / "file", [&](const Sink& sink) {
+    sink(std::string(500'000, 'x'));
+    EXPECT_EQ(folder.count(), 0u);
+  });
+  EXPECT_EQ(folder.get("file").size(), 500'000u);
 }
 
 TEST(ReplaceFile, LeavesTheOldFileWhenItsWriterFails) {

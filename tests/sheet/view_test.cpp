@@ -6,33 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/recording_target.hpp"
+
 namespace dialwright {
 namespace {
-
-// Keeps what it is asked to draw, one word an order.
-class Recorder : public Printer {
- public:
-  void clear() override { log += "clear;"; }
-  void line(double x1, double y1, double x2, double y2, Rgb colour, int) override {
-    lines.push_back({x1, y1, x2, y2});
-    colours.push_back(colour);
-  }
-  void point(double, double, Rgb) override { log += "point;"; }
-  void circle(const TargetCircle&) override { log += "circle;"; }
-  void box(double, double, double, double, Rgb, bool) override { log += "box;"; }
-  void text(double x, double y, std::string_view text, Rgb) override {
-    texts.push_back(std::string(text));
-    textPlaces.push_back({x, y, 0, 0});
-  }
-  void newPage() override { log += "page;"; }
-  void endDocument() override { log += "end;"; }
-
-  std::string log;
-  std::vector<Segment> lines;
-  std::vector<Rgb> colours;
-  std::vector<std::string> texts;
-  std::vector<Segment> textPlaces;
-};
 
 class ViewTest : public testing::Test {
  protected:
@@ -90,7 +67,7 @@ TEST_F(ViewTest, TheListHoldsTheScalesThatTheSheetAllows) {
 }
 
 TEST_F(ViewTest, ChoosingAScaleRedrawsAndSetsTheBarsBack) {
-  Recorder screen;
+  RecordingTarget screen;
   sheet.attach(&screen);
   view.resizeControl(9000, 6000);
   view.scrollTo(100, 200);
@@ -98,7 +75,7 @@ TEST_F(ViewTest, ChoosingAScaleRedrawsAndSetsTheBarsBack) {
   EXPECT_EQ(view.surfaceTop(), 200);
   view.chooseScale(1);
   EXPECT_EQ(sheet.Scala(), 10);
-  EXPECT_EQ(screen.log, "clear;");
+  EXPECT_EQ(screen.orders, "clear ");
   EXPECT_EQ(view.surfaceTop(), 400);
   EXPECT_NEAR(view.surfaceHeight(), 2.8 * 5670, 1e-6);
   EXPECT_EQ(view.VScroll1().maximum, view.surfaceHeight());
@@ -111,13 +88,14 @@ TEST_F(ViewTest, ChoosingAScaleRedrawsAndSetsTheBarsBack) {
 }
 
 // Notes how a button looks at the moment of the redrawing.
-class LookWatcher : public Recorder {
+class LookWatcher : public RecordingTarget {
  public:
   explicit LookWatcher(const SheetView& view) : view_(view) {}
   void clear() override {
-    log += view_.lookOfInvX() ? "X" : "-";
-    log += view_.lookOfInvY() ? "Y" : "-";
+    looks += view_.lookOfInvX() ? "X" : "-";
+    looks += view_.lookOfInvY() ? "Y" : "-";
   }
+  std::string looks;
 
  private:
   const SheetView& view_;
@@ -128,7 +106,7 @@ TEST_F(ViewTest, InvertedAxesShowOnTheirButtonsUntilTheSheetIsCleared) {
   sheet.attach(&screen);
   press("cmdInvX");
   press("CMDINVY");
-  EXPECT_EQ(screen.log, "--XY") << "X redraws before it shows its state, Y after";
+  EXPECT_EQ(screen.looks, "--XY") << "X redraws before it shows its state, Y after";
   EXPECT_EQ(view.lookOfInvX(), rgb(255, 255, 128));
   press("cmdInvX");
   EXPECT_EQ(sheet.SignX(), 1);
@@ -170,7 +148,7 @@ TEST_F(ViewTest, AxesAreDrawnAgainAfterAShift) {
 }
 
 TEST_F(ViewTest, DimensionsChangeTheListAtOnceAndTheDrawingLater) {
-  Recorder screen;
+  RecordingTarget screen;
   sheet.attach(&screen);
   press("cmdDim");
   EXPECT_TRUE(view.dimensionsPanel());
@@ -182,7 +160,7 @@ TEST_F(ViewTest, DimensionsChangeTheListAtOnceAndTheDrawingLater) {
   EXPECT_EQ(view.text(SheetField::txtQH), "0.33");
   EXPECT_EQ(itemsOf(view), "1:1 1:2 1:3 1:4 1:5 1:10 1:20 1:100 ");
   EXPECT_EQ(sheet.Scala(), 5) << "the scale grows, it does not shrink";
-  EXPECT_EQ(screen.log, "");
+  EXPECT_EQ(screen.orders, "");
   EXPECT_FALSE(view.dimensionsPanel());
 }
 
@@ -222,7 +200,7 @@ TEST(PageGridTest, CountsAThinRestOnlyFromATwentieth) {
 }
 
 TEST_F(ViewTest, PrintAsksWhatToPrintOnceThereIsAChoice) {
-  Recorder paper;
+  RecordingTarget paper;
   std::string said;
   view.ports.print = [&](const std::function<void(Printer&)>& job) { job(paper); };
   view.ports.message = [&](std::string_view text) { said = text; };
@@ -231,10 +209,11 @@ TEST_F(ViewTest, PrintAsksWhatToPrintOnceThereIsAChoice) {
   sheet.xLine(-0.1, 0, 0.1, 0, palette(12));
   press("cmdStampa");
   EXPECT_FALSE(view.printPanel());
-  EXPECT_EQ(paper.texts, (std::vector<std::string>{"Mark", "a line"}));
-  EXPECT_NEAR(paper.textPlaces[0].y1, 850.5, 1e-9);
+  ASSERT_EQ(paper.texts.size(), 2u);
+  EXPECT_EQ(paper.texts[0].text + ";" + paper.texts[1].text, "Mark;a line");
+  EXPECT_NEAR(paper.texts[0].y, 850.5, 1e-9);
   EXPECT_NEAR(paper.lines[0].x2 - paper.lines[0].x1, 0.2 * kTwipsPerMeter / 5, 1e-6);
-  EXPECT_EQ(paper.colours[0], kBlack);
+  EXPECT_EQ(paper.lines[0].colour, kBlack);
 
   view.PrintArea();
   EXPECT_EQ(said, "Nessuna area selezionata");
@@ -246,7 +225,7 @@ TEST_F(ViewTest, PrintAsksWhatToPrintOnceThereIsAChoice) {
 }
 
 TEST_F(ViewTest, SelectedPagesPrintAtTrueSizeAndLeaveTheSheetAsItWas) {
-  Recorder paper, screen;
+  RecordingTarget paper, screen;
   view.ports.print = [&](const std::function<void(Printer&)>& job) { job(paper); };
   sheet.xLine(-0.1, 0.1, 0.1, 0.1, palette(12), {.width = 3});
   const double y = 0.9 * kTwipsPerMeter / 5;
@@ -256,10 +235,12 @@ TEST_F(ViewTest, SelectedPagesPrintAtTrueSizeAndLeaveTheSheetAsItWas) {
   sheet.attach(&screen);
   press("cmdStampa");
   press("cmdPOk");
-  EXPECT_EQ(paper.log, "page;end;");
-  EXPECT_EQ(paper.texts, (std::vector<std::string>{"35", "36"}));
+  EXPECT_EQ(paper.pages, 2);
+  EXPECT_EQ(paper.documents, 1);
+  ASSERT_EQ(paper.texts.size(), 2u);
+  EXPECT_EQ(paper.texts[0].text + ";" + paper.texts[1].text, "35;36");
   std::vector<double> lengths;
-  for (const Segment& line : paper.lines) {
+  for (const RecordingTarget::Line& line : paper.lines) {
     if (std::abs(line.y1 - 5670) + std::abs(line.y2 - 5670) > 1) continue;
     lengths.push_back(std::abs(line.x2 - line.x1) / kTwipsPerMeter);
   }
@@ -268,7 +249,7 @@ TEST_F(ViewTest, SelectedPagesPrintAtTrueSizeAndLeaveTheSheetAsItWas) {
   EXPECT_EQ(sheet.ShiftX(), 0.995);
   EXPECT_EQ(view.text(SheetField::txtX), "0.995");
   EXPECT_FALSE(sheet.OutputToPRN());
-  EXPECT_EQ(screen.log, "") << "no redraw of the screen";
+  EXPECT_EQ(screen.orders, "") << "no redraw of the screen";
   ASSERT_EQ(lengths.size(), 2u) << "cut at the page's edge, going on on the next page";
   EXPECT_NEAR(lengths[0] + lengths[1], 0.2, 1e-9);
 }

@@ -109,26 +109,34 @@ TEST(Cities, StandBetweenTheHourLimitsWithTheirNames) {
     EXPECT_LT(std::abs(deg(sky::hourAngleOf(rad(45), sun))), 8);
     EXPECT_NEAR(texts[i].y, dot.y + 0.02, 1e-12);
   }
-  const auto rome = std::find_if(texts.begin(), texts.end(),
-                                 [](const TextRecord& t) { return t.text == "Roma"; });
-  ASSERT_NE(rome, texts.end());
-  const sky::Vec sun = plane.sunOf(kStyle, {rome->x, -(rome->y - 0.02)});
-  EXPECT_NEAR(deg(sky::declinationOf(rad(45), sun)), 41.9, 0.05);
-  EXPECT_NEAR(deg(sky::hourAngleOf(rad(45), sun)), 10 - 12.5, 0.1);
 }
 
-TEST(Cities, OfTheStoredSignFallOnTheOtherHemisphere) {
-  // Without "Inv" the declinations count as stored, minus the latitude: the map is upside down, on
-  // purpose.
-  DialCase dial = dialOf(drawCities);
-  dial.check(Field::ckAssi, false).set(Field::txt_R2, "-3").set(Field::TxtRadius, "3").run();
+TEST(Cities, StandUnderTheZenithSunOrWithoutInvUnderItsOpposite) {
   const auto plane = sky::Plane::facing(15, 50);
-  for (std::size_t i = 0; i + 1 < dial.sheet.list().texts.size(); ++i) {
-    const CircleRecord& dot = dial.sheet.list().circles[i];
-    const double south = deg(sky::declinationOf(rad(45), plane.sunOf(kStyle, {dot.x, -dot.y})));
-    if (dial.sheet.list().texts[i].text == "Roma") {
-      EXPECT_NEAR(south, -41.9, 0.05);
-    }
+  for (const bool inverted : {true, false}) {
+    // Without "Inv" the declinations count as stored, minus the latitude: the map is upside down,
+    // on purpose.
+    const std::string_view name = inverted ? "Roma" : "Capetown";
+    DialCase dial = dialOf(drawCities);
+    dial.check(Field::ckAssi, inverted).run();
+    const auto& texts = dial.sheet.list().texts;
+    const auto city = std::ranges::find(texts, name, &TextRecord::text);
+    ASSERT_NE(city, texts.end());
+    const sky::Vec sun = plane.sunOf(kStyle, {city->x, -(city->y - 0.02)});
+    EXPECT_NEAR(deg(sky::declinationOf(rad(45), sun)), inverted ? 41.9 : 33.92, 0.05);
+    EXPECT_NEAR(deg(sky::hourAngleOf(rad(45), sun)), 10 - (inverted ? 12.5 : 18.42), 0.1);
+  }
+}
+
+TEST(Cities, OfNoonItselfCountAsInTheSouth) {
+  // The list's last row lies on the meridian. South of the equator its sun stands in the North,
+  // behind a wall that looks South, and yet it is drawn, on purpose.
+  for (const char* latitude : {"30", "-30"}) {
+    DialCase dial = dialOf(drawCities, "90");
+    dial.set(Field::txtLAT, latitude).set(Field::txtDecl, "0");
+    dial.set(Field::txt_R2, "-0.001").set(Field::TxtRadius, "0.001").run();
+    ASSERT_EQ(dial.sheet.list().texts.size(), 1u) << latitude;
+    EXPECT_EQ(dial.sheet.list().texts[0].text, "");
   }
 }
 

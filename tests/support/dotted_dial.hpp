@@ -120,54 +120,18 @@ inline std::vector<sky::Vec> planes(sky::Vec (*plane)(double, double), double la
   return all;
 }
 
-// The hours of a site from -90 to 90 degrees but noon, of the zone for a shift.
-inline std::vector<sky::Vec> hoursButNoon(double latitude, double step, double shift = 0) {
-  std::vector<sky::Vec> all = planes(hourPlane, latitude, -90 + shift, -step + shift, step);
-  for (const sky::Vec& plane : planes(hourPlane, latitude, step + shift, 90 + shift, step))
-    all.push_back(plane);
+// The colours of records in their order, each run of one colour once.
+template <class Record>
+std::vector<Rgb> inks(const std::vector<Record>& records) {
+  std::vector<Rgb> all;
+  for (const Record& r : records)
+    if (all.empty() || all.back() != r.colour) all.push_back(r.colour);
   return all;
 }
-
-// What a run of bad input must not leave in the list.
-inline void expectSoundDrawing(const DialCase& dial) {
-  for (const PointRecord& p : dial.sheet.list().points) ASSERT_TRUE(std::isfinite(p.x + p.y));
-  for (const LineRecord& l : dial.sheet.list().lines)
-    ASSERT_TRUE(std::isfinite(l.x1 + l.y1 + l.x2 + l.y2));
-  for (const CircleRecord& c : dial.sheet.list().circles)
-    ASSERT_TRUE(std::isfinite(c.x + c.y + c.radius + c.startAngle + c.endAngle));
-}
-
-// Runs a dial with each text of a list of odd numbers in each of its fields, all families on: a
-// message or a drawing, and no fault in the list.
-inline void expectBoundedOnOddInput(Item item, Driver driver) {
-  const std::pair<Field, std::vector<const char*>> inputs[] = {
-      {Field::txtLAT, {"0", "90", "23.445", "1e300", "abc"}},
-      {Field::txtDecl, {"90", "-90", "70", "-70", "70.1", "180", "1e300"}},
-      {Field::TxtRadius, {"0", "-1", "1e-300", "1e300", "abc"}},
-      {Field::TxtStilo, {"0", "-.4", "5", "1e300"}},
-      {Field::TxtHour, {"-2", "1e9"}},
-      {Field::txt_Definition, {"0", "-5", "1e-9", "1e300", "x"}},
-      {Field::TxtFuso, {"1e300"}},
-      {Field::txtLineofdeclination, {"0", "90", "x"}}};
-  for (const bool convex : {true, false}) {
-    for (const auto& [field, texts] : inputs) {
-      for (const char* text : texts) {
-        SCOPED_TRACE(std::string(rowOf(field).name) + " " + text);
-        DialCase dial(item, driver);
-        dial.panel.setState(convex ? Field::OptConvex : Field::Optconcave, true);
-        for (const Field box :
-             {Field::ck_Lemniscate, Field::ck_Sustilare, Field::ck_Italiche, Field::ck_babiloniche,
-              Field::ck_Triangolo, Field::Ck_Section, Field::ck_Orizzonte, Field::ck_Etna})
-          dial.panel.setState(box, true);
-        dial.set(field, text).run();
-        expectSoundDrawing(dial);
-        EXPECT_FALSE(dial.busy);
-        if (field == Field::txt_Definition && numberOf(text) <= 1e-8) {
-          EXPECT_EQ(dial.messages.size(), 2u) << "the notice, and one word for the lines left out";
-        }
-      }
-    }
-  }
+inline std::vector<Rgb> palettes(std::initializer_list<int> numbers) {
+  std::vector<Rgb> all;
+  for (const int number : numbers) all.push_back(palette(number));
+  return all;
 }
 
 }  // namespace dialwright

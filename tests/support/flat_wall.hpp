@@ -40,6 +40,14 @@ struct HorizonCircle {
   double off = 90;  // degrees from it
 };
 
+// Spots of a line that lie on it wherever the sheet is.
+inline std::vector<sky::Spot> spotsOf(const LineRecord& l) {
+  std::vector<sky::Spot> spots;
+  for (const double part : {0.1, 0.45, 0.8})
+    spots.push_back({l.x1 + part * (l.x2 - l.x1), l.y1 + part * (l.y2 - l.y1)});
+  return spots;
+}
+
 class FlatWall : public DialCase {
  public:
   static constexpr double kStyle = 0.2;
@@ -109,6 +117,30 @@ class FlatWall : public DialCase {
     return all;
   }
 
+  // What a box adds to the drawing in a colour, in sheet coordinates: points, and of lines some
+  // spots that are not far out.
+  std::vector<sky::Spot> addedBy(Field box, int colour) {
+    sheet.Clear();
+    check(box, false).run();
+    const std::size_t points = pointsIn(palette(colour)).size();
+    const std::size_t lines = linesIn(palette(colour)).size();
+    sheet.Clear();
+    check(box).run();
+    std::vector<sky::Spot> spots;
+    std::size_t seen = 0;
+    for (const PointRecord& p : pointsIn(palette(colour))) {
+      if (seen++ >= points) spots.push_back({p.x, p.y});
+    }
+    seen = 0;
+    for (const LineRecord& l : linesIn(palette(colour))) {
+      if (seen++ < lines) continue;
+      for (const sky::Spot s : spotsOf(l)) {
+        if (std::hypot(s.x, s.y) < 50) spots.push_back(s);
+      }
+    }
+    return spots;
+  }
+
   // True when no fault has reached the list.
   bool isSound() const {
     const auto& lines = sheet.list().lines;
@@ -117,11 +149,9 @@ class FlatWall : public DialCase {
     });
   }
 
+  sky::Vec pole() const { return {0, std::cos(latitude), std::sin(latitude)}; }
   // Where the polar style meets the plane.
-  sky::Spot centre() const {
-    const sky::Vec pole{0, std::cos(latitude), std::sin(latitude)};
-    return plane.shadow(kStyle * plane.normal, pole);
-  }
+  sky::Spot centre() const { return plane.shadow(kStyle * plane.normal, pole()); }
 
   FlatSite site;
   double latitude;

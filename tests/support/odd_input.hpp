@@ -23,6 +23,13 @@ inline void expectBounded(Item item, Driver driver, std::initializer_list<Field>
         for (const double value : {line.x1, line.y1, line.x2, line.y2})
           ASSERT_TRUE(std::isfinite(value));
       }
+      for (const PointRecord& point : dial.sheet.list().points)
+        ASSERT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
+      for (const CircleRecord& circle : dial.sheet.list().circles) {
+        for (const double value : {circle.x, circle.y, circle.startAngle, circle.endAngle})
+          ASSERT_TRUE(std::isfinite(value));
+      }
+      EXPECT_FALSE(dial.busy);
     }
   }
 }

@@ -1,14 +1,14 @@
-// A drawing target that keeps every order that it gets.
+// A drawing target, a printer too, that keeps every order that it gets.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "sheet/draw_target.hpp"
+#include "sheet/printing.hpp"
 
 namespace dialwright {
 
-class RecordingTarget : public DrawTarget {
+class RecordingTarget : public Printer {
  public:
   struct Line {
     double x1, y1, x2, y2;
@@ -54,6 +54,8 @@ class RecordingTarget : public DrawTarget {
     orders += "text ";
     texts.push_back({x, y, std::string(text), colour});
   }
+  void newPage() override { ++pages; }
+  void endDocument() override { ++documents; }
 
   std::string orders;  // their names since the last clearing
   std::vector<Line> lines;
@@ -61,6 +63,8 @@ class RecordingTarget : public DrawTarget {
   std::vector<TargetCircle> circles;
   std::vector<Box> boxes;
   std::vector<Text> texts;
+  int pages = 1;
+  int documents = 0;  // ended ones
 };
 
 }  // namespace dialwright

@@ -44,20 +44,13 @@ constexpr Family kFreeLine = {.box = Field::ckFunction,
                               .layer = "diurna",
                               .lead = Lead::Every};
 
-constexpr Family dayCurveOver(const Range& hours, double declination, int colour,
-                              std::string_view layer) {
-  Family curve = dayCurve(Field::Ck_DayLightCurves, declination, colour, layer);
-  curve.hours = hours;
-  return curve;
-}
-
 constexpr std::array kCurves = {
-    dayCurveOver(kFineAfternoons, -kSolstice, 8, "-23.445°"),
-    dayCurveOver(kAfternoons, kSolstice, 8, "23.445°"),
-    dayCurveOver(kLongAfternoons, -kTwentieth, 13, "-20.1552°"),
-    dayCurveOver(kAfternoons, kTwentieth, 13, "20.1552°"),
-    dayCurveOver(kAfternoons, -kEleventh, 11, "-11.4746°"),
-    dayCurveOver(kAfternoons, kEleventh, 11, "11.4746°"),
+    dayCurve(Field::Ck_DayLightCurves, kFineAfternoons, -kSolstice, 8, "-23.445°"),
+    dayCurve(Field::Ck_DayLightCurves, kAfternoons, kSolstice, 8, "23.445°"),
+    dayCurve(Field::Ck_DayLightCurves, kLongAfternoons, -kTwentieth, 13, "-20.1552°"),
+    dayCurve(Field::Ck_DayLightCurves, kAfternoons, kTwentieth, 13, "20.1552°"),
+    dayCurve(Field::Ck_DayLightCurves, kAfternoons, -kEleventh, 11, "-11.4746°"),
+    dayCurve(Field::Ck_DayLightCurves, kAfternoons, kEleventh, 11, "11.4746°"),
 };
 
 constexpr std::array kOtherHours = {
@@ -236,22 +229,18 @@ void Drawing::legend(const Instant& moment, double W) {
   if (run_.on(Field::ckFunction)) legendLine(run_, "angle ", p_.degrees(W), " °");
 }
 
-void readWall(Run& run) {
-  DialParams& p = run.params;
-  assign(p.PassoOre,
-         run.number(Field::TxtHour));  // the divisions themselves, not the degrees of one
+void readBallsWall(Run& run) {
+  // The divisions themselves, not the degrees of one.
+  assign(run.params.PassoOre, run.number(Field::TxtHour));
   readUsaLongitudine(run);
-  readSite(run);
-  assign(p.DeclGradi, run.number(Field::txtDecl));
-  p.DeclRad = p.radians(p.DeclGradi);
-  p.ReclinRad = 0;
+  readWall(run);
 }
 
 }  // namespace
 
 void QuadranteBallVerticale(Run& run) {
   if (refusesSouth(run)) return;
-  openRun(run, "Bifilar vertical semi - sphere dial by vectors", readWall);
+  openRun(run, "Bifilar vertical semi - sphere dial by vectors", readBallsWall);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -4,6 +4,7 @@
 #include "dials/site.hpp"
 #include "lettering/arabic.hpp"
 #include "lettering/roman.hpp"
+#include "numerics/numbers.hpp"
 
 namespace dialwright::bifilar {
 
@@ -77,6 +78,23 @@ void readSite(Run& run) {
   assign(p.LonGradi, run.number(Field::txtLON));
   setLongitudeCorrections(run);
   assign(p.Stilo, run.number(Field::TxtStilo));
+}
+
+void readWall(Run& run) {
+  DialParams& p = run.params;
+  readSite(run);
+  assign(p.DeclGradi, run.number(Field::txtDecl));
+  p.DeclRad = p.radians(p.DeclGradi);
+  p.ReclinRad = 0;
+}
+
+std::string figures(std::initializer_list<double> numbers, int decimals) {
+  std::string text;
+  for (const double number : numbers) {
+    if (!text.empty()) text += kGap;
+    text += textOf(rounded(number, decimals));
+  }
+  return text;
 }
 
 Instant readInstant(const Run& run) {

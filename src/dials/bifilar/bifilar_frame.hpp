@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cmath>
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 #include "dials/pen.hpp"
@@ -95,6 +97,17 @@ struct Family {
   int width = 1;
 };
 
+// A curve of one day's declination through the hours.
+constexpr Family dayCurve(Field box, const Range& hours, Amount declination, int colour,
+                          std::string_view layer) {
+  return {.box = box,
+          .path = Path::DayCurve,
+          .hours = hours,
+          .declinations = only(declination),
+          .colour = palette(colour),
+          .layer = layer};
+}
+
 // Hour angle (radians) of a row's rule at the value t of its hour loop for a declination in
 // radians.
 double hourAngle(const DialParams& p, HourRule rule, double t, double declination);
@@ -111,6 +124,7 @@ class Tracer {
       : run_(run), window_(run), pen_(run.sheet, chordLimit) {}
 
   const Window& window() const { return window_; }
+  Punto previous() const { return pen_.previous(); }
 
   template <class Place>
   void draw(const Family& family, Place&& place);
@@ -171,6 +185,13 @@ void openRun(Run& run, std::string_view caption, void (*read)(Run&));
 
 // Latitude, longitude and its corrections and the style from the panel into the record.
 void readSite(Run& run);
+
+// The same and the declination of an upright wall.
+void readWall(Run& run);
+
+// Figures of a legend, rounded and two blanks apart.
+inline constexpr const char* kGap = "  ";
+std::string figures(std::initializer_list<double> numbers, int decimals = 5);
 
 // The demonstration's moment: hour angle from txtAO and declination from txtDelta, radians.
 struct Instant {

@@ -57,12 +57,7 @@ inline constexpr Family kHourLines = {.box = Field::chkOreAstronomiche,
                                       .layer = "ore"};
 
 constexpr Family dayCurve(Field box, double declination, int colour, std::string_view layer) {
-  return {.box = box,
-          .path = Path::DayCurve,
-          .hours = kDay,
-          .declinations = only(declination),
-          .colour = palette(colour),
-          .layer = layer};
+  return dayCurve(box, kDay, declination, colour, layer);
 }
 
 inline constexpr std::array kDayCurves = {

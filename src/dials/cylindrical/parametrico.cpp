@@ -107,7 +107,7 @@ void Drawing::trace(Sample sample) {
 double Drawing::hourOrdinate(double H) {
   const double A =
       arctan(std::cos(p_.LatRad) * std::cos(theta_) * std::tan(p_.OrarioSustilare + H));
-  return hourLineOrdinate(p_, distance_, std::tan(A), across_);
+  return HourLine(p_, distance_, std::tan(A)).ordinate(across_);
 }
 
 void Drawing::plot(double ordinate, int colour) {

@@ -38,7 +38,6 @@ class Drawing {
   bool on(Field field) const { return run_.on(field); }
   // The loop over the plane, so many radii either side of the foot.
   Sweep radii(double count) const { return dots(run_, -count * p_.Raggio, count * p_.Raggio); }
-  SubstyleTurn turn() const { return {p_.Sustilare, p_.DistPiedeCentro}; }
   double hourFromSubstyle(double t) const { return p_.OrarioSustilare + p_.radians(t); }
   void project(Punto plane, int colour);
   void conic(Declination which, double reach, int colour);
@@ -105,30 +104,31 @@ void Drawing::ProiettivoOre() {
     const int colour = std::abs(t) == 90 ? 9 : hourInk(t);
     const bool level = p_.DeclRad == 0 && t == -90;  // through the centre, where noon starts
     const double T = arctan(std::sin(p_.ElevStilo) * std::tan(hourFromSubstyle(t)));
-    for (const double u : radii(kPlaneReach)) {
-      const double v = level ? centre : hourLineOrdinate(p_, p_.Stilo, std::tan(T), u);
-      project({u, v}, colour);
-    }
+    const HourLine line(p_, p_.Stilo, std::tan(T));
+    for (const double u : radii(kPlaneReach))
+      project({u, level ? centre : line.ordinate(u)}, colour);
   }
 }
 
 // The conic that the lines touch, of the days without a sunset, and the lines.
 void Drawing::oldHours(const OldHours& family) {
   constexpr int kColour = 13;
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
   conic(Declination::Latitude, family.reach, kColour);
   for (const double t : run_.sweep(-kLastOldHour, kLastOldHour, 15)) {
     const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, hourFromSubstyle(t), family.side);
-    for (const double u : radii(kPlaneReach)) project(turn()(u, line.at(u)), kColour);
+    for (const double u : radii(kPlaneReach)) project(turn(u, line.at(u)), kColour);
   }
 }
 
 // --- The lines of a day
 
 void Drawing::conic(Declination which, double reach, int colour) {
+  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
   for (const double u : radii(reach)) {
     const Roots v = conicAt(p_.conic(which), u);
-    project(turn()(u, v.plus), colour);
-    project(turn()(u, v.minus), colour);
+    project(turn(u, v.plus), colour);
+    project(turn(u, v.minus), colour);
   }
 }
 

@@ -113,8 +113,8 @@ void Drawing::locateStyle() {
   locateNoonGenerator(p_);
 }
 
-// The samples count hours before noon as positive: the blue line is that of six in the morning. At
-// noon itself the ordinate fails, and the dots stay where the line before ended.
+// The samples count hours before noon as positive. At noon itself the ordinate fails, and the dots
+// stay where the line before ended.
 void Drawing::Cil3DOre() {
   readUsaLongitudine(run_);
   locateStyle();

@@ -138,25 +138,19 @@ void Drawing::hoursOfSideWallAtEquator() {
   }
 }
 
-// Each conic turned into the wall's coordinates is a quadratic in y.
+// Each conic turned into the wall's coordinates is a quadratic in y; it sets no point without a
+// root.
 void Drawing::DeclinazioniFrinter() {
   if (p_.LatGradi == 0) {
     curvesAtEquator();
     return;
   }
-  const double sinS = std::sin(p_.Sustilare), cosS = std::cos(p_.Sustilare);
+  const SubstyleTurn turn(-p_.Sustilare, p_.DistPiedeCentro);
   for (const double x : run_.sweep(-kCurveReach, kCurveReach, kCurveStep)) {
     for (std::size_t i = 0; i < cones_.size(); ++i) {
-      const ConicSet& k = p_.conics[i];
-      const double v = p_.DistPiedeCentro + x * sinS;
-      const double a = cosS * cosS + k.A2 * sinS * sinS;
-      const double b = cosS * (2 * v - 2 * k.A2 * sinS * x + k.A1);
-      const double c = v * v + k.A2 * (x * cosS) * (x * cosS) + k.A1 * v + k.A0;
-      const double discriminant = b * b - 4 * a * c;
-      if (!(discriminant >= 0)) continue;
-      const double half = std::sqrt(discriminant);
-      dot(sheet_, {x, over(-b - half, 2 * a)}, cones_[i].colour);
-      dot(sheet_, {x, over(-b + half, 2 * a)}, cones_[i].colour);
+      const Roots y = conicOrdinates(p_.conics[i], turn, x);
+      dot(sheet_, {x, y.minus}, cones_[i].colour);
+      dot(sheet_, {x, y.plus}, cones_[i].colour);
     }
   }
 }

@@ -12,6 +12,7 @@
 #include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
+#include "numerics/quadratic.hpp"
 #include "shell/dispatch.hpp"
 
 namespace dialwright {
@@ -391,11 +392,10 @@ void Drawing::Curve() {
   for (const double s : swept()) {
     for (const DeclinationCone& cone : cones_) {
       const Quadratic q = formulas_.cone(space_, s, cone.K);
-      const double discriminant = q.b * q.b - 4 * q.a * q.c;
-      if (!(discriminant >= 0)) continue;
-      const double half = std::sqrt(discriminant);
-      mark(trace, {s, over(-q.b + half, 2 * q.a) + q.base}, cone.colour);
-      mark(trace, {s, over(-q.b - half, 2 * q.a) + q.base}, cone.colour);
+      const Roots w = quadraticRoots(q.a, q.b, q.c);
+      if (!sound(w.plus) && !sound(w.minus)) continue;
+      mark(trace, {s, w.plus + q.base}, cone.colour);
+      mark(trace, {s, w.minus + q.base}, cone.colour);
     }
   }
 }

@@ -1,7 +1,7 @@
 // Program 4: a flat dial by projection, latter version. The reference plane is the upright wall of
 // the dial's own declination that meets the dial's plane in the level line through the foot of its
-// style: the tip stands N = Stilo/cos R before it. On it, (p, q) are the coordinates along and
-// across the substyle, q from the equinoctial.
+// style: the tip stands N = Stilo/cos R before it. On it, p runs along the equinoctial and q up the
+// substyle from it.
 #include "dials/flat/nuovo_proiettivo.hpp"
 
 #include <array>

@@ -23,15 +23,24 @@ inline Roots conicOrdinates(const ConicSet& c, const SubstyleTurn& turn, double 
                         (v + c.A1) * v + c.A0 + c.A2 * u * u);
 }
 
-// Ordinate on the dial at the abscissa x of the line through the centre that makes an angle, given
-// by its tangent, with the substyle; for the record's style elevation, substyle and distance and a
-// style's length.
-inline double hourLineOrdinate(const DialParams& p, double style, double tangent, double x) {
-  const double foot = over(style, std::sin(p.ElevStilo) * std::cos(p.ElevStilo)) * tangent;
-  const double slope = over(1 - tangent * std::tan(p.Sustilare), tangent + std::tan(p.Sustilare));
-  return -slope * x + over(foot - p.DistPiedeCentro * tangent,
-                           std::cos(p.Sustilare) * tangent + std::sin(p.Sustilare));
-}
+// The line on the dial through the centre that makes an angle, given by its tangent, with the
+// substyle: an hour's, for the record's style elevation, substyle and distance and a style's
+// length.
+struct HourLine {
+  HourLine(const DialParams& p, double style, double tangent) {
+    const double substyle = std::tan(p.Sustilare);
+    const double foot = over(style, std::sin(p.ElevStilo) * std::cos(p.ElevStilo)) * tangent;
+    slope_ = -over(1 - tangent * substyle, tangent + substyle);
+    rise_ = over(foot - p.DistPiedeCentro * tangent,
+                 std::cos(p.Sustilare) * tangent + std::sin(p.Sustilare));
+  }
+
+  // The ordinate at the abscissa x; a fault for an upright line.
+  double ordinate(double x) const { return slope_ * x + rise_; }
+
+ private:
+  double slope_, rise_;
+};
 
 // A line of italic (side -1) or babylonian (side +1) hours: the tangent to the latitude's conic
 // from the hour B of the equinoctial, radians from the substyle's hour, which is that of the

@@ -24,8 +24,7 @@ namespace {
 
 constexpr Rgb kOrange = rgb(255, 127, 39);
 constexpr double kFirstDay = -80;  // degrees of mean longitude, where the analemma's loop starts
-constexpr double kFullSemiArc =
-    120;  // degrees of hour angle that the day's curves reach, either side of noon
+constexpr double kDayReach = 120;  // degrees of hour angle of a day's curve, either side of noon
 constexpr double kTipMark = 0.01;  // radius of the style tip's circle, metres
 
 // A curve of one declination.
@@ -203,7 +202,7 @@ void Drawing::dayCurve(Pen& pen, double declination, double step) {
   const Projection project(planeOf(p_));
   const double tangent = std::tan(p_.radians(declination));
   Punto point;
-  const Sweep hours = run_.sweep(-kFullSemiArc, kFullSemiArc, step);
+  const Sweep hours = run_.sweep(-kDayReach, kDayReach, step);
   for (const double t : hours) {
     const double H = p_.radians(t);
     assign(point, project(std::sin(H), std::cos(H), tangent));
@@ -237,7 +236,7 @@ void Drawing::LineaDeclinazione() {
   Pen pen(sheet_, kSkyGap);
   pen.dip({kOrange, sheet_.layer(textOf(declination))});
   Punto point;
-  const Sweep hours = run_.sweep(-kFullSemiArc, kFullSemiArc, 0.05);
+  const Sweep hours = run_.sweep(-kDayReach, kDayReach, 0.05);
   for (const double t : hours) {
     const double H = p_.radians(t);
     assign(point, project(std::sin(H), std::cos(H), tangent));
@@ -345,8 +344,8 @@ void Drawing::styleLine(const PolarStyle& style, Punto tip) {
 
 void Drawing::LineaOrizzonte() {
   assign(p_.LimiteOrizzonte, p_.Stilo * std::tan(p_.ReclinRad));
-  sheet_.xLine(-sheet_.ShiftX(), -p_.LimiteOrizzonte, sheet_.ShiftX(), -p_.LimiteOrizzonte,
-               palette(2));
+  const double side = sheet_.ShiftX();
+  line(sheet_, {-side, p_.LimiteOrizzonte}, {side, p_.LimiteOrizzonte}, palette(2));
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ std::optional<double> fromChords(const std::vector<LineRecord>& chords, sky::Spo
     const double length = std::hypot(dx, dy);
     if (length == 0) continue;
     const double px = spot.x - l.x1, py = -spot.y - l.y1;
+    if (std::max(std::abs(px), std::abs(py)) - length > least) continue;
     const double along = (px * dx + py * dy) / length;
     const double across = std::abs(px * dy - py * dx) / length;
     const double away = std::hypot(across, along - std::clamp(along, 0.0, length));

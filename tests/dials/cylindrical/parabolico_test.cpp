@@ -2,6 +2,7 @@
 #include "dials/cylindrical/parabolico.hpp"
 
 #include "support/dotted_dial.hpp"
+#include "support/odd_input.hpp"
 
 namespace dialwright {
 namespace {
@@ -22,7 +23,6 @@ struct Dial : DottedDial<sky::ParabolaSection> {
                    sky::parabolicWall(wall.radius, wall.style, wall.declination, wall.convex)) {
     set(Field::TxtHour, "1");
   }
-  double latitude() { return panel.number(Field::txtLAT); }
 };
 
 TEST(ParabolicCylinder, DotsOfTheHoursLieInTheirPlanes) {
@@ -137,14 +137,8 @@ TEST(ParabolicCylinder, ARunDrawsItsFamiliesInOrder) {
             std::vector<std::string>{"Modify the definition if the graph is not well visible"});
   EXPECT_EQ(dial.sheet.caption(), "Cylindrical sundial of parabolic cross-section.");
   EXPECT_FALSE(dial.busy);
-  std::vector<Rgb> points, lines, expectedPoints, expectedLines;
-  for (const PointRecord& p : dial.sheet.list().points)
-    if (points.empty() || points.back() != p.colour) points.push_back(p.colour);
-  for (const LineRecord& l : dial.sheet.list().lines) lines.push_back(l.colour);
-  for (const int c : {7, 9, 12, 7, 12, 7, 8, 12}) expectedPoints.push_back(palette(c));
-  for (const int c : {2, 1, 4, 13, 11}) expectedLines.push_back(palette(c));
-  EXPECT_EQ(points, expectedPoints);
-  EXPECT_EQ(lines, expectedLines);
+  EXPECT_EQ(inks(dial.sheet.list().points), palettes({7, 9, 12, 7, 12, 7, 8, 12}));
+  EXPECT_EQ(inks(dial.sheet.list().lines), palettes({2, 1, 4, 13, 11}));
 }
 
 TEST(ParabolicCylinder, TheSouthAndWallsBeyondSeventyDegreesAreRefused) {
@@ -162,8 +156,24 @@ TEST(ParabolicCylinder, TheSouthAndWallsBeyondSeventyDegreesAreRefused) {
   }
 }
 
-TEST(ParabolicCylinder, OddInputGivesAMessageOrADrawing) {
-  expectBoundedOnOddInput(Item::M_Parabolico, QuadranteParabolico);
+// At noon the ordinate has no value and keeps that of the dot before: a level row, which only a
+// large sheet shows.
+TEST(ParabolicCylinder, NoonsOwnDotsAreALevelRow) {
+  Dial dial;
+  dial.sheet.QuadranteH(15);
+  dial.sheet.QuadranteL(15);
+  dial.sheet.ShiftX(7.5);
+  dial.sheet.ShiftY(12);
+  dial.set(Field::txtLineofdeclination, "0");  // of the equator, which has no dots of its own
+  const auto row = dial.dots({}, 12);
+  EXPECT_EQ(row.size(), 250u);
+  for (const sky::Spot spot : row) EXPECT_EQ(spot.y, row[0].y);
+}
+
+TEST(ParabolicCylinder, TakesAnyInput) {
+  expectBounded(Item::M_Parabolico, QuadranteParabolico, {Field::Ck_Section},
+                {Field::txtLAT, Field::txtDecl, Field::TxtRadius, Field::TxtStilo, Field::TxtHour,
+                 Field::txt_Definition, Field::TxtFuso, Field::txtLineofdeclination});
 }
 
 }  // namespace

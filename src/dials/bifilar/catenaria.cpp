@@ -1,0 +1,344 @@
+// Program 18: the vertical bifilar dial of an upright wire and a hanging chain. The time is read
+// where their shadows cross: the wire's shadow is an upright line, the chain's a catenary moved
+// along the sunlight. (Bifilar dials: H. Michnik, 1922; F. Sawyer, Bifilar gnomonics.)
+#include "dials/bifilar/catenaria.hpp"
+
+#include <array>
+#include <cmath>
+#include <optional>
+#include <span>
+
+#include "dials/bifilar/bifilar_frame.hpp"
+#include "dials/site.hpp"
+#include "numerics/numbers.hpp"
+
+namespace dialwright {
+
+namespace bifilar {
+
+namespace {
+
+constexpr int kSolverSteps = 12;
+constexpr double kSolverStart = 7;
+
+double Cosh(double v) { return CosIperbolico(v); }
+
+}  // namespace
+
+double Catena::height(double x) const { return f * Cosh(over(x, f)) - sag - f; }
+
+Catena RisolviCatena(double halfSpan, double sag) {
+  Catena chain{.halfSpan = halfSpan, .sag = sag};
+  assign(chain.K, over(sag, halfSpan));
+  chain.a = kSolverStart;
+  double u = 0;
+  for (int step = 0; step < kSolverSteps; ++step) {
+    assign(u, chain.K * chain.a + 1);
+    assign(chain.a, logarithm(u + root(u * u - 1)));
+  }
+  assign(chain.f, over(halfSpan, chain.a));
+  return chain;
+}
+
+void PuntoCatenaria(const Fili& wires, const WallSky& sky, const Circular& H, const Circular& delta,
+                    Punto& point) {
+  const WallSun light = sky(H, delta);
+  const double aside = over(light.x, light.z);
+  const double fall = -wires.d1 * over(light.y, light.z);
+  assign(point, {-wires.d2 * aside, fall + wires.chain.height((wires.d1 - wires.d2) * aside)});
+}
+
+}  // namespace bifilar
+
+namespace {
+
+using namespace bifilar;
+
+constexpr double kChainStep = 0.002;  // metres
+constexpr double kChainLeft = -1;     // where the picture of a wider chain begins, metres
+constexpr Range kFullTurn = {-179, 179, 0.05};
+constexpr Range kToEquinox = {-kSolstice, 0, kDeclinationStep};
+constexpr Range kToFreeLine = {-kSolstice, Field::txtLineofdeclination, kDeclinationStep};
+
+// --- Families, by routine
+
+// A family, and the declinations that it takes instead of its own when ckFunction is on.
+struct Row {
+  Family family;
+  std::optional<Range> free{};
+};
+
+constexpr std::array kCatenariaMezzodi = {
+    Row{{.hours = only(0), .colour = palette(12), .layer = "midi"}}};
+
+// All samples of the first line only place the pen.
+constexpr Family kHours = {.box = Field::chkOreAstronomiche,
+                           .hours = {-180, 180, 15},
+                           .rule = HourRule::Zone,
+                           .colour = palette(12),
+                           .lead = Lead::FirstLine};
+// Half hours alone, however finely the hour is divided.
+constexpr Family kHalves = {.box = Field::chkOreAstronomiche,
+                            .hours = {-172.5, 187.5, 15},
+                            .rule = HourRule::Zone,
+                            .colour = palette(11),
+                            .layer = "mezze",
+                            .lead = Lead::FirstLine};
+
+constexpr Row turned(double declination, int colour, std::string_view layer) {
+  return {dayCurve(Field::Ck_DayLightCurves, kFullTurn, declination, colour, layer)};
+}
+// The declinations are those of a wall that faces South; on one that faces North they swap.
+constexpr std::array kCatenariaDeclinazioni = {
+    turned(-kSolstice, 12, "solstice°"),
+    turned(kSolstice, 12, "solstice"),
+    turned(-kTwentieth, 13, "+-20°"),
+    turned(kTwentieth, 13, "-+20°"),
+    turned(-kEleventh, 11, "-+11°"),
+    turned(kEleventh, 11, "+-11°"),
+    turned(0, 9, "eq"),
+    Row{dayCurve(Field::Ck_DayLightCurves, kFullTurn, 0, 10, "diurna"),
+        only(Field::txtLineofdeclination)},
+};
+
+constexpr std::array kCatenariaItaliche = {
+    Row{{.box = Field::ck_Italiche,
+         .hours = {22, Field::TxtFine},
+         .rule = HourRule::Italian,
+         .colour = kItalicPink,
+         .layer = "Ita"},
+        kToFreeLine},
+    Row{{.box = Field::ck_Italiche,
+         .hours = {Field::TxtInizio, 21},
+         .rule = HourRule::Italian,
+         .colour = kItalicPink,
+         .layer = "Ita1"}},
+};
+
+constexpr std::array kCatenariaBabiloniche = {
+    Row{{.box = Field::ck_babiloniche,
+         .hours = {Field::TxtInizio, 3},
+         .rule = HourRule::Babylonian,
+         .colour = palette(13),
+         .layer = "bab"},
+        kToFreeLine},
+    Row{{.box = Field::ck_babiloniche,
+         .hours = {4, Field::TxtFine},
+         .rule = HourRule::Babylonian,
+         .colour = palette(13),
+         .layer = "bab2"}},
+};
+
+constexpr Row horizon(HourRule rule) {
+  return {{.box = Field::ck_Orizzonte,
+           .hours = only(0),
+           .rule = rule,
+           .declinations = kToEquinox,
+           .colour = palette(7),
+           .layer = "horizon"}};
+}
+constexpr std::array kCatenariaOrizzonteOvest = {horizon(HourRule::Sunrise)};
+constexpr std::array kCatenariaOrizzonteEst = {horizon(HourRule::Sunset)};
+
+constexpr std::array kCatenariaTemporarie = {Row{{.box = Field::ckTemp,
+                                                  .hours = {Field::TxtInizio, Field::TxtFine},
+                                                  .rule = HourRule::Temporary,
+                                                  .colour = palette(13),
+                                                  .layer = "temp"}}};
+
+// --- The dial
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run)
+      : run_(run),
+        p_(run.params),
+        sheet_(run.sheet),
+        sky_(p_.LatRad, p_.DeclRad),
+        wires_{read(Field::txtD1), read(Field::TxtStilo), chainOf(Field::txtV1)} {}
+
+  void all();
+
+ private:
+  double read(Field field) const { return Amount(field).in(run_); }
+  Catena chainOf(Field sag) const {
+    return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)));
+  }
+  auto place() {
+    return [this](const Circular& H, const Circular& delta, Punto& point) {
+      PuntoCatenaria(wires_, sky_, H, delta, point);
+      return true;
+    };
+  }
+
+  void draw(std::span<const Row> routine, double side = 1);
+  void hoursAndWires();
+  void substyle(Tracer& tracer);
+  void chain(Punto previous);
+  void legend();
+  void CatenariaAnalemma();
+  void CatenariaSezione();
+  void CatenariaQibla();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  WallSky sky_;
+  Fili wires_;
+};
+
+void Drawing::all() {
+  draw(kCatenariaMezzodi);
+  DisegnaCornice(run_);
+  hoursAndWires();
+  legend();
+  draw(kCatenariaDeclinazioni, Sgn(std::cos(p_.DeclRad)));
+  draw(kCatenariaItaliche);
+  draw(kCatenariaBabiloniche);
+  draw(kCatenariaOrizzonteOvest);
+  draw(kCatenariaOrizzonteEst);
+  draw(kCatenariaTemporarie);
+  if (run_.on(Field::ck_Lemniscate)) CatenariaAnalemma();
+  if (run_.on(Field::ck_Triangolo)) CatenariaSezione();
+  if (run_.on(Field::CkQibla)) CatenariaQibla();
+  readUsaLongitudine(run_);
+  const Window window(run_);
+  numerals(run_, [&](const Circular& H, const Circular& delta, Punto& point) {
+    PuntoCatenaria(wires_, sky_, H, delta, point);
+    return window.holds(point);
+  });
+}
+
+// The families of one routine; `side` multiplies the declinations of day curves.
+void Drawing::draw(std::span<const Row> routine, double side) {
+  Tracer tracer(run_);
+  for (const Row& row : routine) {
+    Family family = row.family;
+    if (family.path == Path::DayCurve)
+      family.declinations = only(side * family.declinations.first.value);
+    if (row.free && run_.on(Field::ckFunction)) family.declinations = *row.free;
+    tracer.draw(family, place());
+  }
+}
+
+void Drawing::hoursAndWires() {
+  Tracer tracer(run_);
+  tracer.draw(kHours, place());
+  if (run_.number(Field::TxtHour) > 1) tracer.draw(kHalves, place());
+  if (run_.on(Field::ck_Sustilare)) substyle(tracer);
+  chain(tracer.previous());
+}
+
+void Drawing::substyle(Tracer& tracer) {
+  const double sine = std::sin(p_.DeclRad);
+  double H = 0;
+  assign(H, arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
+  if (Sgn(std::sin(H)) != Sgn(sine)) H += p_.PiGreco;
+  tracer.draw({.hours = only(p_.degrees(H)), .colour = palette(15), .layer = "sus"}, place());
+}
+
+// The chain itself. A point that is not below the hanging points only places the pen.
+void Drawing::chain(Punto previous) {
+  const double L = wires_.chain.halfSpan;
+  Pen pen(sheet_);
+  pen.dip({palette(8), sheet_.layer("CatWE")});
+  pen.visit(previous, Verdict::Move);
+  double y = 0;
+  for (const double X : run_.sweep(-L, L + kChainStep, kChainStep, {.bound = Field::TxtRadius})) {
+    assign(y, wires_.chain.height(X));
+    pen.visit({X, y}, drawIf(y < 0 && X > kChainLeft));
+  }
+  circle(sheet_, {0, -wires_.chain.sag}, wires_.d2 / 100, palette(12));
+}
+
+void Drawing::legend() {
+  const Catena& c = wires_.chain;
+  const auto tell = [&](const char* label, const std::string& rest) {
+    sheet_.Dati(run_.T(label) + rest);
+  };
+  sheet_.Dati(" ");
+  const double end = c.f * Cosh(over(c.halfSpan, c.f));
+  const double length = root(end * end - c.f * c.f);
+  if (sound(length)) tell("L half lenght of the chain ", figures({length}));
+  tell("f factor of scale ", figures({c.f}));
+  tell("K ", kGap + figures({c.K}));
+  tell("a ", kGap + figures({c.a}));
+  tell("d2 vertical distance from the plane", kGap + figures({wires_.d2}));
+  tell("d1 distance of the hanging points from the plane ", kGap + figures({wires_.d1}));
+  tell("hanging points x, y ", figures({0 - c.halfSpan, 0}) + " : " + figures({c.halfSpan, 0}));
+  tell("vertex  ", figures({0, 0 - c.sag}, 4));
+}
+
+// The declination is mirrored where a wall is turned by exactly a quarter: there its cosine is
+// negative, by the circle constant, but the angle is not beyond the quarter.
+void Drawing::CatenariaAnalemma() {
+  const double D = p_.DeclRad;
+  const double side = Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
+  Tracer tracer(run_, Pen::kNoLimit);
+  tracer.analemma({palette(13), sheet_.layer("analemma")},
+                  [&](const Circular& H, const Circular& delta, Punto& point) {
+                    PuntoCatenaria(wires_, sky_, H, Circular(side * delta.angle), point);
+                    return true;
+                  });
+}
+
+// The wires from above: the wall upright, the distances across it.
+void Drawing::CatenariaSezione() {
+  const double s = wires_.d2, d1 = wires_.d1, sag = wires_.chain.sag;
+  sheet_.xLine(0, 0, 0, 1, palette(15));
+  sheet_.xLine(0, 0, s, 0, palette(13));
+  sheet_.xLine(0, 0, s, 0, palette(13));
+  sheet_.xLine(s, 0, s, 1, palette(11));
+  sheet_.xLine(0, 0, d1, 0, palette(15));
+  sheet_.xLine(d1, 0, d1, sag, palette(9));
+  sheet_.xLine(0, 0, 0, sag, palette(12), {.layer = sheet_.layer("arrow")});
+  sheet_.xLine(-sag / 10, 0.9 * sag, 0, sag, palette(12));
+  sheet_.xLine(sag / 10, 0.9 * sag, 0, sag, palette(12));
+}
+
+// The suns that stand in the azimuth of a holy place, for a chain of its own whose sag is txtAO.
+// The sun in azimuth A: sin H - sin(lat)*tan A*cos H = -cos(lat)*tan A*tan(delta).
+void Drawing::CatenariaQibla() {
+  const double psi = p_.radians(read(Field::txtQlat));
+  const double east = p_.radians(read(Field::txtQlon) - read(Field::txtLON));
+  const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
+  const double tangent = over(std::sin(east), sinLat * std::cos(east) - cosLat * std::tan(psi));
+  double azimuth = 0, B = 0;
+  assign(azimuth, arctan(tangent));
+  if (Sgn(std::sin(east)) != Sgn(std::sin(azimuth)))
+    azimuth += azimuth < 0 ? p_.PiGreco : -p_.PiGreco;
+  assign(B, arctan(sinLat * tangent));
+
+  const Fili wires{wires_.d1, wires_.d2, chainOf(Field::txtAO)};
+  const Window window(run_);
+  Punto point;
+  double w = 0, H = 0;
+  for (const double degrees : kYear.in(run_)) {
+    const Circular delta(p_.radians(degrees));
+    const double tanDelta = delta.tangent();
+    assign(w, p_.LatRad == 0 ? tanDelta : over(tanDelta * std::sin(B), std::tan(p_.LatRad)));
+    if (!(std::abs(w) <= 1)) continue;
+    assign(H, B - p_.ArcSin(w));
+    PuntoCatenaria(wires, sky_, Circular(H), delta, point);
+    if (window.holds(point)) dot(sheet_, point, palette(2));
+  }
+  sheet_.Dati("", 0.9, -0.3);
+  sheet_.Dati(run_.T("Qibla: azimuth ") + textOf(truncated(p_.degrees(azimuth), 5)) + "°");
+}
+
+}  // namespace
+
+void QuadranteCatenaria(Run& run) {
+  if (refusesSouth(run)) return;
+  run.hourglass(true);
+  readUsaLongitudine(run);
+  assign(run.params.PassoOre, over(15, run.number(Field::TxtHour)));
+  readWall(run);
+  run.sheet.Messaggio(run.T(run.params.DeclRad != 0
+                                ? "Bifilar, declining, vertical catenary dial by vectors"
+                                : "Bifilar, south facing, vertical catenary dial by vectors"));
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright

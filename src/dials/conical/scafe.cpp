@@ -1,0 +1,246 @@
+// Program 40: the scaphe, a hollow cone about the earth's axis with a level style. A line of an
+// hour angle H stands on the development at the angle H * sin(semi-angle), and the sun's
+// declination gives the distance from the vertex, which is the origin.
+#include "dials/conical/scafe.hpp"
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "dials/conical/cone.hpp"
+#include "dials/conical/scafe_construction.hpp"
+#include "dials/pen.hpp"
+#include "dials/sun.hpp"
+#include "lettering/arabic.hpp"
+#include "shell/dispatch.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kGap = 0.02;      // longest segment of a line, metres
+constexpr double kDayStep = 0.05;  // degrees of declination
+
+// Hours counted from the horizon. Mirroring turns these two over both axes: with it, each stands
+// where the other's mirror image would be.
+struct HorizonHours {
+  Field box;
+  int colour;
+  const char* layer;
+  double below;  // +1 for the afternoon, whose ordinate is positive
+};
+constexpr std::array<HorizonHours, 2> kHorizonHours = {
+    {{Field::ck_Italiche, 2, "ita", 1}, {Field::ck_babiloniche, 3, "bab", -1}}};
+constexpr double kLastHorizonHour = 15;
+
+// A day of the year: what all hours of a family share. A fault stays one here.
+struct Day {
+  double degrees;
+  double rho;      // from the vertex
+  double semiArc;  // radians
+  double sine;     // of the altitude: the part that the hour does not change,
+  double cosine;   // and the factor of the hour angle's cosine
+};
+
+// What the last sound sample left.
+struct Sample {
+  double rho = 0, semiArc = 0;
+  Punto point;
+
+  void day(const Day& d) {
+    assign(rho, d.rho);
+    assign(semiArc, d.semiArc);
+  }
+  void at(double cosPsi, double sinPsi) { assign(point, {rho * cosPsi, rho * sinPsi}); }
+  void at(double psi) { at(std::cos(psi), std::sin(psi)); }
+};
+
+class Drawing {
+ public:
+  explicit Drawing(Run& run)
+      : run_(run), p_(run.params), sheet_(run.sheet), cone_(run), sinSigma_(std::sin(cone_.sigma)) {
+    assign(hourStep_, over(1, run.number(Field::TxtHour)));
+  }
+
+  void all();
+
+ private:
+  bool on(Field field) const { return run_.on(field); }
+  double semiArc(double delta) const;
+  std::vector<Day> daysOf(const Sweep& declinations) const;
+  Punto sided(Punto p) const { return {cone_.side * p.x, p.y}; }
+
+  void OreScafe();
+  void TemporarieScafe();
+  void horizonHours(const HorizonHours& hours);
+  void OrizzonteScafe();
+  void TropiciScafe();
+  void EquatoreScafe();
+  void dayArc(double declination);
+  void NumeriScafe();
+
+  Run& run_;
+  DialParams& p_;
+  SheetPlot& sheet_;
+  Cone cone_;
+  double sinSigma_;
+  double hourStep_ = 0;
+};
+
+void Drawing::all() {
+  if (on(Field::chkOreAstronomiche)) OreScafe();
+  for (const HorizonHours& hours : kHorizonHours) {
+    if (on(hours.box)) horizonHours(hours);
+  }
+  if (on(Field::ckTemp)) TemporarieScafe();
+  if (on(Field::ck_Orizzonte)) OrizzonteScafe();
+  if (on(Field::Ck_DayLightCurves)) TropiciScafe();
+  if (on(Field::ck_Equinoziale)) EquatoreScafe();
+  if (on(Field::ckArabi)) NumeriScafe();
+  CostruzioneScafe(run_, cone_);
+}
+
+// A sun that does not rise counts as one of six hours.
+double Drawing::semiArc(double delta) const {
+  const double c = cosineOfSemiArc(cone_.phi, delta);
+  return c >= 1 ? p_.PiGreco / 2 : p_.ArcCos(c);
+}
+
+std::vector<Day> Drawing::daysOf(const Sweep& declinations) const {
+  std::vector<Day> days;
+  for (const double degrees : declinations) {
+    const double delta = p_.radians(degrees);
+    days.push_back({degrees, cone_.RaggioSviluppo(delta), semiArc(delta),
+                    std::sin(cone_.phi) * std::sin(delta), std::cos(cone_.phi) * std::cos(delta)});
+  }
+  return days;
+}
+
+// --- Hours
+
+void Drawing::OreScafe() {
+  Pen pen(sheet_, kGap);
+  pen.dip({palette(12), sheet_.layer("ora"), 2});
+  std::vector<Day> days;
+  Sample s;
+  for (const double T : run_.sweep(-12, 12, hourStep_, {.step = Field::TxtHour})) {
+    const Sweep declinations = run_.sweep(-kSolstice, kSolstice, kDayStep);
+    if (declinations.samples() == 0) break;
+    if (days.empty()) days = daysOf(declinations);
+    const double cosH = std::cos(p_.radians(15 * T));
+    const double psi = sinSigma_ * p_.PiGreco * T / 12;
+    const double cosPsi = std::cos(psi), sinPsi = std::sin(psi);
+    for (const Day& day : days) {
+      s.day(day);
+      s.at(cosPsi, sinPsi);
+      const bool up = day.sine + day.cosine * cosH >= 0;
+      pen.visit(sided(s.point), drawIf(up && day.degrees > -kSolstice));
+    }
+  }
+}
+
+void Drawing::TemporarieScafe() {
+  Pen pen(sheet_, kGap);
+  pen.dip({palette(6), sheet_.layer("Temp")});
+  std::vector<Day> days;
+  Sample s;
+  for (const double T : run_.sweep(-6, 6, hourStep_, {.step = Field::TxtHour})) {
+    const Sweep declinations = run_.sweep(-kSolstice, kSolstice, 0.1);
+    if (declinations.samples() == 0) break;
+    if (days.empty()) days = daysOf(declinations);
+    for (const Day& day : days) {
+      s.day(day);
+      s.at(s.semiArc * T / 6 * sinSigma_);
+      pen.visit(sided(s.point), drawIf(day.degrees > -kSolstice));
+    }
+  }
+}
+
+void Drawing::horizonHours(const HorizonHours& hours) {
+  Pen pen(sheet_, kGap);
+  pen.dip({palette(hours.colour), sheet_.layer(hours.layer), 2});
+  const std::vector<Day> days = daysOf(run_.sweep(-kSolstice, kSolstice, kDayStep));
+  Sample s;
+  for (const double n : run_.sweep(0, kLastHorizonHour, 1)) {
+    for (const Day& day : days) {
+      s.day(day);
+      const bool rises = cosineOfSemiArc(cone_.phi, p_.radians(day.degrees)) < 1;
+      const double H = rises ? s.semiArc - p_.PiGreco / 12 * n : p_.PiGreco / 2;
+      s.at(H * sinSigma_);
+      const bool up = day.sine + day.cosine * std::cos(H) >= 0;
+      const double y = hours.below * cone_.side * s.point.y;
+      pen.visit({cone_.side * s.point.x, y}, drawIf(up && day.degrees > -kSolstice));
+    }
+  }
+}
+
+// Temporary hours: 12 stands at sunset, 1 an hour after sunrise. The 12 has its first digit only.
+void Drawing::NumeriScafe() {
+  if (!on(Field::ckTemp)) return;
+  const double delta = p_.radians(cone_.eccentricity() >= 1 ? 25 : 30);
+  double rho = 0, arc = 0;
+  assign(rho, cone_.RaggioSviluppo(delta));
+  assign(arc, semiArc(delta) * sinSigma_);
+  for (int k = 6; k >= -5; --k) {
+    const double psi = arc * k / 6;
+    const Punto at = sided({rho * std::cos(psi), rho * std::sin(psi)});
+    const int number = k + 6;
+    DisegnaNumeroArabo(run_, at.x, at.y, (cone_.side + 1) / 2 * 180 + p_.degrees(psi), number,
+                       number == 10 || number == 11 ? 2 : 1);
+  }
+}
+
+// --- The horizon and the days
+
+// Both branches run on beyond the winter solstice, as far as the sun rises at all.
+void Drawing::OrizzonteScafe() {
+  Pen pen(sheet_, kGap);
+  Sample s;
+  for (const double below : {1.0, -1.0}) {
+    pen.dip({palette(11), sheet_.layer(below > 0 ? "Horizon2" : "Horizon"), 2});
+    const Sweep declinations =
+        run_.sweep(-89.99 + p_.LatGradi, kSolstice, 0.01, {.bound = Field::txtLAT});
+    for (const Day& day : daysOf(declinations)) {
+      s.day(day);
+      s.at(s.semiArc * sinSigma_);
+      pen.visit(sided({s.point.x, below * s.point.y}), drawIf(day.degrees > declinations.first()));
+    }
+  }
+  double foot = 0;
+  assign(foot, cone_.styleFoot());
+  circle(sheet_, sided({foot, 0}), cone_.style / 100, palette(12));
+}
+
+void Drawing::TropiciScafe() {
+  dayArc(kSolstice);
+  dayArc(-kSolstice);
+}
+
+void Drawing::EquatoreScafe() { dayArc(0); }
+
+// From sunrise to sunset, on the side of the vertex on which the hours stand.
+void Drawing::dayArc(double declination) {
+  const double delta = p_.radians(declination);
+  double rho = 0, psi = 0;
+  assign(rho, cone_.RaggioSviluppo(delta));
+  assign(psi, semiArc(delta) * sinSigma_);
+  const bool mirrored = cone_.side < 0;
+  const double turn = 2 * p_.PiGreco;
+  circle(sheet_, {0, 0}, rho, palette(15),
+         {.startAngle = (mirrored ? p_.PiGreco : turn) - psi,
+          .endAngle = mirrored  ? p_.PiGreco + psi
+                      : psi > 0 ? psi
+                                : turn});
+}
+
+}  // namespace
+
+void DisegnaScafe(Run& run) {
+  run.sheet.Messaggio(run.T("SCAPHEN: greek and roman sundial. Please follow the instructions"));
+  DisegnaCornice(run);
+  run.hourglass(true);
+  Drawing(run).all();
+  run.hourglass(false);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,337 @@
+// Tests of the stereographic chart: every point is taken back to the sphere.
+#include "diagrams/stereographic.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
+#include "support/odd_input.hpp"
+#include "support/sky.hpp"
+
+namespace dialwright {
+namespace {
+
+using sky::deg;
+using sky::rad;
+using std::numbers::pi;
+
+constexpr double kR = 0.4;
+// Radians and metres: the circle constant's error, grown with the radius of a plane's circle.
+constexpr double kNear = 5e-8;
+
+// The sphere of a site. A chart's point is seen from the South pole of the unit sphere: the ray
+// through it meets the sphere once more.
+struct Sphere {
+  double latitude;
+
+  // Towards the point of the chart, in the frame East, North, Up.
+  sky::Vec direction(sky::Spot spot) const {
+    const double a = spot.x / kR, b = spot.y / kR;  // West and South, on the equator
+    const double t = 2 / (1 + a * a + b * b);
+    const double west = t * a, south = t * b, north = t - 1;
+    return {-west, north * std::cos(rad(latitude)) - south * std::sin(rad(latitude)),
+            north * std::sin(rad(latitude)) + south * std::cos(rad(latitude))};
+  }
+  double altitude(sky::Spot s) const {
+    const sky::Vec d = direction(s);
+    return std::atan2(d.z, std::hypot(d.x, d.y));
+  }
+  double hourAngle(sky::Spot s) const { return sky::hourAngleOf(rad(latitude), direction(s)); }
+  double declination(sky::Spot s) const { return sky::declinationOf(rad(latitude), direction(s)); }
+};
+
+sky::Spot onCircle(const CircleRecord& c, double angle) {
+  return {c.x + c.radius * std::cos(angle), -c.y + c.radius * std::sin(angle)};
+}
+// A point of an arc, from 0 at its start to 1 at its end, counter-clockwise.
+sky::Spot onArc(const CircleRecord& c, double part) {
+  double sweep = c.endAngle - c.startAngle;
+  if (sweep < 0) sweep += 2 * pi;
+  return onCircle(c, c.startAngle + part * sweep);
+}
+
+class Chart : public DialCase {
+ public:
+  explicit Chart(double latitude = 45.7438, double declination = -14.57, double reclination = 0)
+      : DialCase(Item::mnuDia, DiagrammaStereografico), sphere{latitude} {
+    set(Field::txtLAT, textOf(latitude)).set(Field::txtDecl, textOf(declination));
+    set(Field::txtReclinZ, textOf(90 - reclination));
+    set(Field::txtNumbersize, "1e-9")
+        .set(Field::txtArabi, "1e-9")
+        .set(Field::txtZodiacsize, "1e-9");
+  }
+
+  std::vector<CircleRecord> circlesIn(int ink) const {
+    std::vector<CircleRecord> chosen;
+    for (const CircleRecord& c : sheet.list().circles)
+      if (c.colour == palette(ink)) chosen.push_back(c);
+    return chosen;
+  }
+  // The places of the tiny characters, in their order.
+  std::vector<sky::Spot> characters() const {
+    std::vector<sky::Spot> places;
+    for (const LineRecord& l : sheet.list().lines) {
+      if (std::hypot(l.x1 - l.x2, l.y1 - l.y2) > 1e-7) continue;
+      if (places.empty() || sky::distance(places.back(), {l.x1, -l.y1}) > 1e-7)
+        places.push_back({l.x1, -l.y1});
+    }
+    return places;
+  }
+
+  const Sphere sphere;
+};
+
+// --- The dial's plane
+
+TEST(StereographicChart, ThePlanesPointsLieInThePlane) {
+  for (const double latitude : {45.7438, 62.0, 12.0}) {
+    for (const double declination : {-14.57, 0.0, 35.0, 120.0, -170.0, 180.0}) {
+      for (const double reclination : {0.0, 25.0, -20.0, 70.0, -70.0}) {
+        SCOPED_TRACE(testing::Message() << latitude << ' ' << declination << ' ' << reclination);
+        Chart chart(latitude, declination, reclination);
+        chart.run();
+        const sky::Plane plane = sky::Plane::facing(declination, reclination);
+        const auto off = [&](sky::Spot s) {
+          return sky::dot(plane.normal, chart.sphere.direction(s));
+        };
+        const auto arcs = chart.circlesIn(14);
+        ASSERT_EQ(arcs.size(), 1u);
+        for (double part = 0; part <= 1; part += 0.0625) {
+          EXPECT_NEAR(off(onArc(arcs[0], part)), 0, kNear);
+          EXPECT_GT(chart.sphere.altitude(onArc(arcs[0], part)), -kNear);
+        }
+        EXPECT_NEAR(chart.sphere.altitude(onArc(arcs[0], 0)), 0, kNear);
+        EXPECT_NEAR(chart.sphere.altitude(onArc(arcs[0], 1)), 0, kNear);
+        // The first point is the circle's centre.
+        const auto points = chart.pointsIn(palette(14));
+        for (std::size_t i = 1; i < points.size(); i += 17)
+          ASSERT_NEAR(off({points[i].x, -points[i].y}), 0, kNear) << i;
+        // The normal's hour angle is the substyle's, its declination the style's.
+        const double latitudeOfPlane = sky::declinationOf(rad(latitude), plane.normal);
+        EXPECT_NEAR(arcs[0].radius, kR / std::abs(std::sin(latitudeOfPlane)), 1e-6);
+        const std::string angle = "angle " + textOf(rounded(deg(latitudeOfPlane), 4)) + " °|";
+        EXPECT_NE(chart.told().find(angle), std::string::npos) << angle << chart.told();
+        const LineRecord substyle = chart.linesIn(palette(14)).at(0);
+        const double Ha = sky::hourAngleOf(rad(latitude), plane.normal);
+        EXPECT_NEAR(substyle.x2 * std::cos(Ha) + substyle.y2 * std::sin(Ha), 0, kNear);
+      }
+    }
+  }
+}
+
+// A plane that holds the polar axis is a straight line through the pole.
+TEST(StereographicChart, APolarPlaneIsAStraightLine) {
+  Chart chart(45.7438, -90);
+  chart.run();
+  EXPECT_TRUE(chart.circlesIn(14).empty());
+  const LineRecord line = chart.linesIn(palette(14)).at(1);
+  for (const sky::Spot s : {sky::Spot{line.x1, -line.y1}, sky::Spot{line.x2, -line.y2}}) {
+    EXPECT_NEAR(chart.sphere.altitude(s), 0, kNear);
+    EXPECT_NEAR(s.x, 0, kNear);
+  }
+}
+
+TEST(StereographicChart, ALevelPlaneIsTheHorizon) {
+  Chart chart(45.7438, 30, 90);
+  chart.run();
+  for (double part = 0; part <= 1; part += 0.125)
+    EXPECT_NEAR(chart.sphere.altitude(onArc(chart.circlesIn(14).at(0), part)), 0, kNear);
+}
+
+TEST(StereographicChart, TheHorizonIsACircleOrARowOfPoints) {
+  for (const double latitude : {6.0, 45.7438, 66.5}) {
+    Chart chart(latitude);
+    chart.run();
+    for (double a = 0; a < 6; a += 0.5)
+      EXPECT_NEAR(chart.sphere.altitude(onCircle(chart.circlesIn(10).at(0), a)), 0, kNear);
+  }
+  for (const double latitude : {0.0, 0.001, 5.9}) {
+    SCOPED_TRACE(latitude);
+    Chart chart(latitude);
+    chart.run();
+    EXPECT_TRUE(chart.circlesIn(10).empty());
+    const auto points = chart.pointsIn(palette(10));
+    // From -2 to 2 radii of the winter solstice, but for what is off the sheet.
+    EXPECT_EQ(points.size(), 398u);
+    for (const PointRecord& p : points) ASSERT_NEAR(chart.sphere.altitude({p.x, -p.y}), 0, 1e-7);
+  }
+}
+
+// The compass runs from the South to the hour of the plane's normal, with its arrow half way.
+TEST(StereographicChart, TheCompassShowsTheSideOfThePlane) {
+  for (const double declination : {-60.0, 40.0}) {
+    Chart chart(45.7438, declination, 10);
+    chart.run();
+    const double Ha = sky::hourAngleOf(rad(45.7438), sky::Plane::facing(declination, 10).normal);
+    const auto points = chart.pointsIn(palette(11));
+    ASSERT_GT(points.size(), 100u);
+    for (const PointRecord& p : points) {
+      const sky::Spot s{p.x, -p.y};
+      EXPECT_NEAR(deg(chart.sphere.declination(s)), -30, kNear * 100);
+      const double part = chart.sphere.hourAngle(s) / Ha;
+      EXPECT_TRUE(part > -1e-6 && part < 1 + 1e-6) << part;
+    }
+    EXPECT_NEAR(chart.sphere.hourAngle(chart.characters().back()), Ha / 2, 1e-6);
+  }
+}
+
+// --- The background
+
+TEST(StereographicChart, DayCirclesAreThoseOfTheirDeclination) {
+  Chart chart;
+  chart.run();
+  const auto winter = chart.circlesIn(9), summer = chart.circlesIn(12), days = chart.circlesIn(8);
+  ASSERT_EQ(winter.size(), 2u);
+  ASSERT_EQ(summer.size(), 2u);
+  ASSERT_EQ(days.size(), 1 + 22u);  // the first is the plane's whole circle
+  const auto expectDay = [&](const CircleRecord& c, double declination, bool toHorizon) {
+    for (const double part : {0.0, 0.3, 0.5, 1.0})
+      EXPECT_NEAR(deg(chart.sphere.declination(onArc(c, part))), declination, 1e-6);
+    EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0.5)), 0, kNear);
+    EXPECT_GE(c.startAngle, 0);
+    // In summer, all but the solstice's first circle have the arc of a winter's day.
+    const double semiArc = sky::semiArc(rad(45.7438), rad(toHorizon ? declination : -declination));
+    EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0)), semiArc, kNear) << declination;
+  };
+  expectDay(winter[0], -23.445, true);
+  expectDay(summer[0], 23.445, true);
+  expectDay(winter[1], -23.445, true);
+  expectDay(summer[1], 23.445, false);
+  for (int i = 0; i < 11; ++i) {
+    expectDay(days[1 + static_cast<std::size_t>(i)], -2 * (i + 1), true);
+    expectDay(days[12 + static_cast<std::size_t>(i)], 22 - 2 * i, false);
+  }
+}
+
+TEST(StereographicChart, HoursStandOnTheirRing) {
+  Chart chart;
+  chart.run();
+  const double summer = kR * std::tan(rad(33.2775));
+  const auto rims = chart.circlesIn(5);
+  ASSERT_EQ(rims.size(), 2u);
+  EXPECT_NEAR(rims[0].radius, 0.855 * summer, kNear);
+  EXPECT_NEAR(rims[1].radius, 0.72 * summer, kNear);
+  const auto ticks = chart.linesIn(palette(5));
+  ASSERT_EQ(ticks.size(), 1 + 25 + 96u);
+  const auto angleOf = [](const LineRecord& l) { return deg(std::atan2(-l.y1, l.x1)); };
+  for (int i = 0; i < 25; ++i)
+    EXPECT_NEAR(std::remainder(angleOf(ticks[1 + static_cast<std::size_t>(i)]) - 15 * i, 360), 0,
+                1e-5);
+  // The quarters are 1.57 degrees off the hours.
+  for (std::size_t i = 26; i < ticks.size(); ++i) {
+    EXPECT_NEAR(std::remainder(angleOf(ticks[i]) - pi / 2, 3.75), 0, 1e-5);
+    EXPECT_NEAR(std::hypot(ticks[i].x1, ticks[i].y1), 0.81 * summer, kNear);
+    EXPECT_NEAR(std::hypot(ticks[i].x2, ticks[i].y2), 0.855 * summer, kNear);
+  }
+}
+
+// Six in the evening is in the West; the first stretch runs back to one, midnight has no numeral.
+TEST(StereographicChart, NumeralsAreTheHours) {
+  for (const bool roman : {true, false}) {
+    Chart chart;
+    chart.panel.setState(Field::ckRomani, roman);
+    chart.run();
+    const auto places = chart.characters();
+    ASSERT_GE(places.size(), 23u + 7);
+    for (std::size_t i = 0; i < 23; ++i) {
+      const double a = 15 * static_cast<double>(i < 18 ? i : i + 1);
+      EXPECT_NEAR(std::remainder(deg(std::atan2(places[i].y, places[i].x)) - a, 360), 0, 1e-5);
+      EXPECT_NEAR(std::hypot(places[i].x, places[i].y), 0.648 * kR * std::tan(rad(33.2775)), kNear);
+    }
+  }
+}
+
+// Signs stand where their day meets a circle 0.1 m outside the horizon. In the North the summer
+// solstice has no such point: its signs keep the abscissa of the winter's.
+TEST(StereographicChart, SignsStandBesideTheHorizon) {
+  for (const double latitude : {45.7438, 20.0, 0.0}) {
+    SCOPED_TRACE(latitude);
+    Chart chart(latitude);
+    chart.run();
+    const auto places = chart.characters();
+    const std::size_t first = 23;
+    ASSERT_EQ(places.size(), first + 7);
+    const double f = rad(latitude);
+    for (std::size_t i = 0; i < 3; ++i) {
+      const sky::Spot left = places[first + 2 * i], right = places[first + 2 * i + 1];
+      EXPECT_NEAR(left.x, -right.x, kNear);
+      EXPECT_NEAR(left.y, right.y, kNear);
+      if (latitude > 40 && i == 1) {
+        EXPECT_NEAR(right.x, places[first + 1].x, kNear);
+        continue;
+      }
+      const double r = kR * std::tan(rad((90 + std::array{23.445, -23.445, 0.0}[i]) / 2));
+      EXPECT_NEAR(std::hypot(right.x, right.y), r, kNear);
+      if (f == 0) {
+        EXPECT_NEAR(right.y, 0, kNear);
+      } else {
+        EXPECT_NEAR(std::hypot(right.x, right.y - kR / std::tan(f)), kR / std::sin(f) + 0.1, 1e-7);
+      }
+    }
+  }
+}
+
+// --- Texts and bad input
+
+TEST(StereographicChart, TellsItsFigures) {
+  Chart chart;
+  chart.params.ModoDati = 0;
+  chart.run();
+  EXPECT_EQ(chart.sheet.caption(),
+            "Stereographic diagram showing the operating limits of a dial wherever oriented");
+  EXPECT_EQ(chart.params.ModoDati, 1);
+  EXPECT_FALSE(chart.busy);
+  EXPECT_EQ(chart.told(),
+            "||latitude  = 45.7438 °|Declination of the dial: -14.57 °|Reclination 0 °|"
+            "substyle hour angle : -19.946 °|substyle hour 10 h 40.21 m|angle -42.4872 °|"
+            "Horizontal equivalent dial|latitude  = -42.4872 °|Substyle distance  : -13.7725 °|"
+            "Style elevation  42.4872 °|radius of the summer solstice =  0.2625|"
+            "radius of the arc representing the dial plane  =  0.5922|pz =  -0.1687|"
+            "first bearing =  57.225 °|second bearing =  143.8663 °|"
+            "Sun on dial at 5 h 17.81 m|Sun off dial at 17 h 17.81 m||");
+  // The hours are those of the horizon's points in the wall.
+  const double H = sky::hourAngleOf(rad(45.7438), sky::Plane::facing(-14.57, 0).right);
+  EXPECT_NEAR(std::abs(deg(H)) / 15, 12 - (5 + 17.81 / 60), 2e-4);
+}
+
+TEST(StereographicChart, SplitsHours) {
+  EXPECT_EQ(GradiInOreMinuti(17.25).hours, 17);
+  EXPECT_EQ(GradiInOreMinuti(17.25).minutes, 15);
+  EXPECT_EQ(GradiInOreMinuti(-0.5).hours, -1);
+  EXPECT_EQ(GradiInOreMinuti(-0.5).minutes, 30);
+}
+
+TEST(StereographicChart, TheSouthIsRefusedAndThePolarCircleLeftBlank) {
+  Chart south(-30);
+  south.run();
+  EXPECT_TRUE(south.refused);
+  EXPECT_EQ(south.messages,
+            std::vector<std::string>{"Sorry, unable to work in the Southern hemisphere "});
+  EXPECT_EQ(south.entities(), 0u);
+  for (const double latitude : {66.556, 90.0}) {
+    Chart polar(latitude);
+    polar.run();
+    EXPECT_EQ(polar.entities(), 0u);
+    EXPECT_FALSE(polar.busy);
+    EXPECT_TRUE(polar.messages.empty());
+  }
+}
+
+TEST(StereographicChart, OddInputIsBounded) {
+  expectBounded(Item::mnuDia, DiagrammaStereografico, {Field::ckRomani},
+                {Field::txtLAT, Field::TxtRadius, Field::txtDecl, Field::txtReclinZ, Field::TxtHour,
+                 Field::txtNumbersize, Field::txtZodiacsize});
+  for (const char* radius : {"0", "-3", "1e300"}) {
+    Chart chart;
+    chart.set(Field::TxtRadius, radius).run();
+    EXPECT_FALSE(chart.busy);
+    for (const CircleRecord& c : chart.sheet.list().circles)
+      EXPECT_TRUE(std::isfinite(c.x + c.y + c.radius + c.startAngle + c.endAngle));
+  }
+}
+
+}  // namespace
+}  // namespace dialwright
