@@ -46,7 +46,7 @@ TEST(Parametri, ToleratesOddFiles) {
   EXPECT_EQ(store.Leggi("half"), "");
   EXPECT_EQ(store.Leggi("Café"), "°");
   for (const std::string& odd : {std::string("\""), std::string("\"\""), std::string(",,,,"),
-                                std::string(100'000, '"'), std::string(100'000, ',')}) {
+                                 std::string(100'000, '"'), std::string(100'000, ',')}) {
     folder.put("odd.dat", odd);
     EXPECT_EQ(Parametri(folder / "odd.dat").Leggi("LAT"), "");
   }

@@ -218,7 +218,7 @@ void Drawing::oldHours(const OldHours& family) {
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
     for (const double declination : days) {
       const SunDeclination sun(p_.radians(declination));
-      const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.value));
+      const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.angle));
       if (!sound(semiArc)) continue;
       PuntoCappello(Trig(family.hourAngle(p_.PiGreco, k, semiArc)), sun, light, family.side);
       if (light.aboveHorizon()) pen.visit(light.point, verdict(light, declination > days.first()));
