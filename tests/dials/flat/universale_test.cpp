@@ -73,95 +73,6 @@ void onEveryPlane(Test test) {
 
 double fromMultiple(double a, double step) { return std::abs(std::remainder(a, step)); }
 
-TEST(Universale, HourLinesLieInTheirHourPlanes) {
-  onEveryPlane([](Plate& plate) {
-    for (const bool zoned : {false, true}) {
-      plate.sheet.Clear();
-      plate.check(Field::chkOreAstronomiche).check(Field::ck_Etna, zoned).run();
-      const std::vector<LineRecord> lines = plate.linesOf("oreastro");
-      EXPECT_GT(lines.size(), 500u);
-      std::vector<double> hours;
-      for (const LineRecord& line : lines) {
-        const Sun sun = plate.sunAt(line.x1, line.y1);
-        // 7.3562 degrees West of the zone's meridian, noon there comes sooner. A sun behind the
-        // plane draws the point of the opposite sun: of the hour twelve later, and up by the
-        // horizon's test.
-        const double H = sun.hourAngle + (zoned ? 7.3562 : 0);
-        ASSERT_LT(fromMultiple(H, 7.5), kAngleSlack);
-        ASSERT_LT(std::abs(sun.declination), 23.445 + kAngleSlack);
-        const double t = std::remainder(std::round(H / 7.5) * 7.5, 180);
-        const bool evening = std::abs(t) == 90 && line.colour != palette(7);
-        EXPECT_EQ(line.colour, palette(t == 0 ? 12 : evening ? 9 : 7));
-        if (hours.empty() || hours.back() != t) hours.push_back(t);
-      }
-      if (!zoned && plate.site.reclination == 0 && std::abs(plate.site.declination) < 20) {
-        EXPECT_TRUE(std::is_sorted(hours.begin(), hours.end() - 1)) << "from morning to evening";
-      }
-    }
-  });
-}
-
-TEST(Universale, DeclinationCurvesAreTheSunsDays) {
-  onEveryPlane([](Plate& plate) {
-    plate.check(Field::Ck_DayLightCurves).check(Field::ck_Equinoziale);
-    plate.set(Field::txtLineofdeclination, "8").run();
-    std::size_t count = 0, opposite = 0;
-    for (const auto& [layer, declination, ink] : {std::tuple{"-23.445°", -23.445, 12},
-                                                  {"23.445°", 23.445, 12},
-                                                  {"-20.15°", -20.1552, 13},
-                                                  {"20.15°", 20.1552, 13},
-                                                  {"11.47°", 11.4746, 11},
-                                                  {"-11.47°", -11.4746, 11}}) {
-      for (const Sun& sun : plate.suns(layer, palette(ink))) {
-        ASSERT_NEAR(std::abs(sun.declination), std::abs(declination), kAngleSlack);
-        opposite += sun.declination * declination < 0 ? 1 : 0;
-        ++count;
-      }
-    }
-    EXPECT_GT(count, 500u);
-    EXPECT_TRUE(opposite < count / 2 || !plate.litInWinter());
-    for (const Sun& sun : plate.suns("0°", palette(12)))
-      ASSERT_NEAR(sun.declination, 0, kAngleSlack);
-    EXPECT_EQ(plate.linesOf("8").empty(), plate.latitude < 0.1)
-        << "of grazing light, off the window";
-    plate.set(Field::txtLineofdeclination, "-8").run();
-    EXPECT_EQ(plate.linesOf("-8").empty(), !plate.litInWinter());
-    for (const double own : {-8, 8}) {
-      for (const Sun& sun : plate.suns(textOf(own), rgb(255, 127, 39)))
-        ASSERT_NEAR(sun.declination, own, kAngleSlack) << "never the opposite branch";
-    }
-  });
-}
-
-TEST(Universale, DayLongHoursAreCountedFromSunriseAndSunset) {
-  using HourOf = double (*)(double H, double arc);
-  const HourOf italic = [](double H, double arc) { return (H - arc + 360) / 15; };
-  const HourOf babylonian = [](double H, double arc) { return (H + arc) / 15; };
-  const HourOf temporary = [](double H, double arc) { return (H / arc + 1) * 6; };
-  for (const auto& [box, layer, hourOf, first, last] :
-       {std::tuple{Field::ck_Italiche, "Ita", italic, 5, 23},
-        {Field::ck_babiloniche, "Bab", babylonian, 1, 13},
-        {Field::ckTemp, "Temp", temporary, 0, 12}}) {
-    onEveryPlane([&, box = box, layer = layer, hourOf = hourOf, first = first,
-                  last = last](Plate& plate) {
-      plate.check(box).run();
-      std::vector<double> hours;
-      for (const Sun& sun : plate.suns(layer, palette(12))) {
-        const double arc = deg(sky::semiArc(plate.latitude, rad(sun.declination)));
-        if (std::isnan(arc)) continue;
-        const double hour = hourOf(sun.hourAngle, arc);
-        const double whole = std::round(hour);
-        ASSERT_NEAR(hour, whole, 1e-4) << layer;
-        ASSERT_TRUE(whole >= first && whole <= last) << "each line is the hour after its number";
-        // On the horizon stands the opposite sun as well.
-        if (std::abs(sun.altitude) > 1e-4) hours.push_back(whole);
-      }
-      EXPECT_GT(hours.size(), plate.litInWinter() ? 50u : 0u) << layer;
-      EXPECT_TRUE(std::is_sorted(hours.begin(), hours.end())) << layer;
-    });
-  }
-}
-
 // The southern recipe draws the year upside down, one turn and no more; the zodiac goes with it.
 TEST(Universale, AnalemmaIsTheYearsMeanNoon) {
   for (const FlatSite& site : {kSites[0], kSites[1], kSites[7]}) {
@@ -271,66 +182,6 @@ TEST(SkyCurves, AskWhichDialIsChecked) {
   }
 }
 
-// The axis through the tip meets the plane in the centre; the tip is laid down beside the foot,
-// square to the substyle, which points to the centre.
-TEST(Universale, StyleTriangleIsThePolarAxisThroughTheTip) {
-  onEveryPlane([](Plate& plate) {
-    plate.window("5", "5").check(Field::ck_Triangolo).run();
-    const sky::Spot centre = plate.centre();
-    const LineRecord slope = plate.linesOf("maxpendenza").at(0);
-    EXPECT_NEAR(slope.x1, centre.x, 1e-8);
-    EXPECT_EQ(std::pair(slope.y1, slope.y2), std::pair(-5.0, 5.0));
-    const LineRecord upright = plate.linesOf("ortostilo").at(0);
-    EXPECT_NEAR(std::hypot(upright.x1, upright.y1), 0.2, 1e-12);
-    EXPECT_NEAR(upright.x1 * centre.x - upright.y1 * centre.y, 0, 1e-8);
-    const CircleRecord mark = plate.sheet.list().circles.at(0);
-    EXPECT_EQ(std::tuple(mark.x, mark.y, mark.radius), std::tuple(upright.x1, upright.y1, 0.01));
-    const LineRecord style = plate.linesOf("assostilo").back();
-    EXPECT_LT(sky::distance({style.x1, -style.y1}, centre), 2e-8);
-    EXPECT_EQ(std::pair(style.x2, style.y2), std::pair(upright.x1, upright.y1));
-    const LineRecord substyle = plate.linesOf("sottostilo").at(0);
-    if (plate.site.declination == 0) return;
-    for (const sky::Spot& s : spotsOf(substyle))
-      EXPECT_NEAR(s.x * centre.y + s.y * centre.x, 0, 1e-7);
-  });
-  // A south wall's substyle has no slope to be drawn with: its ends stay on the foot's level.
-  Plate south({45, 0, 0});
-  south.check(Field::ck_Triangolo).run();
-  const LineRecord flat = south.linesOf("sottostilo").at(0);
-  EXPECT_EQ(std::tuple(flat.x1, flat.y1, flat.x2, flat.y2), std::tuple(0.5, 0, -0.5, 0));
-}
-
-TEST(Universale, StyleLineEndsOnTheWindowsEdge) {
-  // The centre above, and below, a window that does not hold it.
-  for (const auto& [declination, edge] : {std::pair{10, -0.1}, {170, 0.1}}) {
-    Plate plate({45.7438, static_cast<double>(declination), 0});
-    plate.window("0.5", "0.1").check(Field::ck_Triangolo).run();
-    const std::vector<LineRecord> style = plate.linesOf("assostilo");
-    ASSERT_EQ(style.size(), 1u);
-    EXPECT_NEAR(style[0].y1, edge, 1e-12);
-    const sky::Spot centre = plate.centre();
-    const double cross = (style[0].x1 - centre.x) * (style[0].y2 + centre.y) -
-                         (style[0].x2 - centre.x) * (style[0].y1 + centre.y);
-    EXPECT_NEAR(cross, 0, 1e-8) << "on the line from the tip to the centre";
-  }
-}
-
-TEST(Universale, SubstyleRunsAcrossTheWindow) {
-  Plate plate(kSites[0]);
-  plate.check(Field::ck_Sustilare).run();
-  const std::vector<LineRecord>& lines = plate.sheet.list().lines;
-  ASSERT_GT(lines.size(), 30u);
-  const double slope = std::tan(plate.latitude) / std::sin(rad(-14.57));
-  for (const LineRecord& line : lines) {
-    EXPECT_NEAR(line.y1, slope * line.x1, 1e-9);
-    EXPECT_NEAR(line.x1 - line.x2, 0.005, 1e-9);
-    EXPECT_EQ(line.colour, palette(15));
-  }
-  Plate south({45.7438, 0, 0});
-  south.check(Field::ck_Sustilare).run();
-  EXPECT_EQ(south.entities(), 0u) << "without a declination there is none";
-}
-
 TEST(Universale, DrawsItsFamiliesInOrder) {
   Plate plate({45.7438, -14.57, 20});
   plate.checkEveryBox();
@@ -350,18 +201,6 @@ TEST(Universale, DrawsItsFamiliesInOrder) {
   EXPECT_EQ(std::pair(horizon.x1, horizon.x2),
             std::pair(-plate.sheet.ShiftX(), plate.sheet.ShiftX()));
   EXPECT_NEAR(horizon.y1, -0.2 * std::tan(rad(20)), 1e-9);
-  EXPECT_FALSE(plate.busy);
-}
-
-TEST(Universale, RefusesANegativeLatitude) {
-  Plate plate({-35, 10, 0});
-  plate.checkEveryBox().check(Field::ckFunction, false).run();
-  EXPECT_TRUE(plate.refused);
-  EXPECT_EQ(plate.messages, std::vector<std::string>{
-                                "Use positive latitude also for the Southern hemisphere and click "
-                                "on F; after RUN press Key InvertX "});
-  EXPECT_TRUE(plate.panel.on(Field::ckFunction));
-  EXPECT_EQ(plate.entities(), 0u);
   EXPECT_FALSE(plate.busy);
 }
 
@@ -400,17 +239,6 @@ TEST(Universale, ALongStyleThinsTheLinesOut) {
   Plate plate({45.7438, 0, 0});
   plate.window("50", "100").set(Field::TxtStilo, "12").check(Field::chkOreAstronomiche).run();
   EXPECT_TRUE(plate.linesOf("oreastro").empty());
-}
-
-TEST(Universale, TakesAnyInput) {
-  expectBounded(
-      Item::mnuUni, DisegnaUniversale,
-      {Field::ck_Lemniscate, Field::ck_Orizzonte, Field::ck_Sustilare, Field::ck_Triangolo,
-       Field::ck_Italiche, Field::ck_babiloniche, Field::ckTemp, Field::ckAsr, Field::CkQibla,
-       Field::ckAz, Field::ckAlt, Field::ckZodiaco},
-      {Field::txtLAT, Field::txtLON, Field::TxtFuso, Field::txtDecl, Field::txtReclinZ,
-       Field::TxtStilo, Field::TxtHour, Field::x1txt, Field::y2txt, Field::txtLineofdeclination,
-       Field::txtQlat, Field::txtQlon, Field::txt_Definition});
 }
 
 }  // namespace
