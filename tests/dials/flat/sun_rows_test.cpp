@@ -21,13 +21,17 @@ struct Dial {
   Item item;
   Driver driver;
   const char* equinox;
-  int equinoxInk, substyleInk;
+  Rgb equinoxInk;
+  int substyleInk;
   double inner;  // of the zodiac's boundaries, degrees
   const char* noon;
 };
-const Dial kLight{"1", Item::M_Light, DisegnaVerticaleLuce, "eq", 0, 3, 11.4746, ""};
-const Dial kSpherical{"6", Item::mnuVertSph, DisegnaVerticale, "equinox", 9, 12, 11.47464, "12h"};
-const Dial kUniversal{"7", Item::mnuUni, DisegnaUniversale, "0°", 12, 15, 11.4746, "maxpendenza"};
+const Dial kLight{"1", Item::M_Light, DisegnaVerticaleLuce, "eq", rgb(49, 172, 238), 3, 11.4746,
+                  ""};
+const Dial kSpherical{"6",  Item::mnuVertSph, DisegnaVerticale, "equinox", palette(9), 12, 11.47464,
+                      "12h"};
+const Dial kUniversal{"7",         Item::mnuUni, DisegnaUniversale, "0°",
+                      palette(12), 15,           11.4746,           "maxpendenza"};
 const std::vector<const Dial*> kAll = {&kLight, &kSpherical, &kUniversal};
 const std::vector<const Dial*> kLayered = {&kSpherical, &kUniversal};
 
@@ -86,7 +90,7 @@ TEST(SunRows, HourLinesLieInTheirHourPlanes) {
 
 TEST(SunRows, CurvesAreTheSunsDays) {
   onEach(kLayered, [](const Dial& dial, FlatWall& wall) {
-    wall.check(Field::Ck_DayLightCurves).check(Field::ck_Equinoziale);
+    wall.check(Field::Ck_DayLightCurves);
     std::size_t count = 0, opposite = 0;
     for (const double own : {-8.0, 8.0}) {
       wall.sheet.Clear();
@@ -98,7 +102,6 @@ TEST(SunRows, CurvesAreTheSunsDays) {
             {"20.15°", 20.1552, palette(13)},
             {"11.47°", dial.inner, palette(11)},
             {"-11.47°", -dial.inner, palette(11)},
-            {dial.equinox, 0.0, palette(dial.equinoxInk)},
             {own < 0 ? "-8" : "8", own, rgb(255, 127, 39)}}) {
         for (const LineRecord& line : wall.linesOf(layer)) {
           const double d = wall.declination(line.x1, line.y1);
@@ -170,16 +173,27 @@ TEST(SunRows, DayLongHoursAreCountedFromSunriseAndSunset) {
   }
 }
 
-TEST(SunRows, SubstyleIsThePolesProjection) {
+TEST(SunRows, EquinoctialAndSubstyle) {
   onEach(kAll, [](const Dial& dial, FlatWall& wall) {
+    wall.check(Field::ck_Equinoziale).run();
+    const std::vector<LineRecord> equinoctial = wall.linesOf(dial.equinox);
+    for (const LineRecord& line : equinoctial) {
+      EXPECT_NEAR(wall.declination(line.x1, line.y1), 0, kAngleSlack);
+      EXPECT_EQ(line.colour, dial.equinoxInk);
+    }
+    const bool outside = std::abs(wall.site.declination) > 90 || wall.site.latitude < 10;
+    EXPECT_TRUE(!equinoctial.empty() || outside);
+    wall.check(Field::ck_Equinoziale, false).sheet.Clear();
     wall.check(Field::ck_Sustilare).run();
     const double right = sky::dot(wall.pole(), wall.plane.right);
     const double up = sky::dot(wall.pole(), wall.plane.up);
     const std::vector<LineRecord> substyle = wall.linesIn(palette(dial.substyleInk));
     // An upright one has no slope to be drawn with.
     EXPECT_EQ(substyle.empty(), &dial == &kUniversal && wall.site.declination == 0);
-    for (const LineRecord& line : substyle)
-      EXPECT_NEAR((line.x1 * up + line.y1 * right) / std::max(1.0, std::abs(line.y1)), 0, 1e-8);
+    for (const LineRecord& line : substyle) {
+      const double beside = line.x1 * up + line.y1 * right;
+      EXPECT_NEAR(beside / std::max(1.0, std::abs(line.y1)), 0, 1e-8);
+    }
   });
 }
 
