@@ -70,7 +70,7 @@ class Chart {
   void planeArc();
   void figures();
   void say(std::string_view label, const std::string& value = {});
-  void compass();
+  void litSide();
 
   Run& run_;
   DialParams& p_;
@@ -111,7 +111,7 @@ void Chart::all() {
   planeArc();
   figures();
   SfondoStereografico(run_);
-  compass();
+  litSide();
 }
 
 bool Chart::sunSetsAllYear() const {
@@ -309,11 +309,11 @@ void Chart::figures() {
   sheet_.ForeColor = kWhite;
 }
 
-// --- The compass
+// --- The side that the plane looks at
 
 // From the meridian to the substyle's hour, with its arrow half way: the side that the plane looks
 // at.
-void Chart::compass() {
+void Chart::litSide() {
   const double Ha = plane_.Ha;
   const double radius = R_ * std::tan(p_.radians(kArrowRadius / 2));
   MarcaCardinale(run_, radius * std::sin(Ha / 2), radius * std::cos(Ha / 2),

@@ -191,8 +191,8 @@ TEST(StereographicChart, TheHorizonIsACircleOrARowOfPoints) {
   }
 }
 
-// The compass runs from the South to the hour of the plane's normal, with its arrow half way.
-TEST(StereographicChart, TheCompassShowsTheSideOfThePlane) {
+// The arc of the lit side runs from the South to the hour of the plane's normal, with its arrow half way.
+TEST(StereographicChart, TheArrowShowsTheSideOfThePlane) {
   for (const double declination : {-60.0, 40.0}) {
     Chart chart(45.7438, declination, 10);
     chart.run();
@@ -333,7 +333,7 @@ TEST(StereographicChart, SignsStandBesideTheHorizon) {
     }
     EXPECT_EQ(at.x > 0, radius > 1);
     const auto places = chart.characters();
-    ASSERT_EQ(places.size(), kNumerals + wanted.size() + 1);  // and the compass
+    ASSERT_EQ(places.size(), kNumerals + wanted.size() + 1);  // and the arrow
     for (std::size_t i = 0; i < wanted.size(); ++i)
       EXPECT_LT(sky::distance(places[kNumerals + i], wanted[i]), 1e-7) << i;
   }
