@@ -25,6 +25,13 @@ class PictureTest : public testing::Test {
     sheet.ShiftX(0.1);
     sheet.ShiftY(0.075);
   }
+  PdfReader pdf(const PictureOptions& options = {}) const {
+    const Written result = written(writePdf, sheet, options);
+    EXPECT_EQ(result.problem, "");
+    return PdfReader(result.bytes);
+  }
+  std::string png() const { return written(writePng, sheet, kScreenPicture).bytes; }
+
   SheetPlot sheet;
 };
 
@@ -34,9 +41,7 @@ TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
   for (const int n : {1, 4}) {
     PictureOptions options;
     options.scale = n;
-    const Written pdf = written(writePdf, sheet, options);
-    ASSERT_EQ(pdf.problem, "");
-    const PdfReader reader(pdf.bytes);
+    const PdfReader reader = pdf(options);
     const auto ends = reader.pathPoints();
     ASSERT_EQ(ends.size(), 4u);
     constexpr double kExact = 0.000002;  // Cairo's own grid: a 256th of a point
@@ -63,7 +68,7 @@ TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
       sheet.xLine(x1, y1, x2, y2, palette(15));
     }
     sheet.xLine(-0.05, 0, -0.06, 0, palette(15));
-    const auto points = PdfReader(written(writePdf, sheet, PictureOptions()).bytes).pathPoints();
+    const auto points = pdf().pathPoints();
     ASSERT_EQ(points.size(), 4u + 2u) << backward;
     EXPECT_NEAR(points[3].first / kPointsPerMeter, 0.13, 1e-5);
     EXPECT_NEAR(points[5].first / kPointsPerMeter, 0.04, 1e-5);
@@ -76,7 +81,7 @@ TEST_F(PictureTest, LinesAreAQuarterOfAMillimetreWideOrTheirRecordsMultiple) {
   PictureOptions thick;
   thick.lineWidth = 0.0005;
   for (const PictureOptions& options : {PictureOptions(), thick}) {
-    const Picture page = PdfReader(written(writePdf, sheet, options).bytes).rendered(1, 600);
+    const Picture page = pdf(options).rendered(1, 600);
     const auto widthBetween = [&](int from, int to) {
       double ink = 0;
       for (int x = from; x < to; ++x) ink += (255 - page.at(x, page.height / 2)) / 255.0;
@@ -92,11 +97,11 @@ TEST_F(PictureTest, OwnInksStandOnTheSheetsGround) {
   sheet.xLine(0, -0.02, 0, 0.02, palette(15), {.width = 4});
   PictureOptions dark;
   dark.inks = Inks::Own;
-  const Picture page = PdfReader(written(writePdf, sheet, dark).bytes).rendered(1, 100);
+  const Picture page = pdf(dark).rendered(1, 100);
   EXPECT_LT(page.at(5, 5), 60);
   EXPECT_GT(page.at(page.width / 2, page.height / 2), 200);
-  const CairoSurface png = readPng(written(writePng, sheet, kScreenPicture).bytes);
-  EXPECT_EQ(pixelOf(png, 5, 5), 0x00005Au);
+  const CairoSurface image = readPng(png());
+  EXPECT_EQ(pixelOf(image, 5, 5), 0x00005Au);
 }
 
 TEST_F(PictureTest, PixelsAgreeWithTheModel) {
@@ -104,7 +109,7 @@ TEST_F(PictureTest, PixelsAgreeWithTheModel) {
   sheet.xLine(-0.09, 0.0317, 0.09, 0.0317, palette(15));
   sheet.xLine(0.02, -0.07, 0.06, 0.02, palette(15));
   sheet.invertX();
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   EXPECT_EQ(image.width, std::ceil(0.2 * kPixelsPerMeter));
   EXPECT_EQ(image.height, std::ceil(0.15 * kPixelsPerMeter));
   const auto column = [](double x) { return (x + 0.1) * kPixelsPerMeter; };
@@ -125,24 +130,24 @@ TEST_F(PictureTest, PointsAndCirclesStandWhereTheyShould) {
   sheet.xCircle(0.06, 0, 0.02, palette(15), {.endAngle = 2 * kShortPi});
   sheet.xCircle(-0.06, 0, 0.02, palette(15), {.aspect = 0.5});
   sheet.xCircle(0, 0.05, 0.02, palette(15), {.startAngle = -1e-9, .endAngle = -kShortPi / 2});
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   const auto inkAt = [&](double x, double y) {
     const int column = static_cast<int>((x + 0.1) * kPixelsPerMeter);
     const int row = static_cast<int>((y + 0.075) * kPixelsPerMeter);
     return image.inkedPixels(column - 1, row - 1, column + 2, row + 2) > 0;
   };
   constexpr double kSlope = 0.02 * std::numbers::sqrt2 / 2;
-  EXPECT_TRUE(inkAt(-0.06, -0.05));
-  EXPECT_TRUE(inkAt(kSlope, -kSlope)) << "counter-clockwise for the eye";
-  EXPECT_FALSE(inkAt(-kSlope, -kSlope));
-  EXPECT_FALSE(inkAt(kSlope, kSlope));
-  EXPECT_FALSE(inkAt(0.01, 0)) << "an arc is open";
-  EXPECT_TRUE(inkAt(0.06 - kSlope, kSlope)) << "a whole turn";
-  EXPECT_TRUE(inkAt(-0.08, 0)) << "a flat ellipse";
-  EXPECT_TRUE(inkAt(-0.06, 0.01));
-  EXPECT_FALSE(inkAt(-0.06, 0.02));
-  EXPECT_TRUE(inkAt(0.01, 0.05)) << "the radii of a slice";
-  EXPECT_TRUE(inkAt(0, 0.04));
+  const std::pair<double, double> kInk[] = {{-0.06, -0.05},     //
+                                            {kSlope, -kSlope},  // counter-clockwise for the eye
+                                            {0.06 - kSlope, kSlope},  // a whole turn
+                                            {-0.08, 0},               // a flat ellipse
+                                            {-0.06, 0.01},            //
+                                            {0.01, 0.05},             // the radii of a slice
+                                            {0, 0.04}};
+  const std::pair<double, double> kNone[] = {
+      {-kSlope, -kSlope}, {kSlope, kSlope}, {0.01, 0}, {-0.06, 0.02}};
+  for (const auto& [x, y] : kInk) EXPECT_TRUE(inkAt(x, y)) << x << ' ' << y;
+  for (const auto& [x, y] : kNone) EXPECT_FALSE(inkAt(x, y)) << x << ' ' << y;
 }
 
 TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
@@ -150,7 +155,7 @@ TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
   sheet.Dati("below");
   sheet.Dati("bro\xE9ken");
   sheet.Dati("after");
-  const PdfReader reader(written(writePdf, sheet, PictureOptions()).bytes);
+  const PdfReader reader = pdf();
   const auto [x, y] = reader.placeOf("placed");
   EXPECT_NEAR(x / kPointsPerMeter, 0.12, 0.0005);
   EXPECT_NEAR(y / kPointsPerMeter, 0.085, 0.001);
@@ -166,13 +171,12 @@ TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
 TEST_F(PictureTest, TheSameDrawingGivesTheSameBytesWithAChosenDate) {
   sheet.Dati("text", 0, 0);
   sheet.xLine(-0.05, 0, 0.05, 0.01, palette(14));
-  const std::string pdf = written(writePdf, sheet, PictureOptions()).bytes;
-  EXPECT_EQ(pdf, written(writePdf, sheet, PictureOptions()).bytes);
-  EXPECT_NE(PdfReader(pdf).info("CreationDate").find("2000"), std::string::npos);
+  const auto bytes = [&] { return written(writePdf, sheet, PictureOptions()).bytes; };
+  EXPECT_EQ(bytes(), bytes());
+  EXPECT_NE(pdf().info("CreationDate").find("2000"), std::string::npos);
   setenv("SOURCE_DATE_EPOCH", "1500000000", 1);
-  const std::string dated = written(writePdf, sheet, PictureOptions()).bytes;
+  EXPECT_NE(pdf().info("CreationDate").find("2017"), std::string::npos);
   unsetenv("SOURCE_DATE_EPOCH");
-  EXPECT_NE(PdfReader(dated).info("CreationDate").find("2017"), std::string::npos);
 }
 
 TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
@@ -180,27 +184,25 @@ TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
   sheet.xLine(-0.09, -0.07, 0.08, 0.06, palette(10));
   sheet.xLine(-0.09, 0.07, 0.08, 0.06, palette(12));
   const std::string bmp = written(writeBmp, sheet, kScreenPicture).bytes;
-  const CairoSurface png = readPng(written(writePng, sheet, kScreenPicture).bytes);
-  const auto number = [&](std::size_t at, int bytes) {
+  const CairoSurface image = readPng(png());
+  const auto number = [&](std::size_t at, std::size_t bytes) {
     std::uint32_t value = 0;
-    for (int i = bytes - 1; i >= 0; --i) {
-      value = value << 8 | static_cast<unsigned char>(bmp[at + static_cast<std::size_t>(i)]);
-    }
+    bmp.copy(reinterpret_cast<char*>(&value), bytes, at);
     return value;
   };
   ASSERT_EQ(bmp.substr(0, 2), "BM");
   EXPECT_EQ(number(2, 4), bmp.size());
   const auto width = static_cast<int>(number(18, 4));
   const auto height = static_cast<int>(number(22, 4));
-  ASSERT_EQ(width, cairo_image_surface_get_width(png.get()));
-  ASSERT_EQ(height, cairo_image_surface_get_height(png.get()));
+  ASSERT_EQ(width, cairo_image_surface_get_width(image.get()));
+  ASSERT_EQ(height, cairo_image_surface_get_height(image.get()));
   const std::size_t row = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
   ASSERT_EQ(bmp.size(), number(10, 4) + row * static_cast<std::size_t>(height));
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       const std::size_t at = number(10, 4) + row * static_cast<std::size_t>(height - 1 - y) +
                              3 * static_cast<std::size_t>(x);
-      ASSERT_EQ(number(at, 3), pixelOf(png, x, y)) << x << ' ' << y;
+      ASSERT_EQ(number(at, 3), pixelOf(image, x, y)) << x << ' ' << y;
     }
   }
 }
@@ -219,9 +221,9 @@ TEST_F(PictureTest, WhatCantBeMadeIsRefusedWithAReason) {
   EXPECT_NE(written(writeBmp, sheet, kScreenPicture).problem, "");
   sheet.QuadranteH(0.1);
   const Sink full = [](std::string_view) { throw std::length_error("full"); };
-  EXPECT_THROW((void)writePdf(sheet, full), std::length_error);
-  EXPECT_THROW((void)writePng(sheet, full), std::length_error);
-  EXPECT_THROW((void)writeBmp(sheet, full), std::length_error);
+  for (const auto write : {writePdf, writePng, writeBmp}) {
+    EXPECT_THROW((void)write(sheet, full, kScreenPicture), std::length_error);
+  }
 }
 
 TEST_F(PictureTest, WildNumbersAreDrawnOrLeftOut) {
@@ -234,7 +236,7 @@ TEST_F(PictureTest, WildNumbersAreDrawnOrLeftOut) {
     sheet.Dati("x", wild, wild);
   }
   sheet.xLine(-0.05, 0.05, 0.05, 0.05, palette(15));
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   const int column = static_cast<int>(0.06 * kPixelsPerMeter);
   EXPECT_NEAR(image.crossingOfColumn(column, 440, 500), 0.125 * kPixelsPerMeter, 0.51);
 }
