@@ -8,6 +8,7 @@
 #include "paper/ink.hpp"
 #include "paper/reading.hpp"
 #include "sheet/view.hpp"
+#include "support/laid_out.hpp"
 
 namespace dialwright {
 namespace {
@@ -21,10 +22,6 @@ constexpr double kTop = 0.0085;
 // A sheet of three by two pages with its origin in its corner.
 class PagesTest : public testing::Test {
  protected:
-  PagesTest() {
-    sheet.QuadranteL(2.9 * kPageW);
-    sheet.QuadranteH(1.9 * kPageH);
-  }
   // The place within a page: column and row from 0, and metres from its corner.
   static double x(int column, double metres) { return column * kPageW + metres; }
   static double y(int row, double metres) { return row * kPageH + metres; }
@@ -36,7 +33,7 @@ class PagesTest : public testing::Test {
     return numbers;
   }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(2.9 * kPageW, 1.9 * kPageH, 0, 0);
 };
 
 using Numbers = std::vector<int>;
@@ -101,12 +98,10 @@ TEST_F(PagesTest, PagesShowTheirPartAtTrueSizeWithinTheirMarks) {
 }
 
 TEST_F(PagesTest, TheRulerIsAHundredMillimetresLong) {
-  PagesOptions options;
-  options.numbers = {6};
-  const Picture page =
-      PdfReader(written(writePages, sheet, options).bytes).rendered(1, kResolution);
+  const Written pages = written(writePages, sheet, PagesOptions{.numbers = {6}});
+  const Picture page = PdfReader(pages.bytes).rendered(1, kResolution);
   // Halfway up the long ticks only these three stand; the label is to the left, the words right.
-  const int row = static_cast<int>((kTop + kPageH + 0.0024) * kDots);
+  const int row = dot(kTop + kPageH + 0.0024);
   const auto tick = [&](double millimetres) {
     const double at = (0.105 - 0.05 + millimetres / 1000) * kDots;
     return page.crossingOfRow(row, static_cast<int>(at - 20), static_cast<int>(at + 20));
@@ -116,14 +111,11 @@ TEST_F(PagesTest, TheRulerIsAHundredMillimetresLong) {
 }
 
 TEST_F(PagesTest, ChosenPagesComeInTheirOrderAndMustExist) {
-  PagesOptions options;
-  options.numbers = {6, 2, 6};
-  const PdfReader reader(written(writePages, sheet, options).bytes);
+  const PdfReader reader(written(writePages, sheet, PagesOptions{.numbers = {6, 2, 6}}).bytes);
   EXPECT_EQ(reader.info("Pages"), "3");
   EXPECT_TRUE(reader.text(2).starts_with("2 "));
   EXPECT_TRUE(reader.text(3).starts_with("6 "));
-  options.numbers = {7};
-  const Written none = written(writePages, sheet, options);
+  const Written none = written(writePages, sheet, PagesOptions{.numbers = {7}});
   EXPECT_EQ(none.bytes, "");
   EXPECT_NE(none.problem.find("1 to 6"), std::string::npos);
   EXPECT_NE(written(writePages, sheet, PagesOptions()).problem, "") << "no ink";

@@ -9,6 +9,7 @@
 
 #include "numerics/fault.hpp"
 #include "paper/reading.hpp"
+#include "support/laid_out.hpp"
 
 namespace dialwright {
 namespace {
@@ -19,12 +20,6 @@ constexpr double kPixelsPerMeter = kTwipsPerMeter / kPixel;
 // A sheet of 0.2 x 0.15 m with its origin in the middle.
 class PictureTest : public testing::Test {
  protected:
-  PictureTest() {
-    sheet.QuadranteH(0.15);
-    sheet.QuadranteL(0.2);
-    sheet.ShiftX(0.1);
-    sheet.ShiftY(0.075);
-  }
   PdfReader pdf(const PictureOptions& options = {}) const {
     const Written result = written(writePdf, sheet, options);
     EXPECT_EQ(result.problem, "");
@@ -32,16 +27,14 @@ class PictureTest : public testing::Test {
   }
   std::string png() const { return written(writePng, sheet, kScreenPicture).bytes; }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(0.2, 0.15, 0.1, 0.075);
 };
 
 TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
   sheet.xLine(-0.05, -0.02, 0.05, -0.02, palette(15));
   sheet.xLine(0, -0.05, 0, 0.05, palette(12));
   for (const int n : {1, 4}) {
-    PictureOptions options;
-    options.scale = n;
-    const PdfReader reader = pdf(options);
+    const PdfReader reader = pdf({.scale = n});
     const auto ends = reader.pathPoints();
     ASSERT_EQ(ends.size(), 4u);
     constexpr double kExact = 0.000002;  // Cairo's own grid: a 256th of a point
@@ -73,26 +66,22 @@ TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
 TEST_F(PictureTest, LinesAreAQuarterOfAMillimetreWideOrTheirRecordsMultiple) {
   sheet.xLine(-0.05, -0.02, -0.05, 0.02, palette(15));
   sheet.xLine(0.05, -0.02, 0.05, 0.02, palette(15), {.width = 4});
-  PictureOptions thick;
-  thick.lineWidth = 0.0005;
-  for (const PictureOptions& options : {PictureOptions(), thick}) {
-    const Picture page = pdf(options).rendered(1, 600);
+  for (const double width : {PictureOptions().lineWidth, 0.0005}) {
+    const Picture page = pdf({.scale = {}, .lineWidth = width}).rendered(1, 600);
     const auto widthBetween = [&](int from, int to) {
       double ink = 0;
       for (int x = from; x < to; ++x) ink += (255 - page.at(x, page.height / 2)) / 255.0;
       return ink / 600 * kInch;
     };
-    EXPECT_NEAR(widthBetween(0, page.width / 2), options.lineWidth, 0.00003);
-    EXPECT_NEAR(widthBetween(page.width / 2, page.width), 4 * options.lineWidth, 0.00003);
+    EXPECT_NEAR(widthBetween(0, page.width / 2), width, 0.00003);
+    EXPECT_NEAR(widthBetween(page.width / 2, page.width), 4 * width, 0.00003);
   }
 }
 
 TEST_F(PictureTest, OwnInksStandOnTheSheetsGround) {
   sheet.BackColor = rgb(0, 0, 90);
   sheet.xLine(0, -0.02, 0, 0.02, palette(15), {.width = 4});
-  PictureOptions dark;
-  dark.inks = Inks::Own;
-  const Picture page = pdf(dark).rendered(1, 100);
+  const Picture page = pdf({.scale = {}, .inks = Inks::Own}).rendered(1, 100);
   EXPECT_LT(page.at(5, 5), 60);
   EXPECT_GT(page.at(page.width / 2, page.height / 2), 200);
   const CairoSurface image = readPng(png());
@@ -199,13 +188,10 @@ TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
 }
 
 TEST_F(PictureTest, WhatCantBeMadeIsRefusedWithAReason) {
-  PictureOptions options;
-  options.scale = 0;
-  EXPECT_NE(written(writePdf, sheet, options).problem, "");
+  EXPECT_NE(written(writePdf, sheet, PictureOptions{.scale = 0}).problem, "");
   sheet.QuadranteH(15);
   sheet.QuadranteL(15);
-  options.scale = 1;
-  const Written large = written(writePng, sheet, options);
+  const Written large = written(writePng, sheet, PictureOptions{.scale = 1});
   EXPECT_EQ(large.bytes, "");
   EXPECT_NE(large.problem.find("1:6 "), std::string::npos) << large.problem;
   sheet.QuadranteH(0);

@@ -98,14 +98,5 @@ TEST(Defaults, SetOnlyWhatCanBeSet) {
   EXPECT_EQ(panel.text(Field::TxtInizio), "");  // no click
 }
 
-TEST(Defaults, StayWholeWhenTheyCannotBeWritten) {
-  const Folder folder;
-  folder.put("x.dat", "\"LAT\",\"40\"\r\n");
-  std::filesystem::permissions(folder / "x.dat", std::filesystem::perms::owner_read);
-  Parametri store(folder / "x.dat");
-  EXPECT_THROW(SalvaDefault(Panel(), store), FileError);
-  EXPECT_EQ(folder.get("x.dat"), "\"LAT\",\"40\"\r\n");
-}
-
 }  // namespace
 }  // namespace dialwright

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/laid_out.hpp"
 #include "support/written.hpp"
 
 namespace dialwright {
@@ -18,13 +19,6 @@ constexpr double kPi = 3.141592654;
 // The sheet of the start: 1.99 x 2.8 m, with a shift that must not show.
 class DxfTest : public testing::Test {
  protected:
-  DxfTest() {
-    sheet.QuadranteL(1.99);
-    sheet.QuadranteH(2.8);
-    sheet.ShiftX(0.995);
-    sheet.ShiftY(0.84);
-  }
-
   // The groups as "code=value ", from a file that must have the form " code ", CR LF, value, CR LF
   // and the right head and tail, which are left out.
   std::string entities() {
@@ -65,7 +59,7 @@ class DxfTest : public testing::Test {
     return found;
   }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(1.99, 2.8, 0.995, 0.84);
 };
 
 TEST_F(DxfTest, EntitiesComeInDrawingOrderInMillimetresWithYUpwards) {

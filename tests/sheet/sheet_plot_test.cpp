@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "support/laid_out.hpp"
 #include "support/recording_target.hpp"
 
 namespace dialwright {
@@ -16,15 +17,9 @@ constexpr double kTwips = 56700;  // a metre at 1:1
 // A sheet of 0.4 x 0.3 m, its origin in the middle, at 1:1.
 class SheetPlotTest : public testing::Test {
  protected:
-  SheetPlotTest() {
-    sheet.QuadranteL(0.4);
-    sheet.QuadranteH(0.3);
-    sheet.ShiftX(0.2);
-    sheet.ShiftY(0.15);
-    sheet.attach(&screen);
-  }
+  SheetPlotTest() { sheet.attach(&screen); }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(0.4, 0.3, 0.2, 0.15);
   RecordingTarget screen;
 };
 

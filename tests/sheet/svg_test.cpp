@@ -9,6 +9,7 @@
 #include <regex>
 
 #include "sheet/paper_ink.hpp"
+#include "support/laid_out.hpp"
 #include "support/written.hpp"
 
 namespace dialwright {
@@ -17,13 +18,6 @@ namespace {
 // 0.4 x 0.3 m with the origin at (0.2, 0.15).
 class SvgTest : public testing::Test {
  protected:
-  SvgTest() {
-    sheet.QuadranteL(0.4);
-    sheet.QuadranteH(0.3);
-    sheet.ShiftX(0.2);
-    sheet.ShiftY(0.15);
-  }
-
   std::string svg(bool dark = false) const {
     return written([&](const Sink& sink) { writeSvg(sheet, sink, {.dark = dark}); });
   }
@@ -38,7 +32,7 @@ class SvgTest : public testing::Test {
   }
   std::vector<std::string> paths() const { return all(" d=\"([^\"]*)\""); }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(0.4, 0.3, 0.2, 0.15);
 };
 
 using Texts = std::vector<std::string>;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/laid_out.hpp"
 #include "support/recording_target.hpp"
 
 namespace dialwright {
@@ -13,12 +14,6 @@ namespace {
 
 class ViewTest : public testing::Test {
  protected:
-  ViewTest() {
-    sheet.QuadranteH(2.8);
-    sheet.QuadranteL(1.99);
-    sheet.ShiftX(0.995);
-    sheet.ShiftY(0.84);
-  }
   void press(std::string_view name) {
     const auto command = findSheetCommand(name);
     ASSERT_TRUE(command.has_value()) << name;
@@ -29,7 +24,7 @@ class ViewTest : public testing::Test {
     return static_cast<std::size_t>(std::ranges::count(sheet.list().lines, id, &LineRecord::layer));
   }
 
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(1.99, 2.8, 0.995, 0.84);
   SheetView view{sheet};
 };
 
