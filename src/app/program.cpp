@@ -1,6 +1,7 @@
 // The running program.
 #include "app/program.hpp"
 
+#include <fstream>
 #include <system_error>
 
 #include "lettering/specimen.hpp"
@@ -171,6 +172,13 @@ RunResult Program::CmdRun_Click() {
   Run run(panel_, params_, sheet_, all);
   if (!dialwright::CmdRun_Click(run, drivers())) return RunResult::NoDriver;
   return run.refused() ? RunResult::Refused : RunResult::Drawn;
+}
+
+std::string Program::viewer() const {
+  std::ifstream file(config_.workingFolder / "viewer.txt");
+  std::string line;
+  std::getline(file, line);
+  return line;
 }
 
 void Program::DisegnaCampionario() {

@@ -99,6 +99,10 @@ class Program {
   // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
   LoadResult CaricaProgetto(const std::filesystem::path& path);
 
+  // The viewer of exported drawings: the first line of "viewer.txt" in the working folder; empty
+  // without one.
+  std::string viewer() const;
+
   // Draws the specimen of the lettering instead of a dial.
   void DisegnaCampionario();
 

@@ -61,7 +61,10 @@ void addOutputs(CLI::App& command, Request& request) {
   command.add_option("--format", request.format, "format of standard output")->type_name("FORMAT");
   command.add_flag("--dark", request.dark,
                    "the sheet's own colours on its dark ground instead of inks for white paper");
-  command.add_option("--viewer", request.viewer, "start this program with each new DXF file")
+  command
+      .add_option(
+          "--viewer", request.viewer,
+          "start this program with each new DXF file; else the one that viewer.txt in the working folder names")
       ->type_name("PROGRAM");
 }
 

@@ -120,7 +120,9 @@ void writeOutputs(Program& program, const std::vector<Output>& outputs, const Re
   for (const Output& output : outputs) {
     const FormatRow& format = kFormats[static_cast<std::size_t>(output.format)];
     writeTo(output.path, [&](const Sink& sink) { format.write(program, request, sink); });
-    if (format.ending == "dxf" && output.path != "-") openViewer(request.viewer, output.path);
+    if (format.ending == "dxf" && output.path != "-") {
+      openViewer(request.viewer.empty() ? program.viewer() : request.viewer, output.path);
+    }
   }
 }
 

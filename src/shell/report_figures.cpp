@@ -46,7 +46,7 @@ void setStyle(Run& run, ReportFigures& f) {
     f.elevationSine = 0;
   }
   const PolarStyle style = polarStyle(p, plane, f.elevationSine);
-  p.ElevStilo = style.elevation;
+  assign(p.ElevStilo, p.ArcSin(f.elevationSine));
   f.centre = {style.centre.x * p.SegnoEmisfero, style.centre.y};
   p.SustilareReport = style.substyle * p.SegnoEmisfero;
   if (f.level) f.centre.x = p.SustilareReport = 0;

@@ -2,6 +2,7 @@
 // be equal to it elsewhere.
 #include <cmath>
 
+#include "numerics/numbers.hpp"
 #include "shell/report_lines.hpp"
 
 namespace dialwright {
@@ -44,7 +45,7 @@ void styleLines(const Report& r) {
   r.say({{"Style elevation  ", cutDegrees(r.p, r.p.ElevStilo), kDegree},
          {"Substyle distance  : ", cutDegrees(r.p, r.p.SustilareReport), kDegree},
          {"Center coordinates  : ", centreText(r)},
-         {"Angle between max slope line and noon  : ", cut(r.f.slopeToNoon), kDegree},
+         {"Angle between max slope line and noon  : ", textOf(r.f.slopeToNoon), kDegree},
          {"substyle hour angle : ", cutDegrees(r.p, r.p.OrarioSustilare), kDegree},
          {"Substyle hour = ", cut(hour), " h"},
          {"Corrected in longitude Substyle hour = ", cut(hour + r.f.longitudeCorrection / 60),

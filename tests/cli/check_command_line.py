@@ -195,6 +195,15 @@ def viewer():
         subprocess.run(["sleep", "0.1"])
     expect(os.path.exists(os.path.join(FOLDER, "seen")) and read("seen").endswith("v.dxf"), "the viewer gets the file")
     run("run", "1", "-o", "v.dxf", "--viewer", "/no/such/viewer")
+    os.remove(os.path.join(FOLDER, "seen"))
+    with open(os.path.join(FOLDER, "cfg", "viewer.txt"), "w") as file:
+        file.write(script + "\n")
+    run("run", "1", "-o", "w.dxf")
+    for _ in range(50):
+        if os.path.exists(os.path.join(FOLDER, "seen")):
+            break
+        subprocess.run(["sleep", "0.1"])
+    expect(os.path.exists(os.path.join(FOLDER, "seen")), "a configured viewer is started")
 
 
 lists()

@@ -34,8 +34,9 @@ TEST(Cities, TurnTheSignOfBothCoordinatesButForThePoles) {
     std::string_view name;
     double longitudeTerm, storedDeclination;
   };
-  for (const Row& row : {Row{"Wellington", -174.7752, 41.2855}, Row{"Midway Island", 177.3761, -28.2101},
-                         Row{"North Pole", 0, 90}, Row{"South Pole", 0, -90}}) {
+  for (const Row& row :
+       {Row{"Wellington", -174.7752, 41.2855}, Row{"Midway Island", 177.3761, -28.2101},
+        Row{"North Pole", 0, 90}, Row{"South Pole", 0, -90}}) {
     const City* city = find(row.name);
     ASSERT_TRUE(city) << row.name;
     EXPECT_EQ(city->longitudeTerm, row.longitudeTerm) << row.name;
@@ -43,13 +44,16 @@ TEST(Cities, TurnTheSignOfBothCoordinatesButForThePoles) {
   }
 }
 
-// A swapped pair, a lost sign or a place of the same name elsewhere shows as a step back to the East.
+// A swapped pair, a lost sign or a place of the same name elsewhere shows as a step back to the
+// East.
 TEST(Cities, RunFromEastToWest) {
   const auto places = cities().first(164);
   const City* previous = &places.front();
   for (const City& city : places.subspan(1)) {
-    if (city.name == "Madison") continue;  // Wisconsin's capital stands among the towns of the Ohio valley
-    EXPECT_GT(city.longitudeTerm, previous->longitudeTerm) << city.name << " after " << previous->name;
+    if (city.name == "Madison")
+      continue;  // Wisconsin's capital stands among the towns of the Ohio valley
+    EXPECT_GT(city.longitudeTerm, previous->longitudeTerm)
+        << city.name << " after " << previous->name;
     previous = &city;
   }
 }
@@ -64,13 +68,15 @@ TEST(Cities, AgreeWithTheTimeZoneDatabase) {
     int latitude, longitude;  // North and East positive
   };
   constexpr Row kRows[] = {
-      {"Brisbane", -2728, 15302},  {"Hobart", -4253, 14719},  {"Tokio", 3539, 13945},        {"Perth", -3157, 11551},
-      {"Singapore", 117, 10351},   {"Colombo", 656, 7951},    {"Taskent", 4120, 6918},       {"Moscow", 5545, 3737},
-      {"Nairobi", -117, 3649},     {"Helsinki", 6010, 2458},  {"Roma", 4154, 1229},          {"Paris", 4852, 220},
-      {"Dublin", 5320, -615},      {"Lisboa", 3843, -908},    {"Dakar", 1440, -1726},        {"Buenos Aires", -3436, -5827},
-      {"Caracas", 1030, -6656},    {"New York", 4043, -7400}, {"Lima", -1203, -7703},        {"Panama", 858, -7932},
-      {"Toronto", 4339, -7923},    {"Cuba", 2308, -8222},     {"Mexico", 1924, -9909},       {"Denver", 3944, -10459},
-      {"Los Angeles", 3403, -11814}, {"Juneau", 5818, -13425}, {"Papeete", -1732, -14934},
+      {"Brisbane", -2728, 15302},     {"Hobart", -4253, 14719},  {"Tokio", 3539, 13945},
+      {"Perth", -3157, 11551},        {"Singapore", 117, 10351}, {"Colombo", 656, 7951},
+      {"Taskent", 4120, 6918},        {"Moscow", 5545, 3737},    {"Nairobi", -117, 3649},
+      {"Helsinki", 6010, 2458},       {"Roma", 4154, 1229},      {"Paris", 4852, 220},
+      {"Dublin", 5320, -615},         {"Lisboa", 3843, -908},    {"Dakar", 1440, -1726},
+      {"Buenos Aires", -3436, -5827}, {"Caracas", 1030, -6656},  {"New York", 4043, -7400},
+      {"Lima", -1203, -7703},         {"Panama", 858, -7932},    {"Toronto", 4339, -7923},
+      {"Cuba", 2308, -8222},          {"Mexico", 1924, -9909},   {"Denver", 3944, -10459},
+      {"Los Angeles", 3403, -11814},  {"Juneau", 5818, -13425},  {"Papeete", -1732, -14934},
   };
   for (const Row& row : kRows) {
     const City* city = find(row.name);

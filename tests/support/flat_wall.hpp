@@ -141,14 +141,6 @@ class FlatWall : public DialCase {
     return spots;
   }
 
-  // True when no fault has reached the list.
-  bool isSound() const {
-    const auto& lines = sheet.list().lines;
-    return std::all_of(lines.begin(), lines.end(), [](const LineRecord& l) {
-      return sound(l.x1) && sound(l.y1) && sound(l.x2) && sound(l.y2);
-    });
-  }
-
   sky::Vec pole() const { return {0, std::cos(latitude), std::sin(latitude)}; }
   // Where the polar style meets the plane.
   sky::Spot centre() const { return plane.shadow(kStyle * plane.normal, pole()); }
