@@ -139,7 +139,7 @@ TEST(Zodiac, OnlySignsWithinTheWindowAreDrawn) {
   EXPECT_EQ(none.entities(), 0u);
 }
 
-TEST(Zodiac, TheCompassArrowPointsAlongItsAngle) {
+TEST(Zodiac, TheCardinalArrowPointsAlongItsAngle) {
   for (const double degrees : {90.0, 20.0, 215.0}) {
     Signs slate;
     MarcaCardinale(slate.run, 1, 1, degrees);
