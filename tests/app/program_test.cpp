@@ -4,28 +4,22 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <algorithm>
 #include <memory>
-#include <set>
+
+#include "support/folder.hpp"
 
 namespace dialwright {
 namespace {
 
 class ProgramTest : public ::testing::Test {
  protected:
-  ProgramTest()
-      : folder(std::filesystem::temp_directory_path() /
-               ("dialwright_test_" + std::to_string(getpid()))) {
-    std::filesystem::create_directories(folder);
-  }
-  ~ProgramTest() override { std::filesystem::remove_all(folder); }
-
   std::unique_ptr<Program> start(std::string language = "") {
     return std::make_unique<Program>(
-        ProgramConfig{folder, DIALWRIGHT_DATA_DIR, std::move(language)});
+        ProgramConfig{folder.path(), DIALWRIGHT_DATA_DIR, std::move(language)});
   }
 
-  std::filesystem::path folder;
+  const Folder folder;
 };
 
 TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOne) {
@@ -42,7 +36,7 @@ TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOne) {
 }
 
 TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
-  std::ofstream(folder / "DialwrightDXF") << "a file in its place";
+  folder.put("DialwrightDXF", "a file in its place");
   EXPECT_EQ(start()->CartellaDXF(), folder / "DialwrightDXF");
 }
 
@@ -75,10 +69,9 @@ TEST_F(ProgramTest, TheDataButtonWritesAfterTheFirstRun) {
   const auto italian = start("it");
   italian->CmdRun_Click();
   italian->press("cmdData");
-  bool translated = false;
-  for (const TextRecord& text : italian->sheet().list().texts)
-    translated = translated || text.text == "Elevazione dello stilo  -42.48719°";
-  EXPECT_TRUE(translated);
+  EXPECT_EQ(std::ranges::count(italian->sheet().list().texts, "Elevazione dello stilo  -42.48719°",
+                               &TextRecord::text),
+            1);
 }
 
 TEST_F(ProgramTest, ANewSheetIsNew) {

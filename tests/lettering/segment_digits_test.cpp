@@ -10,16 +10,14 @@ namespace {
 
 TEST(SegmentDigits, LightTheBarsOfTheirDigit) {
   // Four strokes a bar, six the middle one.
-  const std::size_t strokes[] = {24, 8, 22, 22, 18, 22, 26, 12, 30, 26};
+  const int strokes[] = {24, 8, 22, 22, 18, 22, 26, 12, 30, 26};
   for (int digit = 0; digit <= 9; ++digit) {
     Slate slate;
     DisegnaCifraSegmenti(slate.run, 0, 0, digit, 0.27);
-    EXPECT_EQ(slate.lines().size(), strokes[digit]) << digit;
-    EXPECT_EQ(slate.inks(), (std::map<int, int>{{15, static_cast<int>(strokes[digit])}}));
+    EXPECT_EQ(slate.inks(), (std::map<int, int>{{15, strokes[digit]}})) << digit;
   }
   Slate slate;
-  DisegnaCifraSegmenti(slate.run, 0, 0, 10, 0.27);
-  DisegnaCifraSegmenti(slate.run, 0, 0, -1, 0.27);
+  for (const int none : {10, -1}) DisegnaCifraSegmenti(slate.run, 0, 0, none, 0.27);
   EXPECT_TRUE(slate.lines().empty());
 }
 

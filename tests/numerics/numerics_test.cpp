@@ -13,14 +13,11 @@ namespace dialwright {
 namespace {
 
 TEST(Fault, IsWhatAFailingStatementYields) {
-  EXPECT_TRUE(std::isnan(over(1, 0)));
-  EXPECT_TRUE(std::isnan(over(0, 0)));
-  EXPECT_TRUE(std::isnan(over(1e300, 1e-300)));
-  EXPECT_TRUE(std::isnan(over(1, INFINITY)));
-  EXPECT_TRUE(std::isnan(root(-1e-300)));
-  EXPECT_TRUE(std::isnan(logarithm(0)));
-  EXPECT_TRUE(std::isnan(exponential(1000)));
-  EXPECT_TRUE(std::isnan(arctan(1e200 * 1e200))) << "an overflow is no quarter turn";
+  for (const double fault :
+       {over(1, 0), over(0, 0), over(1e300, 1e-300), over(1, INFINITY), root(-1e-300), logarithm(0),
+        exponential(1000), arctan(1e200 * 1e200) /* an overflow is no quarter turn */}) {
+    EXPECT_TRUE(std::isnan(fault)) << fault;
+  }
   EXPECT_EQ(over(6, 4), 1.5);
   EXPECT_EQ(root(0), 0);
 }
@@ -67,17 +64,16 @@ TEST(Angles, FollowTheConstantOfTheMoment) {
 }
 
 TEST(Angles, HoursAndWholeTurns) {
-  const HourParts half = OreDaAngolo(22.5);
-  EXPECT_EQ(half.hours, 1);
-  EXPECT_EQ(half.minutes, 30);
-  EXPECT_EQ(half.seconds, 0);
-  EXPECT_EQ(OreDaAngolo(-7.5).hours, -1);
-  EXPECT_EQ(OreDaAngolo(-7.5).minutes, 30);
-  EXPECT_EQ(Normalizza360(720), 0);
-  EXPECT_EQ(Normalizza360(-360), 360);
-  EXPECT_EQ(Normalizza360(0), 360);
-  EXPECT_EQ(Normalizza360(-30), 330);
-  EXPECT_EQ(Normalizza360(725), 5);
+  const auto hours = [](double degrees) {
+    const HourParts parts = OreDaAngolo(degrees);
+    return std::vector<double>{parts.hours, parts.minutes, parts.seconds};
+  };
+  EXPECT_EQ(hours(22.5), (std::vector<double>{1, 30, 0}));
+  EXPECT_EQ(hours(-7.5), (std::vector<double>{-1, 30, 0}));
+  for (const auto& [angle, turn] :
+       {std::pair(720, 0), {-360, 360}, {0, 360}, {-30, 330}, {725, 5}}) {
+    EXPECT_EQ(Normalizza360(angle), turn) << angle;
+  }
   EXPECT_DOUBLE_EQ(CosIperbolico(1.25), std::cosh(1.25));
   EXPECT_TRUE(std::isnan(CosIperbolico(1e6)));
 }
@@ -106,42 +102,39 @@ TEST(Sweep, AccumulatesUpToItsBound) {
 }
 
 TEST(Sweep, NeverHangs) {
-  EXPECT_TRUE(samplesOf({0, 1, 0}).empty());
-  EXPECT_TRUE(samplesOf({0, 1, -1}).empty());
-  EXPECT_TRUE(samplesOf({0, 1, kFault}).empty());
-  EXPECT_TRUE(samplesOf({kFault, 1, 1}).empty());
-  EXPECT_TRUE(samplesOf({0, 1, 1e-300}).empty());
-  EXPECT_TRUE(samplesOf({0, INFINITY, 1}).empty());
-  EXPECT_TRUE(samplesOf({1e300, 1e300, 1}).empty()) << "a step that the sum swallows";
-  EXPECT_TRUE(samplesOf({0, 2'000'001, 1}).empty());
+  const Sweep kCases[] = {
+      {0, 1, 0},        {0, 1, -1},       {0, 1, kFault},    {kFault, 1, 1},
+      {0, 1, 1e-300},   {0, INFINITY, 1}, {1e300, 1e300, 1},  // a step that the sum swallows
+      {0, 2'000'001, 1}};
+  for (const Sweep& sweep : kCases) EXPECT_TRUE(samplesOf(sweep).empty()) << &sweep - kCases;
   EXPECT_FALSE(samplesOf({0, 1'999'999, 1}).empty());
 }
 
 TEST(Numbers, AreTheNumericPrefixOfAText) {
-  const std::vector<std::pair<const char*, double>> cases = {{"45.7438", 45.7438},
-                                                             {"-14.57", -14.57},
-                                                             {".2", 0.2},
-                                                             {"-.5", -0.5},
-                                                             {"  7 8", 7},
-                                                             {"12abc", 12},
-                                                             {"abc", 0},
-                                                             {"", 0},
-                                                             {"1,5", 1},
-                                                             {"1.2.3", 1.2},
-                                                             {"5-3", 5},
-                                                             {"1e3", 1000},
-                                                             {"2E-1x", 0.2},
-                                                             {"3e", 3},
-                                                             {"3e+", 3},
-                                                             {"+4", 4},
-                                                             {"-", 0},
-                                                             {".", 0},
-                                                             {"0x10", 0},
-                                                             {"nan", 0},
-                                                             {"inf", 0},
-                                                             {"1e-400", 0},
-                                                             {" 13", 13},
-                                                             {"--3", 0}};
+  const std::pair<const char*, double> cases[] = {{"45.7438", 45.7438},
+                                                  {"-14.57", -14.57},
+                                                  {".2", 0.2},
+                                                  {"-.5", -0.5},
+                                                  {"  7 8", 7},
+                                                  {"12abc", 12},
+                                                  {"abc", 0},
+                                                  {"", 0},
+                                                  {"1,5", 1},
+                                                  {"1.2.3", 1.2},
+                                                  {"5-3", 5},
+                                                  {"1e3", 1000},
+                                                  {"2E-1x", 0.2},
+                                                  {"3e", 3},
+                                                  {"3e+", 3},
+                                                  {"+4", 4},
+                                                  {"-", 0},
+                                                  {".", 0},
+                                                  {"0x10", 0},
+                                                  {"nan", 0},
+                                                  {"inf", 0},
+                                                  {"1e-400", 0},
+                                                  {" 13", 13},
+                                                  {"--3", 0}};
   for (const auto& [text, number] : cases) EXPECT_EQ(numberOf(text), number) << '"' << text << '"';
   EXPECT_TRUE(std::isnan(numberOf("1e400"))) << "an overflow is a fault";
   EXPECT_TRUE(std::isnan(numberOf(std::string(400, '9'))));
@@ -153,15 +146,15 @@ TEST(Numbers, AreTheNumericPrefixOfAText) {
 }
 
 TEST(Numbers, AreWrittenPlainly) {
-  const std::vector<std::pair<double, const char*>> cases = {{0.2, "0.2"},
-                                                             {15, "15"},
-                                                             {-14.57, "-14.57"},
-                                                             {1e-5, "1E-05"},
-                                                             {0.0001, "0.0001"},
-                                                             {-0.0, "0"},
-                                                             {1e15, "1E+15"},
-                                                             {123456789012345, "123456789012345"},
-                                                             {1.0 / 3, "0.333333333333333"}};
+  const std::pair<double, const char*> cases[] = {{0.2, "0.2"},
+                                                  {15, "15"},
+                                                  {-14.57, "-14.57"},
+                                                  {1e-5, "1E-05"},
+                                                  {0.0001, "0.0001"},
+                                                  {-0.0, "0"},
+                                                  {1e15, "1E+15"},
+                                                  {123456789012345, "123456789012345"},
+                                                  {1.0 / 3, "0.333333333333333"}};
   for (const auto& [number, text] : cases) EXPECT_EQ(textOf(number), text);
   EXPECT_EQ(textOf(kFault), "");
   EXPECT_EQ(textWithSign(3), " 3");

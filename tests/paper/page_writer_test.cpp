@@ -8,76 +8,71 @@
 #include "paper/ink.hpp"
 #include "paper/reading.hpp"
 #include "sheet/view.hpp"
+#include "support/laid_out.hpp"
 
 namespace dialwright {
 namespace {
 
 constexpr int kResolution = 300;
 constexpr double kDots = kResolution / 0.0254;  // a metre
-constexpr double kLeft = 0.0055;                // of the printable part on the paper
+int dot(double metres) { return static_cast<int>(metres * kDots); }
+constexpr double kLeft = 0.0055;  // of the printable part on the paper
 constexpr double kTop = 0.0085;
 
 // A sheet of three by two pages with its origin in its corner.
 class PagesTest : public testing::Test {
  protected:
-  PagesTest() {
-    sheet.QuadranteL(2.9 * kPageW);
-    sheet.QuadranteH(1.9 * kPageH);
-  }
   // The place within a page: column and row from 0, and metres from its corner.
   static double x(int column, double metres) { return column * kPageW + metres; }
   static double y(int row, double metres) { return row * kPageH + metres; }
 
-  SheetPlot sheet;
+  // Which pages the sheet inks, which it then has no more.
+  std::vector<int> inked() {
+    const std::vector<int> numbers = inkedPages(sheet);
+    sheet.Clear();
+    return numbers;
+  }
+
+  SheetPlot sheet = laidOut(2.9 * kPageW, 1.9 * kPageH, 0, 0);
 };
 
 using Numbers = std::vector<int>;
 
 TEST_F(PagesTest, InkIsFoundWhereItFalls) {
-  EXPECT_EQ(inkedPages(sheet), Numbers{});
+  EXPECT_EQ(inked(), Numbers{});
   sheet.xLine(x(0, 0.1), y(0, 0.1), x(0, 0.1), y(0, 0.1), palette(15));
-  EXPECT_EQ(inkedPages(sheet), Numbers{}) << "a line without length is not drawn";
+  EXPECT_EQ(inked(), Numbers{}) << "a line without length is not drawn";
   sheet.xLine(x(0, 0.1), 0.1, x(1, 0), 0.1, palette(15));
-  EXPECT_EQ(inkedPages(sheet), Numbers{1}) << "an end on the border is no ink beyond";
+  EXPECT_EQ(inked(), Numbers{1}) << "an end on the border is no ink beyond";
   sheet.xLine(x(0, 0.19), y(0, 0.1), x(1, 0.01), y(0, 0.1), palette(15));
-  EXPECT_EQ(inkedPages(sheet), (Numbers{1, 2}));
-  sheet.Clear();
-  // Past the corner that four pages share, without touching the one on the far side.
+  EXPECT_EQ(inked(), (Numbers{1, 2}));
   sheet.xLine(x(0, kPageW - 0.02), y(1, 0.01), x(1, 0.01), y(0, kPageH - 0.02), palette(15));
-  EXPECT_EQ(inkedPages(sheet), (Numbers{1, 2, 4}));
-  sheet.Clear();
+  EXPECT_EQ(inked(), (Numbers{1, 2, 4})) << "past the corner of four pages";
   sheet.xPset(x(2, 0.05), y(1, 0.05), palette(15));
-  EXPECT_EQ(inkedPages(sheet), Numbers{6});
-  sheet.Clear();
+  EXPECT_EQ(inked(), Numbers{6});
   sheet.Dati("over the border", x(1, 0.19), y(0, 0.1));
-  EXPECT_EQ(inkedPages(sheet), (Numbers{2, 3}));
-  sheet.Clear();
+  EXPECT_EQ(inked(), (Numbers{2, 3}));
   sheet.xLine(5, 5, 6, 6, palette(15));
   sheet.Dati("off", 5, 5);
   sheet.Dati("   ", 0.1, 0.1);
   SheetView(sheet).press(SheetCommand::CmdGriglia);
-  EXPECT_EQ(inkedPages(sheet), Numbers{}) << "the page grid is no ink";
+  EXPECT_EQ(inked(), Numbers{}) << "the page grid is no ink";
+  sheet.ShiftX(1.45 * kPageW);
+  sheet.xPset(-1.2 * kPageW, 0.1, palette(15));
+  EXPECT_EQ(inkedPages(sheet), Numbers{1});
+  sheet.invertX();
+  EXPECT_EQ(inkedPages(sheet), Numbers{3});
 }
 
 TEST_F(PagesTest, OutlinesInkNoPageInsideThem) {
   sheet.QuadranteL(3 * kPageW);
   sheet.QuadranteH(3 * kPageH);
   sheet.xBox(0.01, 0.01, x(2, 0.1), y(2, 0.1), palette(15), false);
-  EXPECT_EQ(inkedPages(sheet), (Numbers{1, 2, 3, 4, 6, 7, 8, 9}));
-  sheet.Clear();
+  EXPECT_EQ(inked(), (Numbers{1, 2, 3, 4, 6, 7, 8, 9}));
   sheet.xCircle(x(1, 0.1), y(1, 0.14), 0.25, palette(15));
-  EXPECT_EQ(inkedPages(sheet), (Numbers{1, 2, 3, 4, 6, 7, 8, 9}));
-  sheet.Clear();
+  EXPECT_EQ(inked(), (Numbers{1, 2, 3, 4, 6, 7, 8, 9}));
   sheet.xCircle(x(1, 0.1), y(1, 0.14), 0.25, palette(15), {.fill = palette(6)});
-  EXPECT_EQ(inkedPages(sheet).size(), 9u);
-}
-
-TEST_F(PagesTest, InvertedDrawingsInkTheirOtherSide) {
-  sheet.ShiftX(1.45 * kPageW);
-  sheet.xPset(-1.2 * kPageW, 0.1, palette(15));
-  EXPECT_EQ(inkedPages(sheet), Numbers{1});
-  sheet.invertX();
-  EXPECT_EQ(inkedPages(sheet), Numbers{3});
+  EXPECT_EQ(inked().size(), 9u);
 }
 
 TEST_F(PagesTest, PagesShowTheirPartAtTrueSizeWithinTheirMarks) {
@@ -92,7 +87,6 @@ TEST_F(PagesTest, PagesShowTheirPartAtTrueSizeWithinTheirMarks) {
   EXPECT_NE(reader.text(3).find("(3 / 3, 2 / 2)"), std::string::npos) << reader.text(3);
 
   const Picture page = reader.rendered(2, kResolution);
-  const auto dot = [](double metres) { return static_cast<int>(metres * kDots); };
   EXPECT_NEAR(page.crossingOfRow(dot(kTop + 0.1), 0, page.width), (kLeft + 0.12) * kDots, 0.6);
   EXPECT_NEAR(page.crossingOfColumn(dot(kLeft + 0.03), dot(0.02), dot(0.25)), (kTop + 0.05) * kDots,
               0.6);
@@ -104,12 +98,10 @@ TEST_F(PagesTest, PagesShowTheirPartAtTrueSizeWithinTheirMarks) {
 }
 
 TEST_F(PagesTest, TheRulerIsAHundredMillimetresLong) {
-  PagesOptions options;
-  options.numbers = {6};
-  const Picture page =
-      PdfReader(written(writePages, sheet, options).bytes).rendered(1, kResolution);
+  const Written pages = written(writePages, sheet, PagesOptions{.numbers = {6}});
+  const Picture page = PdfReader(pages.bytes).rendered(1, kResolution);
   // Halfway up the long ticks only these three stand; the label is to the left, the words right.
-  const int row = static_cast<int>((kTop + kPageH + 0.0024) * kDots);
+  const int row = dot(kTop + kPageH + 0.0024);
   const auto tick = [&](double millimetres) {
     const double at = (0.105 - 0.05 + millimetres / 1000) * kDots;
     return page.crossingOfRow(row, static_cast<int>(at - 20), static_cast<int>(at + 20));
@@ -119,14 +111,11 @@ TEST_F(PagesTest, TheRulerIsAHundredMillimetresLong) {
 }
 
 TEST_F(PagesTest, ChosenPagesComeInTheirOrderAndMustExist) {
-  PagesOptions options;
-  options.numbers = {6, 2, 6};
-  const PdfReader reader(written(writePages, sheet, options).bytes);
+  const PdfReader reader(written(writePages, sheet, PagesOptions{.numbers = {6, 2, 6}}).bytes);
   EXPECT_EQ(reader.info("Pages"), "3");
   EXPECT_TRUE(reader.text(2).starts_with("2 "));
   EXPECT_TRUE(reader.text(3).starts_with("6 "));
-  options.numbers = {7};
-  const Written none = written(writePages, sheet, options);
+  const Written none = written(writePages, sheet, PagesOptions{.numbers = {7}});
   EXPECT_EQ(none.bytes, "");
   EXPECT_NE(none.problem.find("1 to 6"), std::string::npos);
   EXPECT_NE(written(writePages, sheet, PagesOptions()).problem, "") << "no ink";
@@ -144,8 +133,7 @@ TEST_F(PagesTest, ThePrinterMakesADocumentOfWhatTheSheetPrints) {
   const PdfReader pages(bytes);
   EXPECT_EQ(pages.info("Pages"), "2");
   EXPECT_TRUE(pages.text(1).starts_with("2"));
-  const Picture first = pages.rendered(1, 100);
-  const auto dot = [](double metres) { return static_cast<int>(metres * 100 / 0.0254); };
+  const Picture first = pages.rendered(1, kResolution);
   EXPECT_GT(first.inkedPixels(0, dot(0.1), dot(0.05), dot(0.12)), 100);
   EXPECT_EQ(first.inkedPixels(dot(0.06), dot(0.1), first.width, dot(0.12)), 0);
 

@@ -9,6 +9,7 @@
 
 #include "numerics/fault.hpp"
 #include "paper/reading.hpp"
+#include "support/laid_out.hpp"
 
 namespace dialwright {
 namespace {
@@ -19,24 +20,21 @@ constexpr double kPixelsPerMeter = kTwipsPerMeter / kPixel;
 // A sheet of 0.2 x 0.15 m with its origin in the middle.
 class PictureTest : public testing::Test {
  protected:
-  PictureTest() {
-    sheet.QuadranteH(0.15);
-    sheet.QuadranteL(0.2);
-    sheet.ShiftX(0.1);
-    sheet.ShiftY(0.075);
+  PdfReader pdf(const PictureOptions& options = {}) const {
+    const Written result = written(writePdf, sheet, options);
+    EXPECT_EQ(result.problem, "");
+    return PdfReader(result.bytes);
   }
-  SheetPlot sheet;
+  std::string png() const { return written(writePng, sheet, kScreenPicture).bytes; }
+
+  SheetPlot sheet = laidOut(0.2, 0.15, 0.1, 0.075);
 };
 
 TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
   sheet.xLine(-0.05, -0.02, 0.05, -0.02, palette(15));
   sheet.xLine(0, -0.05, 0, 0.05, palette(12));
   for (const int n : {1, 4}) {
-    PictureOptions options;
-    options.scale = n;
-    const Written pdf = written(writePdf, sheet, options);
-    ASSERT_EQ(pdf.problem, "");
-    const PdfReader reader(pdf.bytes);
+    const PdfReader reader = pdf({.scale = n});
     const auto ends = reader.pathPoints();
     ASSERT_EQ(ends.size(), 4u);
     constexpr double kExact = 0.000002;  // Cairo's own grid: a 256th of a point
@@ -44,26 +42,21 @@ TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
     EXPECT_NEAR(std::abs(ends[3].second - ends[2].second) / kPointsPerMeter, 0.1 / n, kExact);
     EXPECT_NEAR(ends[0].first / kPointsPerMeter, 0.05 / n, kExact);
 
-    const double dots = 300 / kInch / n;
     const Picture page = reader.rendered(1, 300);
-    EXPECT_NEAR(page.width, 0.2 * dots, 1) << "the page has the sheet's size";
-    EXPECT_NEAR(page.height, 0.15 * dots, 1);
-    EXPECT_NEAR(page.crossingOfRow(page.height / 2, 0, page.width), 0.1 * dots, 0.5);
-    EXPECT_NEAR(page.crossingOfColumn(page.width / 3, 0, page.height), 0.055 * dots, 0.5);
+    EXPECT_NEAR(page.width, 0.2 * 300 / kInch / n, 1) << "the page has the sheet's size";
+    EXPECT_NEAR(page.height, 0.15 * 300 / kInch / n, 1);
   }
 }
 
 TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
-  const std::pair<double, double> kCurve[] = {{0, 0}, {0.01, 0.02}, {0.02, 0.01}, {0.03, 0.03}};
   for (const bool backward : {false, true}) {
     sheet.Clear();
-    for (std::size_t i = 1; i < std::size(kCurve); ++i) {
-      const auto [x1, y1] = kCurve[backward ? i : i - 1];
-      const auto [x2, y2] = kCurve[backward ? i - 1 : i];
-      sheet.xLine(x1, y1, x2, y2, palette(15));
+    for (int i = 0; i < 3; ++i) {
+      const double from = (i + backward) * 0.01, to = (i + !backward) * 0.01;
+      sheet.xLine(from, from * from, to, to * to, palette(15));
     }
     sheet.xLine(-0.05, 0, -0.06, 0, palette(15));
-    const auto points = PdfReader(written(writePdf, sheet, PictureOptions()).bytes).pathPoints();
+    const auto points = pdf().pathPoints();
     ASSERT_EQ(points.size(), 4u + 2u) << backward;
     EXPECT_NEAR(points[3].first / kPointsPerMeter, 0.13, 1e-5);
     EXPECT_NEAR(points[5].first / kPointsPerMeter, 0.04, 1e-5);
@@ -73,48 +66,40 @@ TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
 TEST_F(PictureTest, LinesAreAQuarterOfAMillimetreWideOrTheirRecordsMultiple) {
   sheet.xLine(-0.05, -0.02, -0.05, 0.02, palette(15));
   sheet.xLine(0.05, -0.02, 0.05, 0.02, palette(15), {.width = 4});
-  PictureOptions thick;
-  thick.lineWidth = 0.0005;
-  for (const PictureOptions& options : {PictureOptions(), thick}) {
-    const Picture page = PdfReader(written(writePdf, sheet, options).bytes).rendered(1, 600);
+  for (const double width : {PictureOptions().lineWidth, 0.0005}) {
+    const Picture page = pdf({.scale = {}, .lineWidth = width}).rendered(1, 600);
     const auto widthBetween = [&](int from, int to) {
       double ink = 0;
       for (int x = from; x < to; ++x) ink += (255 - page.at(x, page.height / 2)) / 255.0;
       return ink / 600 * kInch;
     };
-    EXPECT_NEAR(widthBetween(0, page.width / 2), options.lineWidth, 0.00003);
-    EXPECT_NEAR(widthBetween(page.width / 2, page.width), 4 * options.lineWidth, 0.00003);
+    EXPECT_NEAR(widthBetween(0, page.width / 2), width, 0.00003);
+    EXPECT_NEAR(widthBetween(page.width / 2, page.width), 4 * width, 0.00003);
   }
 }
 
 TEST_F(PictureTest, OwnInksStandOnTheSheetsGround) {
   sheet.BackColor = rgb(0, 0, 90);
   sheet.xLine(0, -0.02, 0, 0.02, palette(15), {.width = 4});
-  PictureOptions dark;
-  dark.inks = Inks::Own;
-  const Picture page = PdfReader(written(writePdf, sheet, dark).bytes).rendered(1, 100);
+  const Picture page = pdf({.scale = {}, .inks = Inks::Own}).rendered(1, 100);
   EXPECT_LT(page.at(5, 5), 60);
   EXPECT_GT(page.at(page.width / 2, page.height / 2), 200);
-  const CairoSurface png = readPng(written(writePng, sheet, kScreenPicture).bytes);
-  EXPECT_EQ(pixelOf(png, 5, 5), 0x00005Au);
+  const CairoSurface image = readPng(png());
+  EXPECT_EQ(pixelOf(image, 5, 5), 0x00005Au);
 }
 
 TEST_F(PictureTest, PixelsAgreeWithTheModel) {
-  sheet.xLine(-0.0423, -0.07, -0.0423, -0.03, palette(15));
   sheet.xLine(-0.09, 0.0317, 0.09, 0.0317, palette(15));
   sheet.xLine(0.02, -0.07, 0.06, 0.02, palette(15));
   sheet.invertX();
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   EXPECT_EQ(image.width, std::ceil(0.2 * kPixelsPerMeter));
   EXPECT_EQ(image.height, std::ceil(0.15 * kPixelsPerMeter));
-  const auto column = [](double x) { return (x + 0.1) * kPixelsPerMeter; };
-  const auto row = [](double y) { return (y + 0.075) * kPixelsPerMeter; };
-  EXPECT_NEAR(image.crossingOfRow(20, 380, image.width), column(0.0423), 0.51);
-  EXPECT_NEAR(image.crossingOfColumn(60, 300, image.height), row(0.0317), 0.51);
+  EXPECT_NEAR(image.crossingOfColumn(60, 300, image.height), 0.1067 * kPixelsPerMeter, 0.51);
   for (int y = 20; y < 300; y += 40) {
-    const double model = (y + 0.5) / kPixelsPerMeter - 0.075;
-    EXPECT_NEAR(image.crossingOfRow(y, 0, 350), column(-(0.02 + 0.04 * (model + 0.07) / 0.09)), 0.5)
-        << y;
+    const double down = (y + 0.5) / kPixelsPerMeter - 0.005;
+    const double model = (0.08 - 0.04 * down / 0.09) * kPixelsPerMeter;
+    EXPECT_NEAR(image.crossingOfRow(y, 0, image.width), model, 0.5) << y;
   }
 }
 
@@ -125,24 +110,24 @@ TEST_F(PictureTest, PointsAndCirclesStandWhereTheyShould) {
   sheet.xCircle(0.06, 0, 0.02, palette(15), {.endAngle = 2 * kShortPi});
   sheet.xCircle(-0.06, 0, 0.02, palette(15), {.aspect = 0.5});
   sheet.xCircle(0, 0.05, 0.02, palette(15), {.startAngle = -1e-9, .endAngle = -kShortPi / 2});
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   const auto inkAt = [&](double x, double y) {
     const int column = static_cast<int>((x + 0.1) * kPixelsPerMeter);
     const int row = static_cast<int>((y + 0.075) * kPixelsPerMeter);
     return image.inkedPixels(column - 1, row - 1, column + 2, row + 2) > 0;
   };
   constexpr double kSlope = 0.02 * std::numbers::sqrt2 / 2;
-  EXPECT_TRUE(inkAt(-0.06, -0.05));
-  EXPECT_TRUE(inkAt(kSlope, -kSlope)) << "counter-clockwise for the eye";
-  EXPECT_FALSE(inkAt(-kSlope, -kSlope));
-  EXPECT_FALSE(inkAt(kSlope, kSlope));
-  EXPECT_FALSE(inkAt(0.01, 0)) << "an arc is open";
-  EXPECT_TRUE(inkAt(0.06 - kSlope, kSlope)) << "a whole turn";
-  EXPECT_TRUE(inkAt(-0.08, 0)) << "a flat ellipse";
-  EXPECT_TRUE(inkAt(-0.06, 0.01));
-  EXPECT_FALSE(inkAt(-0.06, 0.02));
-  EXPECT_TRUE(inkAt(0.01, 0.05)) << "the radii of a slice";
-  EXPECT_TRUE(inkAt(0, 0.04));
+  const std::pair<double, double> kInk[] = {{-0.06, -0.05},     //
+                                            {kSlope, -kSlope},  // counter-clockwise for the eye
+                                            {0.06 - kSlope, kSlope},  // a whole turn
+                                            {-0.08, 0},               // a flat ellipse
+                                            {-0.06, 0.01},            //
+                                            {0.01, 0.05},             // the radii of a slice
+                                            {0, 0.04}};
+  const std::pair<double, double> kNone[] = {
+      {-kSlope, -kSlope}, {kSlope, kSlope}, {0.01, 0}, {-0.06, 0.02}};
+  for (const auto& [x, y] : kInk) EXPECT_TRUE(inkAt(x, y)) << x << ' ' << y;
+  for (const auto& [x, y] : kNone) EXPECT_FALSE(inkAt(x, y)) << x << ' ' << y;
 }
 
 TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
@@ -150,7 +135,7 @@ TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
   sheet.Dati("below");
   sheet.Dati("bro\xE9ken");
   sheet.Dati("after");
-  const PdfReader reader(written(writePdf, sheet, PictureOptions()).bytes);
+  const PdfReader reader = pdf();
   const auto [x, y] = reader.placeOf("placed");
   EXPECT_NEAR(x / kPointsPerMeter, 0.12, 0.0005);
   EXPECT_NEAR(y / kPointsPerMeter, 0.085, 0.001);
@@ -166,13 +151,12 @@ TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
 TEST_F(PictureTest, TheSameDrawingGivesTheSameBytesWithAChosenDate) {
   sheet.Dati("text", 0, 0);
   sheet.xLine(-0.05, 0, 0.05, 0.01, palette(14));
-  const std::string pdf = written(writePdf, sheet, PictureOptions()).bytes;
-  EXPECT_EQ(pdf, written(writePdf, sheet, PictureOptions()).bytes);
-  EXPECT_NE(PdfReader(pdf).info("CreationDate").find("2000"), std::string::npos);
+  const auto bytes = [&] { return written(writePdf, sheet, PictureOptions()).bytes; };
+  EXPECT_EQ(bytes(), bytes());
+  EXPECT_NE(pdf().info("CreationDate").find("2000"), std::string::npos);
   setenv("SOURCE_DATE_EPOCH", "1500000000", 1);
-  const std::string dated = written(writePdf, sheet, PictureOptions()).bytes;
+  EXPECT_NE(pdf().info("CreationDate").find("2017"), std::string::npos);
   unsetenv("SOURCE_DATE_EPOCH");
-  EXPECT_NE(PdfReader(dated).info("CreationDate").find("2017"), std::string::npos);
 }
 
 TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
@@ -180,48 +164,43 @@ TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
   sheet.xLine(-0.09, -0.07, 0.08, 0.06, palette(10));
   sheet.xLine(-0.09, 0.07, 0.08, 0.06, palette(12));
   const std::string bmp = written(writeBmp, sheet, kScreenPicture).bytes;
-  const CairoSurface png = readPng(written(writePng, sheet, kScreenPicture).bytes);
-  const auto number = [&](std::size_t at, int bytes) {
+  const CairoSurface image = readPng(png());
+  const auto number = [&](std::size_t at, std::size_t bytes) {
     std::uint32_t value = 0;
-    for (int i = bytes - 1; i >= 0; --i) {
-      value = value << 8 | static_cast<unsigned char>(bmp[at + static_cast<std::size_t>(i)]);
-    }
+    bmp.copy(reinterpret_cast<char*>(&value), bytes, at);
     return value;
   };
   ASSERT_EQ(bmp.substr(0, 2), "BM");
   EXPECT_EQ(number(2, 4), bmp.size());
   const auto width = static_cast<int>(number(18, 4));
   const auto height = static_cast<int>(number(22, 4));
-  ASSERT_EQ(width, cairo_image_surface_get_width(png.get()));
-  ASSERT_EQ(height, cairo_image_surface_get_height(png.get()));
+  ASSERT_EQ(width, cairo_image_surface_get_width(image.get()));
+  ASSERT_EQ(height, cairo_image_surface_get_height(image.get()));
   const std::size_t row = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
   ASSERT_EQ(bmp.size(), number(10, 4) + row * static_cast<std::size_t>(height));
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       const std::size_t at = number(10, 4) + row * static_cast<std::size_t>(height - 1 - y) +
                              3 * static_cast<std::size_t>(x);
-      ASSERT_EQ(number(at, 3), pixelOf(png, x, y)) << x << ' ' << y;
+      ASSERT_EQ(number(at, 3), pixelOf(image, x, y)) << x << ' ' << y;
     }
   }
 }
 
 TEST_F(PictureTest, WhatCantBeMadeIsRefusedWithAReason) {
-  PictureOptions options;
-  options.scale = 0;
-  EXPECT_NE(written(writePdf, sheet, options).problem, "");
+  EXPECT_NE(written(writePdf, sheet, PictureOptions{.scale = 0}).problem, "");
   sheet.QuadranteH(15);
   sheet.QuadranteL(15);
-  options.scale = 1;
-  const Written large = written(writePng, sheet, options);
+  const Written large = written(writePng, sheet, PictureOptions{.scale = 1});
   EXPECT_EQ(large.bytes, "");
   EXPECT_NE(large.problem.find("1:6 "), std::string::npos) << large.problem;
   sheet.QuadranteH(0);
   EXPECT_NE(written(writeBmp, sheet, kScreenPicture).problem, "");
   sheet.QuadranteH(0.1);
   const Sink full = [](std::string_view) { throw std::length_error("full"); };
-  EXPECT_THROW((void)writePdf(sheet, full), std::length_error);
-  EXPECT_THROW((void)writePng(sheet, full), std::length_error);
-  EXPECT_THROW((void)writeBmp(sheet, full), std::length_error);
+  for (const auto write : {writePdf, writePng, writeBmp}) {
+    EXPECT_THROW((void)write(sheet, full, kScreenPicture), std::length_error);
+  }
 }
 
 TEST_F(PictureTest, WildNumbersAreDrawnOrLeftOut) {
@@ -234,7 +213,7 @@ TEST_F(PictureTest, WildNumbersAreDrawnOrLeftOut) {
     sheet.Dati("x", wild, wild);
   }
   sheet.xLine(-0.05, 0.05, 0.05, 0.05, palette(15));
-  const Picture image = pictureOf(written(writePng, sheet, kScreenPicture).bytes);
+  const Picture image = pictureOf(png());
   const int column = static_cast<int>(0.06 * kPixelsPerMeter);
   EXPECT_NEAR(image.crossingOfColumn(column, 440, 500), 0.125 * kPixelsPerMeter, 0.51);
 }

@@ -3,18 +3,15 @@
 
 #include <cairo.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <array>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <memory>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "paper/surface.hpp"
+#include "support/folder.hpp"
 
 namespace dialwright {
 
@@ -41,13 +38,9 @@ struct Picture {
   int at(int x, int y) const { return grey[static_cast<std::size_t>(y * width + x)]; }
 
   // Where a stroke crosses, in pixels from the left (or top): the middle of what differs from the
-  // ground between two pixels of a row (or column).
-  double crossingOfRow(int y, int from, int to) const {
-    return crossing(from, to, [&](int x) { return at(x, y); });
-  }
-  double crossingOfColumn(int x, int from, int to) const {
-    return crossing(from, to, [&](int y) { return at(x, y); });
-  }
+  // ground between two pixels of a row (or column); a NaN where there is no ink.
+  double crossingOfRow(int y, int from, int to) const { return crossing(from, to, 1, y * width); }
+  double crossingOfColumn(int x, int from, int to) const { return crossing(from, to, width, x); }
   int inkedPixels(int left, int top, int right, int bottom) const {
     int count = 0;
     for (int y = top; y < bottom; ++y) {
@@ -57,30 +50,53 @@ struct Picture {
   }
 
  private:
-  template <class At>
-  double crossing(int from, int to, At level) const {
-    double sum = 0;
-    double moment = 0;
+  double crossing(int from, int to, int step, int start) const {
+    double sum = 0, moment = 0;
     for (int i = from; i < to; ++i) {
-      const double ink = std::abs(level(i) - grey[0]);
+      const double ink = std::abs(grey[static_cast<std::size_t>(start + i * step)] - grey[0]);
       sum += ink;
       moment += ink * (i + 0.5);
     }
-    return moment / sum;  // a NaN where there is no ink
+    return moment / sum;
   }
 };
+
+// The RGB24 pixels of a PNG.
+inline CairoSurface readPng(const std::string& bytes) {
+  std::string_view rest = bytes;
+  const auto read = [](void* from, unsigned char* into, unsigned int count) {
+    auto& left = *static_cast<std::string_view*>(from);
+    if (left.size() < count) return CAIRO_STATUS_READ_ERROR;
+    left.copy(reinterpret_cast<char*>(into), count);
+    left.remove_prefix(count);
+    return CAIRO_STATUS_SUCCESS;
+  };
+  return CairoSurface(cairo_image_surface_create_from_png_stream(read, &rest));
+}
+
+inline std::uint32_t pixelOf(const CairoSurface& image, int x, int y) {
+  const unsigned char* data = cairo_image_surface_get_data(image.get());
+  const int stride = cairo_image_surface_get_stride(image.get());
+  return reinterpret_cast<const std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride)[x] &
+         0xFFFFFF;
+}
+
+inline Picture pictureOf(const std::string& png) {
+  const CairoSurface image = readPng(png);
+  Picture picture{
+      cairo_image_surface_get_width(image.get()), cairo_image_surface_get_height(image.get()), {}};
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x) {
+      picture.grey.push_back(static_cast<int>(pixelOf(image, x, y) >> 8 & 255));
+    }
+  }
+  return picture;
+}
 
 // A PDF in a folder of its own that poppler's tools are run on.
 class PdfReader {
  public:
-  explicit PdfReader(const std::string& bytes) {
-    std::string name = std::filesystem::temp_directory_path() / "paper_test_XXXXXX";
-    folder_ = mkdtemp(name.data());
-    std::ofstream(folder_ / "it.pdf", std::ios::binary) << bytes;
-  }
-  ~PdfReader() { std::filesystem::remove_all(folder_); }
-  PdfReader(const PdfReader&) = delete;
-  PdfReader& operator=(const PdfReader&) = delete;
+  explicit PdfReader(const std::string& bytes) { folder_.put("it.pdf", bytes); }
 
   // The value of a line of pdfinfo.
   std::string info(const std::string& key) const {
@@ -120,66 +136,18 @@ class PdfReader {
     return points;
   }
   Picture rendered(int page, int dotsPerInch) const {
-    const std::string number = std::to_string(page);
-    output("pdftoppm -gray -singlefile -f " + number + " -r " + std::to_string(dotsPerInch) +
-           " it.pdf it");
-    std::ifstream file(folder_ / "it.pgm", std::ios::binary);
-    Picture picture;
-    std::string magic;
-    int most = 0;
-    file >> magic >> picture.width >> picture.height >> most;
-    file.get();
-    std::string pixels(static_cast<std::size_t>(picture.width * picture.height), '\0');
-    file.read(pixels.data(), static_cast<std::streamsize>(pixels.size()));
-    for (const char c : pixels) picture.grey.push_back(static_cast<unsigned char>(c));
-    return picture;
+    output("pdftoppm -png -gray -singlefile -f " + std::to_string(page) + " -r " +
+           std::to_string(dotsPerInch) + " it.pdf it");
+    return pictureOf(folder_.get("it.png"));
   }
 
  private:
   std::string output(const std::string& command) const {
-    const std::string inside = "cd '" + folder_.string() + "' && " + command;
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(inside.c_str(), "r"), pclose);
-    std::string all;
-    std::array<char, 4096> chunk{};
-    while (const std::size_t n = fread(chunk.data(), 1, chunk.size(), pipe.get())) {
-      all.append(chunk.data(), n);
-    }
-    return all;
+    const std::string inside = "cd '" + folder_.path().string() + "' && " + command + " >out";
+    return std::system(inside.c_str()) == 0 ? folder_.get("out") : std::string();
   }
 
-  std::filesystem::path folder_;
+  Folder folder_;
 };
-
-// The RGB24 pixels of a PNG.
-inline CairoSurface readPng(const std::string& bytes) {
-  std::string_view rest = bytes;
-  const auto read = [](void* from, unsigned char* into, unsigned int count) {
-    auto& left = *static_cast<std::string_view*>(from);
-    if (left.size() < count) return CAIRO_STATUS_READ_ERROR;
-    left.copy(reinterpret_cast<char*>(into), count);
-    left.remove_prefix(count);
-    return CAIRO_STATUS_SUCCESS;
-  };
-  return CairoSurface(cairo_image_surface_create_from_png_stream(read, &rest));
-}
-
-inline std::uint32_t pixelOf(const CairoSurface& image, int x, int y) {
-  const unsigned char* data = cairo_image_surface_get_data(image.get());
-  const int stride = cairo_image_surface_get_stride(image.get());
-  return reinterpret_cast<const std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride)[x] &
-         0xFFFFFF;
-}
-
-inline Picture pictureOf(const std::string& png) {
-  const CairoSurface image = readPng(png);
-  Picture picture{
-      cairo_image_surface_get_width(image.get()), cairo_image_surface_get_height(image.get()), {}};
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      picture.grey.push_back(static_cast<int>(pixelOf(image, x, y) >> 8 & 255));
-    }
-  }
-  return picture;
-}
 
 }  // namespace dialwright

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "folder.hpp"
+#include "support/folder.hpp"
 
 namespace dialwright {
 namespace {
@@ -16,15 +16,11 @@ TEST(Dizionario, FindsTheFirstEntryWithoutCase) {
   Dizionario words;
   EXPECT_EQ(words.T("Latitude "), "Latitude ");
   words.load(folder.path(), " Q2006 ");
-  EXPECT_EQ(words.T("latitude "), "Latitudine ");
-  EXPECT_EQ(words.T("Latitude"), "Latitude");
-  EXPECT_EQ(words.T("no bar"), "no bar");
-  EXPECT_EQ(words.T("Blank"), "later");
-  EXPECT_EQ(words.T("bar"), "a|b");
-  EXPECT_EQ(words.T("lone\nfeed"), "one");
-  EXPECT_EQ(words.T("ÉTÉ Ÿ"), "summer");
-  EXPECT_EQ(words.T("LAST"), "end");
-  EXPECT_EQ(words.T(""), "");
+  const std::pair<const char*, const char*> kCases[] = {
+      {"latitude ", "Latitudine "}, {"Latitude", "Latitude"}, {"no bar", "no bar"},
+      {"Blank", "later"},           {"bar", "a|b"},           {"lone\nfeed", "one"},
+      {"ÉTÉ Ÿ", "summer"},          {"LAST", "end"},          {"", ""}};
+  for (const auto& [text, translation] : kCases) EXPECT_EQ(words.T(text), translation);
 }
 
 TEST(Dizionario, LoadsAKeyOnceAndANewKeyAnew) {

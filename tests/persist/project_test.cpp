@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <sstream>
 
-#include "folder.hpp"
 #include "shell/clicks.hpp"
+#include "support/folder.hpp"
+#include "support/written.hpp"
 
 namespace dialwright {
 namespace {
@@ -25,28 +27,22 @@ std::string bodyOf(std::string_view file) {
   return Ricomponi(Ricomponi(Ricomponi(record)));
 }
 
-bool isKept(FieldKind kind) { return kind != FieldKind::Button && kind != FieldKind::Combo; }
-
 // Everything that a file holds, for comparing.
 std::string snapshot(const Panel& panel) {
-  std::string all;
+  std::ostringstream all;
   for (std::size_t i = 0; i < kFieldCount; ++i) {
-    const FieldRow& row = rowOf(fieldAt(i));
+    const auto& [name, kind] = std::tie(rowOf(fieldAt(i)).name, rowOf(fieldAt(i)).kind);
     const Control& control = panel[fieldAt(i)];
-    if (!isKept(row.kind)) continue;
-    all.append(row.name)
-        .append(1, control.state ? '+' : '-')
-        .append(1, control.visible ? 'v' : 'h');
-    if (row.kind != FieldKind::Label) all.append(1, control.enabled ? 'e' : 'd');
-    all.append(control.text).append("\n");
-    if (row.kind == FieldKind::Label) all.append(control.caption).append("\n");
+    if (kind == FieldKind::Button || kind == FieldKind::Combo) continue;
+    all << name << control.state << control.visible << control.text;
+    if (kind == FieldKind::Label) all << control.caption << '\n';
+    if (kind != FieldKind::Label) all << control.enabled << '\n';
   }
   for (std::size_t i = 0; i < kItemCount; ++i) {
     const MenuItem& item = panel[itemAt(i)];
-    all.append(rowOf(itemAt(i)).name).append(1, item.checked ? '+' : '-');
-    all.append(1, item.visible ? 'v' : 'h').append(1, item.enabled ? 'e' : 'd').append("\n");
+    all << rowOf(itemAt(i)).name << item.checked << item.visible << item.enabled << '\n';
   }
-  return all;
+  return all.str();
 }
 
 TEST(Shuffle, IsUndone) {
@@ -66,9 +62,7 @@ TEST(Element, LiesBetweenItsFirstMarks) {
       "</b><b visible=true>1</b><empty visible=true>";
   EXPECT_EQ(LeggiElemento(body, "txtD1"), "visible=true enabled=false>0.5");
   EXPECT_EQ(LeggiElemento(body, "_ShiftX"), ">2");
-  EXPECT_EQ(LeggiElemento(body, "b"), "");
-  EXPECT_EQ(LeggiElemento(body, "empty"), "");
-  EXPECT_EQ(LeggiElemento(body, "none"), "");
+  for (const char* name : {"b", "empty", "none"}) EXPECT_EQ(LeggiElemento(body, name), "") << name;
   EXPECT_EQ(LeggiElemento("", "b"), "");
 }
 
@@ -79,16 +73,16 @@ TEST(Project, HasTheWrittenForm) {
   panel[Field::Distance1].caption = "  ";
   SheetPlot sheet;
   const std::string body = bodyOf(progettoDi(panel, sheet));
-  const auto has = [&body](std::string_view part) { return body.find(part) != std::string::npos; };
   EXPECT_TRUE(body.starts_with("<Label2 visible=true>List of inputs</Label2>\r\n<lblLatitudine "));
-  EXPECT_TRUE(has("<txtLocation visible=true enabled=true>a<b>c</txtLocation>\r\n"));
-  EXPECT_TRUE(has("<ckZodiaco visible=true enabled=true> 1</ckZodiaco>\r\n"));
-  EXPECT_TRUE(has("<ckAz visible=true enabled=true> 0</ckAz>\r\n"));
-  EXPECT_TRUE(has("<OptHorizontal visible=true enabled=true>-1</OptHorizontal>\r\n"));
-  EXPECT_TRUE(has("<FrameInclination visible=true enabled=true></FrameInclination>\r\n"));
-  EXPECT_TRUE(has("<mnuSep2 visible=true enabled=true> 0</mnuSep2>\r\n"));
-  EXPECT_FALSE(has("<Distance1 "));
-  EXPECT_FALSE(has("<cmdRun "));
+  for (const char* part : {"<txtLocation visible=true enabled=true>a<b>c</txtLocation>\r\n",
+                           "<ckZodiaco visible=true enabled=true> 1</ckZodiaco>\r\n",
+                           "<ckAz visible=true enabled=true> 0</ckAz>\r\n",
+                           "<OptHorizontal visible=true enabled=true>-1</OptHorizontal>\r\n",
+                           "<FrameInclination visible=true enabled=true></FrameInclination>\r\n",
+                           "<mnuSep2 visible=true enabled=true> 0</mnuSep2>\r\n"}) {
+    EXPECT_EQ(countOf(body, part), 1u) << part;
+  }
+  EXPECT_EQ(countOf(body, "<Distance1 ") + countOf(body, "<cmdRun "), 0u);
   EXPECT_TRUE(
       body.ends_with("</mnuEspanol>\r\n<_QuadranteH>0.28</_QuadranteH>"
                      "<_QuadranteL>0.199</_QuadranteL><_Shiftx>0</_Shiftx><_Shifty>0</_Shifty>"));
@@ -223,15 +217,12 @@ TEST(Project, StaysLinearWithHugeTexts) {
 // Whatever a damaged file sets must be something that a sound file could set.
 void expectWellFormed(const Panel& panel, const SheetPlot& sheet) {
   EXPECT_NE(panel.number(Field::TxtHour), 0);
-  for (const auto& [a, b] :
-       {std::pair(Field::OptZenital, Field::OptHorizontal), std::pair(Field::optX, Field::optY),
-        std::pair(Field::Optconcave, Field::OptConvex)}) {
-    EXPECT_FALSE(panel.on(a) && panel.on(b));
+  EXPECT_FALSE(panel.on(Field::OptZenital) && panel.on(Field::OptHorizontal));
+  EXPECT_FALSE(panel.on(Field::optX) && panel.on(Field::optY));
+  EXPECT_FALSE(panel.on(Field::Optconcave) && panel.on(Field::OptConvex));
+  for (const double side : {sheet.QuadranteH(), sheet.QuadranteL()}) {
+    EXPECT_TRUE(side > 0 && side <= SheetPlot::kLargest) << side;
   }
-  EXPECT_GT(sheet.QuadranteH(), 0);
-  EXPECT_LE(sheet.QuadranteH(), SheetPlot::kLargest);
-  EXPECT_GT(sheet.QuadranteL(), 0);
-  EXPECT_LE(sheet.QuadranteL(), SheetPlot::kLargest);
   EXPECT_LE(std::abs(sheet.ShiftX()) + std::abs(sheet.ShiftY()), 2000);
 }
 

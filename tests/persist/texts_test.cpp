@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -21,20 +22,17 @@ namespace fs = std::filesystem;
 using Texts = std::map<std::string, std::string>;
 
 bool hasLetters(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](unsigned char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c >= 0x80;
-  });
+  return std::ranges::any_of(text, [](unsigned char c) { return std::isalpha(c) || c >= 0x80; });
 }
 
-void addTables(Texts& texts) {
+// Of the panel: its tables, and what the clicks on the dials ask for.
+Texts textsOfThePanel() {
+  Texts texts;
   for (const FieldRow& row : fieldTable()) {
     if (row.kind != FieldKind::Text) texts.emplace(row.text, row.name);
     texts.emplace(row.tip, row.name);
   }
   for (const ItemRow& row : itemTable()) texts.emplace(row.caption, row.name);
-}
-
-void addClicks(Texts& texts) {
   for (const Item dial : dialItems()) {
     Panel panel;
     DialParams params;
@@ -43,37 +41,28 @@ void addClicks(Texts& texts) {
       return std::string(text);
     });
   }
-}
-
-std::string unescaped(std::string_view literal) {
-  std::string text;
-  for (std::size_t i = 0; i < literal.size(); ++i) {
-    if (literal[i] == '\\' && i + 1 < literal.size()) ++i;
-    text += literal[i];
-  }
-  return text;
+  return texts;
 }
 
 // The literals in calls of T, one argument in one or more pieces.
 void addCalls(Texts& texts, const fs::path& source) {
   static const std::regex kCall(R"re(\bT\(\s*((?:"(?:[^"\\\n]|\\.)*"\s*)+))re");
   static const std::regex kPiece(R"re("((?:[^"\\\n]|\\.)*)")re");
+  static const std::regex kEscape(R"re(\\(.))re");
   std::ifstream file(source);
   const std::string code{std::istreambuf_iterator<char>(file), {}};
   for (std::sregex_iterator call(code.begin(), code.end(), kCall), end; call != end; ++call) {
     const std::string pieces = (*call)[1];
     std::string text;
     for (std::sregex_iterator piece(pieces.begin(), pieces.end(), kPiece); piece != end; ++piece) {
-      text += unescaped((*piece)[1].str());
+      text += std::regex_replace((*piece)[1].str(), kEscape, "$1");
     }
     texts.emplace(text, source.filename().string());
   }
 }
 
 TEST(Texts, StandInEveryDictionary) {
-  Texts texts;
-  addTables(texts);
-  addClicks(texts);
+  Texts texts = textsOfThePanel();
   const std::size_t ofPanel = texts.size();
   for (const auto& entry : fs::recursive_directory_iterator(DIALWRIGHT_SOURCE_DIR "/src")) {
     if (entry.path().extension() == ".cpp") addCalls(texts, entry.path());

@@ -27,9 +27,9 @@ TEST(EntityListTest, EachKindFillsItsOwnColumns) {
   sheet.xLine(0.1, -0.2, 1.0 / 3, 1e-7, palette(9), {.width = 2, .layer = ore});
   sheet.xPset(0.01, 0.02, palette(12), ore);
   sheet.xBox(1, 2, 3, 4, 255, true);
-  sheet.xBox(1, 2, 3, 4, 255, false);
   sheet.xCircle(1, 2, 3, 7, {.fill = 65535, .aspect = 0.5, .startAngle = -1, .endAngle = 2});
   sheet.xCircle(1, 2, 3, 7, {.fill = -5, .layer = ore});
+  sheet.xBox(1, 2, 3, 4, 255, false);
   sheet.xPlineStart(ore);
   sheet.xPLineVertex(0.5, 0.25, 7, ore);
   sheet.xPlineEnd(ore);
@@ -38,9 +38,9 @@ TEST(EntityListTest, EachKindFillsItsOwnColumns) {
             "L,0.1,-0.2,0.3333333333333333,1e-07,,,,,16711680,,2,ore,\r\n"
             "P,0.01,0.02,,,,,,,255,,,ore,\r\n"
             "B,1,2,3,4,,,,,255,1,,0,\r\n"
-            "B,1,2,3,4,,,,,255,0,,0,\r\n"
             "C,1,2,,,3,0.5,-1,2,7,65535,,0,\r\n"
             "C,1,2,,,3,1,0,0,7,-1,,ore,\r\n"
+            "B,1,2,3,4,,,,,255,0,,0,\r\n"
             "V,0,0,,,,,,,0,,,ore,START\r\n"
             "V,0.5,0.25,,,,,,,7,,,ore,VERTEX\r\n"
             "V,0,0,,,,,,,0,,,ore,END\r\n"
@@ -70,42 +70,34 @@ TEST(EntityListTest, TextsStandOneALine) {
 }
 
 TEST(OutputBufferTest, HandsOverBoundedChunksThatMakeUpTheWhole) {
-  std::string all;
-  std::string expected;
+  std::string all, expected;
   std::size_t largest = 0;
   OutputBuffer out([&](std::string_view bytes) {
     largest = std::max(largest, bytes.size());
     all += bytes;
   });
   for (int i = 0; i < 40'000; ++i) {
-    out << i << ';' << std::string(static_cast<std::size_t>(i % 7), 'x') << "\r\n";
-    expected +=
-        std::to_string(i) + ';' + std::string(static_cast<std::size_t>(i % 7), 'x') + "\r\n";
+    const std::string rest(static_cast<std::size_t>(i % 7), 'x');
+    out << i << ';' << rest << "\r\n";
+    expected += std::to_string(i) + ';' + rest + "\r\n";
   }
   out.flush();
   EXPECT_LE(largest, 64u * 1024);
-  EXPECT_EQ(all, expected);
-
-  all.clear();
   const std::string huge(200'000, 'h');
   out << "a" << huge << "b";
   out.flush();
-  EXPECT_EQ(all, "a" + huge + "b");
+  EXPECT_EQ(all, expected + "a" + huge + "b");
 }
 
 TEST(OutputBufferTest, WritesThousandthsAsDecimals) {
-  const auto text = [](std::int64_t number) {
-    return written([number](const Sink& sink) {
-      OutputBuffer out(sink);
-      out.thousandths(number).flush();
-    });
-  };
-  EXPECT_EQ(text(0), "0");
-  EXPECT_EQ(text(5), "0.005");
-  EXPECT_EQ(text(-50), "-0.05");
-  EXPECT_EQ(text(1500), "1.5");
-  EXPECT_EQ(text(-1'234'567), "-1234.567");
-  EXPECT_EQ(text(10'000), "10");
+  EXPECT_EQ(written([](const Sink& sink) {
+              OutputBuffer out(sink);
+              for (const int number : {0, 5, -50, 1500, -1'234'567, 10'000}) {
+                out.thousandths(number) << ' ';
+              }
+              out.flush();
+            }),
+            "0 0.005 -0.05 1.5 -1234.567 10 ");
 }
 
 }  // namespace

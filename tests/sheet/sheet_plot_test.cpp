@@ -6,50 +6,30 @@
 #include <cmath>
 #include <limits>
 
+#include "support/laid_out.hpp"
 #include "support/recording_target.hpp"
 
 namespace dialwright {
 namespace {
 
+constexpr double kTwips = 56700;  // a metre at 1:1
+
 // A sheet of 0.4 x 0.3 m, its origin in the middle, at 1:1.
 class SheetPlotTest : public testing::Test {
  protected:
-  SheetPlotTest() {
-    sheet.QuadranteL(0.4);
-    sheet.QuadranteH(0.3);
-    sheet.ShiftX(0.2);
-    sheet.ShiftY(0.15);
-    sheet.attach(&screen);
-  }
+  SheetPlotTest() { sheet.attach(&screen); }
 
-  void expectClipped(const Segment& whole, const Segment& expected) {
-    Segment seen = whole;
-    EXPECT_GT(sheet.ClipToSheet(seen), 0);
-    EXPECT_NEAR(seen.x1, expected.x1, 1e-12);
-    EXPECT_NEAR(seen.y1, expected.y1, 1e-12);
-    EXPECT_NEAR(seen.x2, expected.x2, 1e-12);
-    EXPECT_NEAR(seen.y2, expected.y2, 1e-12);
-  }
-  bool visible(Segment segment) const { return sheet.ClipToSheet(segment) > 0; }
-
-  SheetPlot sheet;
+  SheetPlot sheet = laidOut(0.4, 0.3, 0.2, 0.15);
   RecordingTarget screen;
 };
-
-TEST_F(SheetPlotTest, ASideIsLimitedToFifteenMetres) {
-  sheet.QuadranteH(20);
-  sheet.QuadranteL(15.5);
-  EXPECT_EQ(sheet.QuadranteH(), 15);
-  EXPECT_EQ(sheet.QuadranteL(), 15);
-}
 
 TEST_F(SheetPlotTest, ALineIsMappedToTwipsAndKeptAsItCame) {
   sheet.xLine(-0.1, -0.05, 0.1, 0.05, palette(12), {.width = 3, .layer = sheet.layer("ore")});
   ASSERT_EQ(screen.lines.size(), 1u);
-  EXPECT_NEAR(screen.lines[0].x1, 0.1 * 56700, 1e-9);
-  EXPECT_NEAR(screen.lines[0].y1, 0.1 * 56700, 1e-9);
-  EXPECT_NEAR(screen.lines[0].x2, 0.3 * 56700, 1e-9);
-  EXPECT_NEAR(screen.lines[0].y2, 0.2 * 56700, 1e-9);
+  EXPECT_NEAR(screen.lines[0].x1, 0.1 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.lines[0].y1, 0.1 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.lines[0].x2, 0.3 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.lines[0].y2, 0.2 * kTwips, 1e-9);
   EXPECT_EQ(screen.lines[0].width, 1) << "widths show on paper only";
   const LineRecord& kept = sheet.list().lines.at(0);
   EXPECT_EQ(kept.x1, -0.1);
@@ -65,12 +45,12 @@ TEST_F(SheetPlotTest, AnInvertedAxisMirrorsTheDrawingButNotTheRecordsAxesAndText
   sheet.xPset(0.05, 0, kWhite);
   sheet.xCircle(0.05, 0, 0.01, kWhite, {.startAngle = 0.5, .endAngle = 1});
   sheet.Dati("here", 0.05, 0);
-  EXPECT_NEAR(screen.lines.at(0).x1, 0.15 * 56700, 1e-9);
-  EXPECT_NEAR(screen.lines.at(1).x1, 0.25 * 56700, 1e-9);
-  EXPECT_NEAR(screen.points.at(0).x, 0.15 * 56700, 1e-9);
-  EXPECT_NEAR(screen.circles.at(0).x, 0.15 * 56700, 1e-9);
+  EXPECT_NEAR(screen.lines.at(0).x1, 0.15 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.lines.at(1).x1, 0.25 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.points.at(0).x, 0.15 * kTwips, 1e-9);
+  EXPECT_NEAR(screen.circles.at(0).x, 0.15 * kTwips, 1e-9);
   EXPECT_EQ(screen.circles.at(0).startAngle, 0.5) << "an arc's angles stay";
-  EXPECT_NEAR(screen.texts.at(0).x, 0.25 * 56700, 1e-9);
+  EXPECT_NEAR(screen.texts.at(0).x, 0.25 * kTwips, 1e-9);
   EXPECT_EQ(sheet.list().lines.at(0).x1, 0.05);
 }
 
@@ -87,71 +67,57 @@ TEST_F(SheetPlotTest, APointCountsOnTheLeftAndTopEdgeOnly) {
 }
 
 TEST_F(SheetPlotTest, LinesAreCutAtTheEdges) {
-  expectClipped({-0.1, -0.1, 0.1, 0.1}, {-0.1, -0.1, 0.1, 0.1});  // inside
-  expectClipped({0, 0, 0.4, 0}, {0, 0, 0.2, 0});                  // the second end outside
-  expectClipped({0, 0.3, 0, 0}, {0, 0, 0, 0.15});                 // the first: from the inner end
-  expectClipped({0.1, 0.1, 0.3, 0.3}, {0.1, 0.1, 0.15, 0.15});    // the nearer of two edges
+  const std::pair<Segment, Segment> kCases[] = {
+      {{-0.1, -0.1, 0.1, 0.1}, {-0.1, -0.1, 0.1, 0.1}},  // inside
+      {{0, 0, 0.4, 0}, {0, 0, 0.2, 0}},                  // the second end outside
+      {{0, 0.3, 0, 0}, {0, 0, 0, 0.15}},                 // the first: from the inner end
+      {{0.1, 0.1, 0.3, 0.3}, {0.1, 0.1, 0.15, 0.15}}};   // the nearer of two edges
+  for (auto [seen, expected] : kCases) {
+    EXPECT_GT(sheet.ClipToSheet(seen), 0);
+    EXPECT_NEAR(std::hypot(seen.x1 - expected.x1, seen.y1 - expected.y1), 0, 1e-12);
+    EXPECT_NEAR(std::hypot(seen.x2 - expected.x2, seen.y2 - expected.y2), 0, 1e-12);
+  }
   Segment across{-1, 0.05, 1, 0.05};
   EXPECT_GT(sheet.ClipToSheet(across), 0);
   EXPECT_NEAR(std::abs(across.x2 - across.x1), 0.4, 1e-12);
 }
 
-TEST_F(SheetPlotTest, WhatIsNotOnTheSheetIsInvisible) {
-  EXPECT_FALSE(visible({0.3, 0, 0.5, 0})) << "only its infinite line crosses the sheet";
-  EXPECT_FALSE(visible({0.3, 0.3, 0.5, 0.5}));
-  EXPECT_FALSE(visible({-1, 0.4, 1, 0.4}));
-  EXPECT_FALSE(visible({0.1, 0.4, 0.5, 0})) << "past the corner";
-  EXPECT_FALSE(visible({0.05, 0.05, 0.05, 0.05})) << "a line without length";
-}
-
-TEST_F(SheetPlotTest, InvisibleLinesAreStoredAllTheSame) {
-  sheet.xLine(3, 3, 4, 4, kWhite);
-  sheet.xLine(0.05, 0.05, 0.05, 0.05, kWhite);
+TEST_F(SheetPlotTest, WhatIsNotOnTheSheetIsInvisibleButStored) {
+  const Segment kCases[] = {{0.3, 0, 0.5, 0},           // only its infinite line crosses the sheet
+                            {0.3, 0.3, 0.5, 0.5},       //
+                            {-1, 0.4, 1, 0.4},          //
+                            {0.1, 0.4, 0.5, 0},         // past the corner
+                            {0.05, 0.05, 0.05, 0.05}};  // without length
+  for (const auto& [x1, y1, x2, y2] : kCases) sheet.xLine(x1, y1, x2, y2, kWhite);
   EXPECT_TRUE(screen.lines.empty());
-  EXPECT_EQ(sheet.list().size(), 2u);
+  EXPECT_EQ(sheet.list().size(), std::size(kCases));
   sheet.xLine(0, 0, std::numeric_limits<double>::infinity(), 0, kWhite);
-  EXPECT_EQ(sheet.list().size(), 2u) << "a call with a failed argument is skipped";
+  EXPECT_EQ(sheet.list().size(), std::size(kCases)) << "a failed argument skips the call";
 }
 
-TEST_F(SheetPlotTest, ParallelAndDegenerateLinesDoNotMeet) {
-  double x = 7;
-  double y = 8;
-  EXPECT_FALSE(IntersezioneDueRette({0, 0, 1, 1}, {0, 1, 1, 2}, x, y));
-  EXPECT_FALSE(IntersezioneDueRette({0, 0, 0, 0}, {0, 1, 1, 2}, x, y));
-  EXPECT_EQ(x, 7);
-  EXPECT_EQ(y, 8);
-  EXPECT_TRUE(IntersezioneDueRette({0, 0, 1, 2}, {0, 3, 1, 2}, x, y));
-  EXPECT_NEAR(x, 1, 1e-12);
-  EXPECT_NEAR(y, 2, 1e-12);
-}
-
-TEST_F(SheetPlotTest, ATextWithoutAPositionFollowsTheCursorDownTheLeftEdge) {
-  sheet.Dati("first", 0.1, -0.1);
+TEST_F(SheetPlotTest, ATextWithoutAPositionFollowsTheCursorAndIsSentFarOffByARedraw) {
+  std::string degrees;
+  for (int i = 0; i < 120; ++i) degrees += "°";
+  sheet.Dati(degrees, 0.1, -0.1);
   sheet.Dati("second");
   ASSERT_EQ(screen.texts.size(), 2u);
-  EXPECT_NEAR(screen.texts[0].x, 0.3 * 56700, 1e-9);
+  EXPECT_EQ(screen.texts[0].text, degrees);
+  EXPECT_NEAR(screen.texts[0].x, 0.3 * kTwips, 1e-9);
   EXPECT_EQ(screen.texts[1].x, 0);
-  EXPECT_NEAR(screen.texts[1].y, 0.05 * 56700 + kTextLine, 1e-9);
-
+  EXPECT_NEAR(screen.texts[1].y, 0.05 * kTwips + kTextLine, 1e-9);
   const TextRecord& record = sheet.list().texts.at(1);
   EXPECT_EQ(record.x, 0) << "the cursor, in target units";
-  EXPECT_NEAR(record.y, 0.05 * 56700 + kTextLine, 1e-9);
+  EXPECT_NEAR(record.y, 0.05 * kTwips + kTextLine, 1e-9);
   EXPECT_NEAR(record.shownX, -0.2, 1e-12) << "the place, in metres";
   EXPECT_NEAR(sheet.xCurrentX(), -0.2, 1e-12);
-  EXPECT_NEAR(sheet.xCurrentY(), -0.1 + 2 * kTextLine / 56700, 1e-12);
-}
+  EXPECT_NEAR(sheet.xCurrentY(), -0.1 + 2 * kTextLine / kTwips, 1e-12);
 
-TEST_F(SheetPlotTest, ARedrawSendsUnpositionedTextsFarOffAndCutsLongOnes) {
-  sheet.Dati(std::string(120, 'x'), -0.1, 0);
-  sheet.Dati("lost");
-  EXPECT_EQ(screen.texts[0].text.size(), 120u);
   sheet.Refresh();
   ASSERT_EQ(screen.texts.size(), 2u);
-  EXPECT_EQ(screen.texts[0].text, std::string(100, 'x'));
-  EXPECT_NEAR(screen.texts[0].x, 0.1 * 56700, 1e-9);
-  EXPECT_GT(screen.texts[1].y, 100 * 56700) << "cursor units taken for metres";
+  EXPECT_EQ(screen.texts[0].text, degrees.substr(0, 200)) << "a hundred characters";
+  EXPECT_NEAR(screen.texts[0].x, 0.3 * kTwips, 1e-9);
+  EXPECT_GT(screen.texts[1].y, 100 * kTwips) << "cursor units taken for metres";
   EXPECT_EQ(screen.texts[1].text.size(), 100u) << "filled with blanks";
-  EXPECT_EQ(sheet.list().texts.size(), 2u);
 }
 
 TEST_F(SheetPlotTest, RefreshDrawsTextsFirstThenTheEntitiesInTheirOrder) {
@@ -167,6 +133,10 @@ TEST_F(SheetPlotTest, RefreshDrawsTextsFirstThenTheEntitiesInTheirOrder) {
   sheet.xPlineEnd({});
   sheet.Refresh();
   EXPECT_EQ(screen.orders, "clear text box line point circle ");
+  RecordingTarget printer;
+  sheet.OutputToPRN(&printer);
+  sheet.Refresh();
+  EXPECT_EQ(printer.orders, "box line point circle ");
 }
 
 TEST_F(SheetPlotTest, APolylineIsDrawnAtItsEndFromItsOwnStart) {
@@ -180,35 +150,8 @@ TEST_F(SheetPlotTest, APolylineIsDrawnAtItsEndFromItsOwnStart) {
     sheet.xPlineEnd(layer);
   }
   ASSERT_EQ(screen.lines.size(), 4u);
-  EXPECT_NEAR(screen.lines[3].x2, 0.4 * 56700, 1e-9) << "cut at the right edge";
+  EXPECT_NEAR(screen.lines[3].x2, 0.4 * kTwips, 1e-9) << "cut at the right edge";
   EXPECT_EQ(sheet.list().vertices.size(), 10u);
-}
-
-TEST_F(SheetPlotTest, ThePrinterGetsWidthsAndBlackInkUnlessColoursAreAskedFor) {
-  sheet.xLine(0, 0, 0.1, 0.1, palette(12), {.width = 4});
-  sheet.Dati("not on the printer", 0, 0);
-  RecordingTarget printer;
-  sheet.OutputToPRN(&printer);
-  sheet.Refresh();
-  sheet.PrintMultiColor = true;
-  sheet.Refresh();
-  sheet.OutputToPRN(nullptr);
-  ASSERT_EQ(printer.lines.size(), 2u);
-  EXPECT_EQ(printer.lines[0].colour, kBlack);
-  EXPECT_EQ(printer.lines[0].width, 4);
-  EXPECT_EQ(printer.lines[1].colour, palette(12));
-  EXPECT_TRUE(printer.texts.empty());
-}
-
-TEST_F(SheetPlotTest, ClearStartsAfresh) {
-  sheet.invertX();
-  sheet.xLine(0, 0, 1, 1, kWhite);
-  sheet.Dati("text", 0, 0);
-  sheet.Clear();
-  EXPECT_EQ(sheet.SignX(), 1);
-  EXPECT_EQ(sheet.list().size(), 0u);
-  EXPECT_TRUE(sheet.list().texts.empty());
-  EXPECT_EQ(screen.orders, "clear ");
 }
 
 TEST_F(SheetPlotTest, BeyondItsLimitTheSheetDropsEntities) {
@@ -216,12 +159,6 @@ TEST_F(SheetPlotTest, BeyondItsLimitTheSheetDropsEntities) {
   for (int i = 0; i < 3; ++i) sheet.xLine(0, 0, 0.1, 0.01 * i, kWhite);
   EXPECT_EQ(sheet.list().size(), 2u);
   EXPECT_TRUE(sheet.full());
-}
-
-TEST(TextRecordTest, IsCutByCharactersNotBytes) {
-  TextRecord record{};
-  for (int i = 0; i < 120; ++i) record.text += "°";
-  EXPECT_EQ(record.recorded().size(), 200u);
 }
 
 }  // namespace

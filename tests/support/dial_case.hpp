@@ -59,7 +59,8 @@ class DialCase {
   }
 
   std::vector<LineRecord> linesOf(std::string_view layer) {
-    return selected(sheet.list().lines, [&](const LineRecord& r) { return r.layer == sheet.layer(layer); });
+    return selected(sheet.list().lines,
+                    [&](const LineRecord& r) { return r.layer == sheet.layer(layer); });
   }
   std::vector<LineRecord> linesIn(Rgb colour) {
     return selected(sheet.list().lines, [&](const LineRecord& r) { return r.colour == colour; });

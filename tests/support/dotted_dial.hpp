@@ -100,8 +100,8 @@ class DottedDial : public DialCase {
   static constexpr double kMiss = 1e-8;  // radians
   const sky::CurvedWall<Section> model;
 
- private:
-  DottedWall wall_;
+ protected:
+  const DottedWall wall_;
 };
 
 // On a circular section.

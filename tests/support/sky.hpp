@@ -1,5 +1,5 @@
-// The sky of the shadow models: the sun as a vector and shadows as rays, from first principles and full-precision
-// constants. It shares no formula with the program.
+// The sky of the shadow models: the sun as a vector and shadows as rays, from first principles and
+// full-precision constants. It shares no formula with the program.
 #pragma once
 
 #include <cmath>
@@ -19,13 +19,16 @@ struct Vec {
 };
 
 inline double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-inline Vec cross(Vec a, Vec b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
+inline Vec cross(Vec a, Vec b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
 
-// Towards the sun, in the local frame East, North, Up. All in radians; the hour angle is positive after noon.
+// Towards the sun, in the local frame East, North, Up. All in radians; the hour angle is positive
+// after noon.
 inline Vec sun(double latitude, double hourAngle, double declination) {
   // On the equator's frame: towards the meridian, towards the East, towards the pole.
-  const Vec equatorial{std::cos(declination) * std::cos(hourAngle), -std::cos(declination) * std::sin(hourAngle),
-                       std::sin(declination)};
+  const Vec equatorial{std::cos(declination) * std::cos(hourAngle),
+                       -std::cos(declination) * std::sin(hourAngle), std::sin(declination)};
   return {equatorial.y, equatorial.z * std::cos(latitude) - equatorial.x * std::sin(latitude),
           equatorial.z * std::sin(latitude) + equatorial.x * std::cos(latitude)};
 }
@@ -35,12 +38,13 @@ struct Spot {
 };
 inline double distance(Spot a, Spot b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
-// A plane through the origin with its normal towards the light, and its axes to the right and upwards as its viewer
-// sees them.
+// A plane through the origin with its normal towards the light, and its axes to the right and
+// upwards as its viewer sees them.
 struct Plane {
   Vec normal, right, up;
 
-  // Declination of the normal from the South (West positive) and reclination from the vertical, in degrees.
+  // Declination of the normal from the South (West positive) and reclination from the vertical, in
+  // degrees.
   static Plane facing(double declination, double reclination) {
     const double D = rad(declination), R = rad(reclination);
     const Vec normal{-std::sin(D) * std::cos(R), -std::cos(D) * std::cos(R), std::sin(R)};

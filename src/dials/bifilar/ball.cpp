@@ -27,7 +27,7 @@ class Drawing {
 
  private:
   // Where the far end of the shadow falls; false below the horizon and on it.
-  bool locate(const Circular& H, const Circular& delta, Punto& point) {
+  bool locate(const Trig& H, const Trig& delta, Punto& point) {
     if (!sun_.see(H, delta)) return false;
     const double reach = over(R_, sun_.heightSine()) + over(d1_, std::tan(sun_.altitude()));
     if (!sound(reach)) return false;
@@ -35,9 +35,8 @@ class Drawing {
     return true;
   }
   auto place() {
-    return [this](const Circular& H, const Circular& delta, Punto& point) {
-      return locate(H, delta, point);
-    };
+    return
+        [this](const Trig& H, const Trig& delta, Punto& point) { return locate(H, delta, point); };
   }
 
   void rims();
@@ -66,7 +65,7 @@ void Drawing::all() {
   assign(style, run_.number(Field::TxtStilo));
   knob(run_, R_, style, sun_.altitude());
   readUsaLongitudine(run_);
-  numerals(run_, [this](const Circular& H, const Circular& delta, Punto& point) {
+  numerals(run_, [this](const Trig& H, const Trig& delta, Punto& point) {
     return locate(H, delta, point) && tracer_.window().holds(point);
   });
   if (run_.on(Field::ck_Lemniscate)) BallAnalemma();
@@ -91,7 +90,7 @@ void Drawing::demonstration() {
 
 void Drawing::legend(const Instant& moment) {
   const DialParams& p = run_.params;
-  sun_.seeWithinHalfTurn(Circular(moment.H), Circular(moment.delta));
+  sun_.seeWithinHalfTurn(Trig(moment.H), Trig(moment.delta));
   const double eccentricity = std::cos(sun_.altitude());
   sheet_.Dati("", 0, kLegendTop);
   legendLine(run_, "height of the sun ", p.degrees(sun_.altitude()), " °");
@@ -108,7 +107,7 @@ void Drawing::BallAnalemma() {
   const double sinLat = std::sin(run_.params.LatRad), cosLat = std::cos(run_.params.LatRad);
   Tracer tracer(run_);
   const Ink ink{palette(7), sheet_.layer("analemma")};
-  tracer.analemma(ink, [&](const Circular& H, const Circular& delta, Punto& point) {
+  tracer.analemma(ink, [&](const Trig& H, const Trig& delta, Punto& point) {
     // Towards the sun: to the East, to the South, upwards.
     const double sx = -H.sine * delta.cosine;
     const double sy = -cosLat * delta.sine + sinLat * H.cosine * delta.cosine;

@@ -83,26 +83,25 @@ class Drawing {
  private:
   // Where the far end of the shadow falls. Nothing tells day from night: a sun below the horizon
   // and behind the wall also gives a point below the centre.
-  void locate(const Circular& H, const Circular& delta, Punto& point) {
+  void locate(const Trig& H, const Trig& delta, Punto& point) {
     light_ = sky_(H, delta);
     const double level = std::sqrt(light_.x * light_.x + light_.y * light_.y);
     assign(height_, -arctan(over(light_.z, level)));
     const double scale = std::sin(height_) * level;
     assign(point, {over(R_ * light_.x, scale), over(R_ * light_.y, scale)});
   }
-  bool below(const Circular& H, const Circular& delta, Punto& point) {
+  bool below(const Trig& H, const Trig& delta, Punto& point) {
     locate(H, delta, point);
     return point.y < 0;
   }
-  bool lit(const Circular& H, const Circular& delta, Punto& point) {
+  bool lit(const Trig& H, const Trig& delta, Punto& point) {
     return below(H, delta, point) && height_ >= 0;
   }
-  bool overEquator(const Circular& H, const Circular& delta, Punto& point);
+  bool overEquator(const Trig& H, const Trig& delta, Punto& point);
 
   auto anywhere() {
-    return [this](const Circular& H, const Circular& delta, Punto& point) {
-      return below(H, delta, point);
-    };
+    return
+        [this](const Trig& H, const Trig& delta, Punto& point) { return below(H, delta, point); };
   }
   void curves();
   void substyle();
@@ -133,16 +132,16 @@ void Drawing::all() {
   substyle();
   demonstration();
   readUsaLongitudine(run_);
-  numerals(run_, [this](const Circular& H, const Circular& delta, Punto& point) {
+  numerals(run_, [this](const Trig& H, const Trig& delta, Punto& point) {
     return below(H, delta, point) && tracer_.window().holds(point);
   });
 }
 
 void Drawing::curves() {
-  tracer_.draw(kEquinoctial, [this](const Circular& H, const Circular& delta, Punto& point) {
+  tracer_.draw(kEquinoctial, [this](const Trig& H, const Trig& delta, Punto& point) {
     return lit(H, delta, point);
   });
-  const auto beyond = [this](const Circular& H, const Circular& delta, Punto& point) {
+  const auto beyond = [this](const Trig& H, const Trig& delta, Punto& point) {
     return overEquator(H, delta, point);
   };
   tracer_.draw(kFreeLine, beyond);
@@ -151,8 +150,8 @@ void Drawing::curves() {
 }
 
 // A day's point must lie beyond the equator's point of the same hour, which the sun must light.
-bool Drawing::overEquator(const Circular& H, const Circular& delta, Punto& point) {
-  locate(H, Circular(0), equator_);
+bool Drawing::overEquator(const Trig& H, const Trig& delta, Punto& point) {
+  locate(H, Trig(0), equator_);
   if (!(height_ >= 0)) return false;
   if (!below(H, delta, point)) return false;
   return delta.angle < 0 ? point.y > equator_.y : point.y < equator_.y;
@@ -169,7 +168,7 @@ void Drawing::substyle() {
     if (Sgn(std::sin(Hs)) != Sgn(sine)) Hs += Hs > 0 ? -p_.PiGreco : p_.PiGreco;
   }
   Punto vertex;
-  locate(Circular(Hs), Circular(0), vertex);
+  locate(Trig(Hs), Trig(0), vertex);
   tracer_.straightLine(over(sine, std::tan(p_.LatRad)), vertex,
                        {palette(11), sheet_.layer("equi")});
   substyleHour_ = 12 + over(Hs * 12, p_.PiGreco);
@@ -179,7 +178,7 @@ void Drawing::demonstration() {
   const Instant moment =
       run_.on(Field::ckFunction) ? readInstant(run_) : Instant{0, p_.radians(-kSolstice)};
   Punto end;
-  locate(Circular(moment.H), Circular(moment.delta), end);
+  locate(Trig(moment.H), Trig(moment.delta), end);
   double W = 0;
   assign(W, arctan(over(light_.x, light_.y)));
   circle(sheet_, end, R_ / 10, palette(14));

@@ -102,10 +102,4 @@ Instant readInstant(const Run& run) {
   return {p.radians(Amount(Field::txtAO).in(run)), p.radians(Amount(Field::txtDelta).in(run))};
 }
 
-WallSky::WallSky(double latitude, double declination)
-    : sinLat_(std::sin(latitude)),
-      cosLat_(std::cos(latitude)),
-      sinWall_(std::sin(declination)),
-      cosWall_(std::cos(declination)) {}
-
 }  // namespace dialwright::bifilar

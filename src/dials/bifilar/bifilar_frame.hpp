@@ -9,6 +9,7 @@
 
 #include "dials/pen.hpp"
 #include "dials/sun.hpp"
+#include "dials/sun_vector.hpp"
 #include "shell/dispatch.hpp"
 #include "shell/run.hpp"
 
@@ -18,17 +19,6 @@ inline constexpr double kChordLimit = 0.02;          // longest chord of a curve
 inline constexpr double kDeclinationStep = 0.05;     // degrees, along an hour line
 inline constexpr double kStraightLineStep = 0.0006;  // metres, along a line of an equation
 inline constexpr Rgb kItalicPink = rgb(255, 128, 128);
-
-// An angle in radians with its sine and cosine, so that a loop takes them once for what it holds
-// fixed.
-struct Circular {
-  double angle = 0, sine = 0, cosine = 1;
-
-  Circular() = default;
-  explicit Circular(double radians)
-      : angle(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
-  double tangent() const { return sine / cosine; }
-};
 
 // --- Families
 
@@ -115,7 +105,7 @@ double hourAngle(const DialParams& p, HourRule rule, double t, double declinatio
 // Draws the curves of one routine: its previous point and its last good point run on through all of
 // them.
 //
-// A dial's `place` is called as place(Circular hour, Circular declination, Punto& point) and
+// A dial's `place` is called as place(Trig hour, Trig declination, Punto& point) and
 // returns whether the sample stands; it writes the point by `assign`, so that what fails keeps the
 // last good value. Points outside the window are dropped as well.
 class Tracer {
@@ -202,25 +192,21 @@ Instant readInstant(const Run& run);
 // The way of the sunlight, a unit vector in the frame of an upright wall: x to the right as its
 // viewer sees it, y upwards, z out of the wall. The shadow of a point at a distance d before the
 // wall lies -d * x/z aside and -d * y/z above.
-struct WallSun {
-  double x, y, z;
-};
+using WallSun = Vettore;
 
 // That vector for a latitude and a wall's declination (radians), made once a run.
 class WallSky {
  public:
-  WallSky(double latitude, double declination);
+  WallSky(double latitude, double declination) : latitude_(latitude), wall_(declination) {}
 
-  WallSun operator()(const Circular& H, const Circular& delta) const {
-    const double towardsNoon = H.cosine * delta.cosine;
-    const double aside = delta.cosine * H.sine;
-    const double across = cosLat_ * delta.sine - towardsNoon * sinLat_;
-    return {cosWall_ * aside + sinWall_ * across, -towardsNoon * cosLat_ - delta.sine * sinLat_,
-            -sinWall_ * aside + cosWall_ * across};
+  WallSun operator()(const Trig& H, const Trig& delta) const {
+    const Vettore ray = VettoreSole(latitude_, H, delta);
+    return {wall_.cosine * ray.x + wall_.sine * ray.z, ray.y,
+            -wall_.sine * ray.x + wall_.cosine * ray.z};
   }
 
  private:
-  double sinLat_, cosLat_, sinWall_, cosWall_;
+  Trig latitude_, wall_;
 };
 
 // --- The loops
@@ -261,19 +247,18 @@ void Tracer::draw(const Family& family, Place&& place) {
     const bool firstOuter = fixed == outer.first();
     const Sweep inner = (curve ? family.hours : family.declinations).in(run_);
     if (curve) {
-      const Circular delta(p.radians(fixed));
+      const Trig delta(p.radians(fixed));
       for (const double t : inner) {
-        const bool stands =
-            place(Circular(hourAngle(p, family.rule, t, delta.angle)), delta, point_);
+        const bool stands = place(Trig(hourAngle(p, family.rule, t, delta.angle)), delta, point_);
         visit(point_, stands, detail::leads(family.lead, firstOuter, t == inner.first()));
       }
       continue;
     }
     const bool clock = detail::ofClock(family.rule);
-    Circular H(clock ? hourAngle(p, family.rule, fixed, 0) : 0);
+    Trig H(clock ? hourAngle(p, family.rule, fixed, 0) : 0);
     for (const double degrees : inner) {
-      const Circular delta(p.radians(degrees));
-      if (!clock) H = Circular(hourAngle(p, family.rule, fixed, delta.angle));
+      const Trig delta(p.radians(degrees));
+      if (!clock) H = Trig(hourAngle(p, family.rule, fixed, delta.angle));
       const bool stands = place(H, delta, point_);
       visit(point_, stands, detail::leads(family.lead, firstOuter, degrees == inner.first()));
     }
@@ -284,18 +269,18 @@ template <class Place>
 void Tracer::analemma(const Ink& ink, Place&& place) {
   dip(ink);
   forEachDay(run_, [&](const SunOfDay& sun, bool first) {
-    const Circular H(sun.equationOfTime - run_.params.CorrFuso);
-    visit(point_, place(H, Circular(sun.declination), point_), first);
+    const Trig H(sun.equationOfTime - run_.params.CorrFuso);
+    visit(point_, place(H, Trig(sun.declination), point_), first);
   });
 }
 
 template <class Place>
 void numerals(Run& run, Place&& place) {
   const DialParams& p = run.params;
-  const Circular delta(p.radians(Amount(Field::txtLineofdeclination).in(run)));
+  const Trig delta(p.radians(Amount(Field::txtLineofdeclination).in(run)));
   Punto point;
   for (const double t : run.sweep(-90, 90, 15)) {
-    if (!place(Circular(hourAngle(p, HourRule::Zone, t, 0)), delta, point)) continue;
+    if (!place(Trig(hourAngle(p, HourRule::Zone, t, 0)), delta, point)) continue;
     const int hour = static_cast<int>(12 + t / 15);
     numeral(run, point, hour > 12 ? hour - 12 : hour);
   }

@@ -40,7 +40,7 @@ Catena RisolviCatena(double halfSpan, double sag) {
   return chain;
 }
 
-void PuntoCatenaria(const Fili& wires, const WallSky& sky, const Circular& H, const Circular& delta,
+void PuntoCatenaria(const Fili& wires, const WallSky& sky, const Trig& H, const Trig& delta,
                     Punto& point) {
   const WallSun light = sky(H, delta);
   const double aside = over(light.x, light.z);
@@ -165,7 +165,7 @@ class Drawing {
     return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)));
   }
   auto place() {
-    return [this](const Circular& H, const Circular& delta, Punto& point) {
+    return [this](const Trig& H, const Trig& delta, Punto& point) {
       PuntoCatenaria(wires_, sky_, H, delta, point);
       return true;
     };
@@ -203,7 +203,7 @@ void Drawing::all() {
   if (run_.on(Field::CkQibla)) CatenariaQibla();
   readUsaLongitudine(run_);
   const Window window(run_);
-  numerals(run_, [&](const Circular& H, const Circular& delta, Punto& point) {
+  numerals(run_, [&](const Trig& H, const Trig& delta, Punto& point) {
     PuntoCatenaria(wires_, sky_, H, delta, point);
     return window.holds(point);
   });
@@ -276,8 +276,8 @@ void Drawing::CatenariaAnalemma() {
   const double side = Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
   Tracer tracer(run_, Pen::kNoLimit);
   tracer.analemma({palette(13), sheet_.layer("analemma")},
-                  [&](const Circular& H, const Circular& delta, Punto& point) {
-                    PuntoCatenaria(wires_, sky_, H, Circular(side * delta.angle), point);
+                  [&](const Trig& H, const Trig& delta, Punto& point) {
+                    PuntoCatenaria(wires_, sky_, H, Trig(side * delta.angle), point);
                     return true;
                   });
 }
@@ -314,12 +314,12 @@ void Drawing::CatenariaQibla() {
   Punto point;
   double w = 0, H = 0;
   for (const double degrees : kYear.in(run_)) {
-    const Circular delta(p_.radians(degrees));
-    const double tanDelta = delta.tangent();
+    const Trig delta(p_.radians(degrees));
+    const double tanDelta = delta.sine / delta.cosine;
     assign(w, p_.LatRad == 0 ? tanDelta : over(tanDelta * std::sin(B), std::tan(p_.LatRad)));
     if (!(std::abs(w) <= 1)) continue;
     assign(H, B - p_.ArcSin(w));
-    PuntoCatenaria(wires, sky_, Circular(H), delta, point);
+    PuntoCatenaria(wires, sky_, Trig(H), delta, point);
     if (window.holds(point)) dot(sheet_, point, palette(2));
   }
   sheet_.Dati("", 0.9, -0.3);

@@ -6,9 +6,10 @@
 
 namespace dialwright {
 
+struct Trig;
+
 namespace bifilar {
 
-struct Circular;
 class WallSky;
 
 // A chain hung between two points at the same level: the catenary f*cosh(x/f) - sag - f, whose
@@ -35,7 +36,7 @@ struct Fili {
 
 // Where the shadows of wire and chain cross on the wall, by `assign`. It knows neither night nor
 // the back of the wall: a sun there falls on the point of its opposite.
-void PuntoCatenaria(const Fili& wires, const WallSky& sky, const Circular& H, const Circular& delta,
+void PuntoCatenaria(const Fili& wires, const WallSky& sky, const Trig& H, const Trig& delta,
                     Punto& point);
 
 }  // namespace bifilar

@@ -61,13 +61,13 @@ class Drawing {
  private:
   // Where the shadows of the two wires cross, `assign`ed. It knows neither night nor the back of
   // the wall: a sun there falls on the point of its opposite.
-  void PuntoEquiangolare(const Circular& H, const Circular& delta, Punto& point) const {
+  void PuntoEquiangolare(const Trig& H, const Trig& delta, Punto& point) const {
     const WallSun light = sky_(H, delta);
     const double X = -s_ * over(light.x, light.z), Y = -s_ * over(light.y, light.z);
     assign(point, {xx_ * X + xy_ * Y, xy_ * X + yy_ * Y});
   }
   auto anywhere() const {
-    return [this](const Circular& H, const Circular& delta, Punto& point) {
+    return [this](const Trig& H, const Trig& delta, Punto& point) {
       PuntoEquiangolare(H, delta, point);
       return true;
     };
@@ -152,7 +152,7 @@ void Drawing::writeDistances() {
 // The samples of a day that lie above the equinoctial for a negative declination, and below it for
 // the others.
 void Drawing::dayCurve(const Family& curve) {
-  tracer_.draw(curve, [this](const Circular& H, const Circular& delta, Punto& point) {
+  tracer_.draw(curve, [this](const Trig& H, const Trig& delta, Punto& point) {
     PuntoEquiangolare(H, delta, point);
     const double above = point.y - slope_ * (point.x - vertex_.x) - vertex_.y;
     return delta.angle < 0 ? above > 0 : above < 0;
@@ -174,10 +174,10 @@ void Drawing::curves() {
 void Drawing::freeDots() {
   double degrees = kSolstice;
   assign(degrees, run_.number(Field::txtLineofdeclination));
-  const Circular delta(p_.radians(degrees));
+  const Trig delta(p_.radians(degrees));
   Punto point;
   for (const double t : kAfternoons.in(run_)) {
-    PuntoEquiangolare(Circular(p_.radians(t)), delta, point);
+    PuntoEquiangolare(Trig(p_.radians(t)), delta, point);
     if (tracer_.window().holds(point)) dot(sheet_, point, palette(14));
   }
 }

@@ -67,7 +67,7 @@ void FontanaSezione(Run& run) {
   sideElevation(sheet, f);
   const Instant now = readInstant(run);
   LevelSun sun(run.params);
-  sun.seeWithinHalfTurn(Circular(now.H), Circular(now.delta));
+  sun.seeWithinHalfTurn(Trig(now.H), Trig(now.delta));
   if (!(sun.altitude() > 0)) return;
 
   const double A = sun.azimuth();
@@ -114,7 +114,7 @@ class Drawing {
 
  private:
   // Where the rim's far shadow point falls; false below the horizon and on it.
-  bool BifPuntoFontana(const Circular& H, const Circular& delta, Punto& point) {
+  bool BifPuntoFontana(const Trig& H, const Trig& delta, Punto& point) {
     if (!sun_.see(H, delta)) return false;
     const double reach = f_.R + over(f_.s, std::tan(sun_.altitude()));
     if (!sound(reach)) return false;
@@ -122,7 +122,7 @@ class Drawing {
     return true;
   }
   auto place() {
-    return [this](const Circular& H, const Circular& delta, Punto& point) {
+    return [this](const Trig& H, const Trig& delta, Punto& point) {
       return BifPuntoFontana(H, delta, point);
     };
   }
@@ -180,8 +180,8 @@ void Drawing::demonstration() {
 void Drawing::FontanaAnalemma() {
   Punto point;
   forEachDay(run_, [&](const SunOfDay& sun, bool) {
-    const Circular H(sun.equationOfTime - run_.params.CorrFuso);
-    if (BifPuntoFontana(H, Circular(sun.declination), point)) dot(sheet_, point, palette(12));
+    const Trig H(sun.equationOfTime - run_.params.CorrFuso);
+    if (BifPuntoFontana(H, Trig(sun.declination), point)) dot(sheet_, point, palette(12));
   });
 }
 

@@ -33,20 +33,21 @@ void LevelSun::turnTo(double azimuth) {
   cosAzimuth_ = std::cos(azimuth);
 }
 
-bool LevelSun::look(const Circular& H, const Circular& delta) {
+bool LevelSun::look(const Trig& H, const Trig& delta) {
   heightSine_ = sinLat_ * delta.sine + cosLat_ * delta.cosine * H.cosine;
   assign(altitude_, angles_.ArcSin(heightSine_));
-  const double azimuth = arctan(over(H.sine, sinLat_ * H.cosine - cosLat_ * delta.tangent()));
+  const double azimuth =
+      arctan(over(H.sine, sinLat_ * H.cosine - cosLat_ * (delta.sine / delta.cosine)));
   if (sound(azimuth)) turnTo(azimuth);
   return Sgn(H.sine) == Sgn(sinAzimuth_);
 }
 
-bool LevelSun::see(const Circular& H, const Circular& delta) {
+bool LevelSun::see(const Trig& H, const Trig& delta) {
   if (!look(H, delta)) turnTo(angles_.PiGreco + azimuth_);
   return heightSine_ >= 0;
 }
 
-void LevelSun::seeWithinHalfTurn(const Circular& H, const Circular& delta) {
+void LevelSun::seeWithinHalfTurn(const Trig& H, const Trig& delta) {
   if (!look(H, delta)) turnTo(azimuth_ + (azimuth_ < 0 ? angles_.PiGreco : -angles_.PiGreco));
 }
 
@@ -68,8 +69,8 @@ void plot(Run& run, const ShadowConic& conic) {
 SphereDemonstration::SphereDemonstration(Run& run, LevelSun& sun, double radius, double lower)
     : run_(run), sun_(sun), R_(radius), lower_(lower) {
   const Instant now = readInstant(run);
-  const Circular H(now.H);
-  sun.seeWithinHalfTurn(H, Circular(now.delta));
+  const Trig H(now.H);
+  sun.seeWithinHalfTurn(H, Trig(now.delta));
   ex_ = -R_ * std::sin(sun.altitude()) * signOrOne(now.H);
   ey_ = R_ * std::cos(sun.altitude());
   const double y0 = ey_ + 2 * R_ + lower_;

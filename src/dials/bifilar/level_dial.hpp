@@ -19,10 +19,10 @@ class LevelSun {
 
   // Reads the sun of a moment; false below the horizon. The azimuth counts from the South; where
   // the sun stands exactly on the meridian it is 0, also when the sun culminates in the North.
-  bool see(const Circular& H, const Circular& delta);
+  bool see(const Trig& H, const Trig& delta);
 
   // The same with the other quadrant step, which keeps the azimuth within half a turn.
-  void seeWithinHalfTurn(const Circular& H, const Circular& delta);
+  void seeWithinHalfTurn(const Trig& H, const Trig& delta);
 
   double heightSine() const { return heightSine_; }
   double altitude() const { return altitude_; }
@@ -34,8 +34,8 @@ class LevelSun {
   Punto opposite(double reach) const { return {-reach * sinAzimuth_, -reach * cosAzimuth_}; }
 
  private:
-  bool look(const Circular& H,
-            const Circular& delta);  // true when the azimuth is in the sun's half of the sky
+  bool look(const Trig& H,
+            const Trig& delta);  // true when the azimuth is in the sun's half of the sky
   void turnTo(double azimuth);
 
   Angles angles_;

@@ -2,7 +2,6 @@
 // the cylinder's; the development's origin is the North on the level of the border.
 #include "dials/cornice/cornice_cilindrica.hpp"
 
-#include <array>
 #include <cmath>
 
 #include "dials/cornice/cornice_frame.hpp"
@@ -53,10 +52,10 @@ class Cilindro final : public Surface {
 
 // The window becomes the development's width, from right to left, below the border.
 void fillWindow(Run& run, double halfWidth) {
+  run.panel.setText(Field::y1txt, "0");
   if (!sound(halfWidth)) return;
   run.panel.setText(Field::x1txt, textOf(halfWidth));
   run.panel.setText(Field::x2txt, textOf(-halfWidth));
-  run.panel.setText(Field::y1txt, "0");
 }
 
 // The border's radius, at most the cylinder's; the panel follows.

@@ -2,8 +2,8 @@
 // development's origin is the North of the upper base; its arcs have their centre below.
 #include "dials/cornice/cornice_conica.hpp"
 
-#include <array>
 #include <cmath>
+#include <utility>
 
 #include "dials/cornice/cornice_frame.hpp"
 
@@ -24,7 +24,8 @@ constexpr BorderArc kBorder[] = {{Half::Afternoon, -1, 1, 11, "ombra2"},
                                  {Half::Morning, 1, 3, 13, "xombra"}};
 
 // The cone and its development. A cone that doesn't narrow has no vertex: what is measured from it
-// is a fault, and what that stands in is left out; no ray is followed to it.
+// is a fault, and what that stands in is left out. No point of a curve belongs to its development,
+// and its numerals stay on the origin.
 class Cono final : public Surface {
  public:
   explicit Cono(const Run& run);
@@ -73,7 +74,7 @@ double Cono::edgeAngle(double theta, double t, Half half) const {
 }
 
 bool Cono::meet(Light& light, const Vettore& edge, const Vettore& ray, Half half) const {
-  if (!sound(element(Rm)) || !RaggioCono(light.way, edge, ray)) return false;
+  if (!RaggioCono(light.way, edge, ray)) return false;
   light.travel(edge, ray);
   SviluppoCono(light, half);
   return true;

@@ -29,12 +29,6 @@ void assignEach(Vettore& target, const Vettore& value) {
 
 // --- The light and the edge
 
-Vettore VettoreSole(const Trig& latitude, const Trig& hour, const Trig& sun) {
-  const double meridian = sun.cosine * hour.cosine;
-  return {sun.cosine * hour.sine, -meridian * latitude.cosine - sun.sine * latitude.sine,
-          -meridian * latitude.sine + sun.sine * latitude.cosine};
-}
-
 double angoloBordo(const Trig& latitude, double hourAngle) {
   return arctan(over(-1, std::tan(hourAngle) * latitude.sine));
 }
@@ -144,9 +138,9 @@ void Cornice::borderShadow(const BorderArc& arc) {
   }
 }
 
-std::optional<Punto> Cornice::shadowOfBorder(double theta, Half half) {
+Punto Cornice::shadowOfBorder(double theta) {
   assignEach(edge_, surface_.edge(theta));
-  if (!cast(borderRay_, half)) return {};
+  cast(borderRay_, Half::Afternoon);
   return light_.point;
 }
 

@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "dials/cylindrical/sun_angles.hpp"
 #include "dials/pen.hpp"
+#include "dials/sun_vector.hpp"
 #include "shell/dispatch.hpp"
 #include "shell/run.hpp"
 
@@ -16,22 +16,14 @@ namespace dialwright::cornice {
 
 inline constexpr double kGap = 0.02;  // longest segment of a line, metres
 
-// In the frame of a dial that looks South, metres from the centre of the border: x to the East, the
-// viewer's right, y upwards, z to the South.
-struct Vettore {
-  double x = 0, y = 0, z = 0;
-};
-
-// The way of the sunlight, a unit vector.
-Vettore VettoreSole(const Trig& latitude, const Trig& hour, const Trig& sun);
-
 // The angle (radians, from the North over the East) of the border's point for an hour: there the
 // border runs along the trace of the hour's plane, so that this plane, which holds the suns of the
 // hour on all days, touches the border and the border's shadow touches the hour's line. A quarter
 // turn either way; a fault at noon and on the equator.
 double angoloBordo(const Trig& latitude, double hourAngle);
 
-// That point of a border of a radius.
+// That point of a border of a radius, in the frame of a dial that looks South; metres from the
+// centre of the border.
 Vettore PuntoBordo(double radius, double theta);
 
 // The half of the day that a family belongs to: it chooses the branch of the edge at noon.
@@ -108,8 +100,8 @@ class Cornice {
 
   // The shadow of the border at the hour angle of txtAO on the day of txtLineofdeclination.
   void borderShadow(const BorderArc& arc);
-  // One point of it, wherever it falls; nothing when it misses the surface.
-  std::optional<Punto> shadowOfBorder(double theta, Half half);
+  // One point of it, wherever it falls; on a surface that no ray misses.
+  Punto shadowOfBorder(double theta);
 
   // The pen, for the dial's own outlines.
   Pen& pen() { return pen_; }

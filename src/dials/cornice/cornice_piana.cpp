@@ -57,7 +57,8 @@ constexpr Version kInt = {
     5};
 
 // A wall at the distance of the disc's radius from the origin. One that looks due East or West has
-// no cosine, whatever the circle constant makes of it: no ray is followed to it.
+// no cosine, whatever the circle constant makes of it: no ray meets it, its points stay on the
+// origin, and no curve goes there.
 class Parete final : public Surface {
  public:
   Parete(const Run& run, double side, double radius, double distance)
@@ -71,7 +72,6 @@ class Parete final : public Surface {
   Vettore edge(double theta) const override { return PuntoDisco(theta); }
 
   bool meet(Light& light, const Vettore& edge, const Vettore& ray, Half) const override {
-    if (!sound(slope_)) return false;
     RaggioPiano(light, edge, ray);
     return true;
   }
@@ -105,14 +105,14 @@ class Parete final : public Surface {
   Window window_;
 };
 
-// The hour angle (radians) at which the point of the border that counts is the one next to the
-// wall. That point's angle is then the wall's declination D, so that
-// tan D = -1/(tan H * sin(latitude)). Solved for H with the arctangent's complement it needs no
-// division, and a wall that looks due South gets the morning's six o'clock of the two.
+// The hour angle (radians) at which the border runs along the wall where it is next to it. The
+// angle of the border's point is then the wall's declination D, so that
+// tan D = -1/(tan H * sin(latitude)). A wall that looks due South gets the morning's six o'clock of
+// the two.
 double hourOfTangentPoint(const DialParams& p) {
   const double D = p.DeclRad;
-  const double quarter = D < 0 ? p.PiGreco / 2 : -p.PiGreco / 2;
-  return quarter + arctan(std::tan(D) * std::sin(p.LatRad));
+  const double H = std::atan2(std::cos(D), std::abs(std::sin(D)) * std::sin(p.LatRad));
+  return D < 0 ? H : -H;
 }
 
 // The border's shadow at one moment as a row of dots, wherever they fall, and the line between its
@@ -120,12 +120,10 @@ double hourOfTangentPoint(const DialParams& p) {
 void shadowOfDisc(Run& run, Cornice& dial) {
   const double quarter = run.params.PiGreco / 2;
   for (const double theta : run.sweep(-quarter, quarter, 0.005)) {
-    if (const auto point = dial.shadowOfBorder(theta, Half::Afternoon))
-      dot(run.sheet, *point, palette(11));
+    dot(run.sheet, dial.shadowOfBorder(theta), palette(11));
   }
-  const auto first = dial.shadowOfBorder(-quarter, Half::Afternoon);
-  const auto last = dial.shadowOfBorder(quarter, Half::Afternoon);
-  if (first && last) line(run.sheet, *first, *last, palette(5));
+  const Punto first = dial.shadowOfBorder(-quarter);
+  line(run.sheet, first, dial.shadowOfBorder(quarter), palette(5));
 }
 
 void drawDisc(Run& run, const Version& version, const Parete& wall, double a, double r2) {

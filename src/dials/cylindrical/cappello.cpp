@@ -157,11 +157,11 @@ void Drawing::read() {
   readUsaLongitudine(run_);
   assign(g_, R2_ - R_);
   p_.Stilo = g_;
-  double highest = 0;
+  double AltezzaMax = 0;
   const double solstice = p_.radians(kSolstice);
-  assign(highest,
+  assign(AltezzaMax,
          p_.ArcSin(latitude_.sine * std::sin(solstice) + latitude_.cosine * std::cos(solstice)));
-  assign(vertex_, -g_ * std::tan(highest));
+  assign(vertex_, -g_ * std::tan(AltezzaMax));
 }
 
 // The light's point for a sun.
@@ -178,7 +178,7 @@ Verdict Drawing::verdict(const Light& light, bool notFirst) const {
   return drawIf(notFirst && (!on(Field::ck_Orizzonte) || light.aboveHorizon()));
 }
 
-// The circles of the cylinder and of the hat, below the origin.
+// The plan of the cylinder and of the hat, above the development.
 void Drawing::plan() {
   sheet_.xCircle(0, -R_, R_, palette(14));
   sheet_.xCircle(0, -R_, R2_, palette(9));
@@ -218,7 +218,7 @@ void Drawing::oldHours(const OldHours& family) {
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
     for (const double declination : days) {
       const SunDeclination sun(p_.radians(declination));
-      const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.value));
+      const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.angle));
       if (!sound(semiArc)) continue;
       PuntoCappello(Trig(family.hourAngle(p_.PiGreco, k, semiArc)), sun, light, family.side);
       if (light.aboveHorizon()) pen.visit(light.point, verdict(light, declination > days.first()));

@@ -276,8 +276,8 @@ bool meetSurface(const Cilindro& c, Ombra& shadow) {
 
 void dropShadow(const Cilindro& c, const Trig& hour, const SunDeclination& sun, Ombra& shadow) {
   // Straight down at noon: the general form has no value there.
-  const bool noon = c.facesSouth && hour.value == 0;
-  assign(shadow.point.y, noon ? over(-c.style, std::tan(c.latitude.value - sun.value))
+  const bool noon = c.facesSouth && hour.angle == 0;
+  assign(shadow.point.y, noon ? over(-c.style, std::tan(c.latitude.angle - sun.angle))
                               : over(-c.radius * std::sin(shadow.theta) * std::tan(shadow.h),
                                      std::sin(shadow.A - c.declination)));
 }

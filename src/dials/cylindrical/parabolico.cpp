@@ -43,7 +43,8 @@ class Drawing {
   void trace(int colour, Ordinate ordinate);
   void day();
 
-  double side() const { return p_.SegnoCilindro; }
+  // By it the ordinates are plotted.
+  double SegnoY() const { return p_.SegnoCilindro; }
   double section(double P) const { return over(P * P, 2 * p_.Raggio) - P * tanD_; }
   double arc(double P) const { return arcFromVertex(P - vertex_) - arcFromVertex(-vertex_); }
   double arcFromVertex(double u) const;
@@ -65,11 +66,11 @@ void Drawing::read() {
   assign(p_.DeclGradi, run_.number(Field::txtDecl));
   assign(p_.DeclRad, p_.radians(p_.DeclGradi));
   readUsaLongitudine(run_);
-  const double D = side() * p_.DeclRad;
+  const double D = SegnoY() * p_.DeclRad;
   tanD_ = std::tan(D);
   vertex_ = p_.Raggio * tanD_;
-  x0_ = -side() * p_.Stilo * std::sin(D);
-  y0_ = -side() * p_.Stilo * std::cos(D);
+  x0_ = -SegnoY() * p_.Stilo * std::sin(D);
+  y0_ = -SegnoY() * p_.Stilo * std::cos(D);
   assign(x1_, -arc(vertex_));
   assign(x2_, arc(x0_));
 }
@@ -96,11 +97,11 @@ void Drawing::ParabolicoCurve() {
 void Drawing::hours() {
   double x = 0, e = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    const double tangent = std::tan(p_.radians(t) - side() * p_.CorrFuso * p_.UsaLongitudine);
+    const double tangent = std::tan(p_.radians(t) - SegnoY() * p_.CorrFuso * p_.UsaLongitudine);
     for (const double P : dots(run_, kFirstP, kLastP)) {
       assign(e, -hourOrdinate(latitude_, way(P), tangent));
       assign(x, arc(P));
-      sheet_.xPset(x, side() * e, palette(hourInk(t)));
+      sheet_.xPset(x, SegnoY() * e, palette(hourInk(t)));
     }
   }
 }
@@ -109,7 +110,7 @@ void Drawing::hours() {
 template <class Ordinate>
 void Drawing::trace(int colour, Ordinate ordinate) {
   for (const double P : dots(run_, kFirstP, kLastP)) {
-    const Punto point{arc(P), side() * ordinate(way(P))};
+    const Punto point{arc(P), SegnoY() * ordinate(way(P))};
     if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(colour));
   }
 }
@@ -119,7 +120,7 @@ void Drawing::day() {
   for (const double Q : dots(run_, -kLastQ, kLastQ)) {
     const Roots roots = coneOrdinates(latitude_, way(Q), K);
     for (const double y : {roots.minus, roots.plus}) {
-      const Punto point{arc(Q), side() * y};
+      const Punto point{arc(Q), SegnoY() * y};
       if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(12));
     }
   }
@@ -128,7 +129,7 @@ void Drawing::day() {
 // --- The section in plan, North up, with its noon below the noon of the development
 
 Punto Drawing::inPlan(double P, double Y) const {
-  return {P - x0_ + x2_, side() * (Y - p_.Raggio)};
+  return {P - x0_ + x2_, SegnoY() * (Y - p_.Raggio)};
 }
 
 void Drawing::ParabolicoSezione() {

@@ -47,7 +47,7 @@ class Drawing {
   DialParams& p_;
   SheetPlot& sheet_;
   double signedRadius_ = 0;  // negative outside
-  double offset_ = 0;        // of theta in the foot, with the opposite sign
+  double OffsetParam_ = 0;   // of theta in the foot, with the opposite sign
   // The plane of the sample. What it has of a plane dial stands in the record.
   double theta_ = 0;     // its declination, radians
   double distance_ = 0;  // of the tip
@@ -74,13 +74,13 @@ void Drawing::all() {
 void Drawing::LeggiCilindroParam() {
   LeggiCilindro(run_);
   signedRadius_ = -p_.Raggio * p_.SegnoCilindro;
-  offset_ = -p_.radians(p_.DeclGradi);
+  OffsetParam_ = -p_.radians(p_.DeclGradi);
 }
 
 // --- The tangent planes
 
 void Drawing::touch(double theta) {
-  const double a = -offset_ - theta;  // from the foot
+  const double a = -OffsetParam_ - theta;  // from the foot
   const double toCentre = p_.Stilo - signedRadius_;
   theta_ = theta;
   assign(p_.Sustilare, p_.ArcTanPieno(std::sin(theta), std::tan(p_.LatRad)));

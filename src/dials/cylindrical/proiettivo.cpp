@@ -20,6 +20,14 @@ constexpr double kPlaneReach = 5;  // radii either side of the foot
 constexpr double kLastHour = 88;   // degrees
 constexpr double kHourStep = 7.5;  // whatever TxtHour says
 
+// Hours counted from the horizon: the side of their tangents, and how many radii either side of the
+// foot their conic is drawn.
+struct OldHours {
+  double side, reach;
+};
+constexpr OldHours kProiettivoItaliche{-1, 1};
+constexpr OldHours kProiettivoBabiloniche{1, kPlaneReach};
+
 class Drawing {
  public:
   explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) {}
@@ -33,7 +41,7 @@ class Drawing {
   double hourFromSubstyle(double t) const { return p_.OrarioSustilare + p_.radians(t); }
   void project(Punto plane, int colour);
   void conic(Declination which, double reach, int colour);
-  void oldHours(double side, double reach);
+  void oldHours(const OldHours& family);
 
   void ProiettivoPiano();
   void ProiettivoOre();
@@ -59,8 +67,8 @@ void Drawing::all() {
   if (on(Field::ck_Orizzonte)) CilOrizzonte(run_);
   if (std::abs(p_.DeclRad) != p_.PiGreco / 2 && on(Field::ck_Triangolo)) CilTriangolo(run_);
   footCircle(run_);
-  if (on(Field::ck_Italiche)) oldHours(-1, 1);
-  if (on(Field::ck_babiloniche)) oldHours(1, kPlaneReach);
+  if (on(Field::ck_Italiche)) oldHours(kProiettivoItaliche);
+  if (on(Field::ck_babiloniche)) oldHours(kProiettivoBabiloniche);
   if (on(Field::ck_Lemniscate)) ProiettivoAnalemma();
   if (on(Field::Ck_Section)) CilSezione(run_);
 }
@@ -102,14 +110,13 @@ void Drawing::ProiettivoOre() {
   }
 }
 
-// ProiettivoItaliche and ProiettivoBabiloniche: the conic that the lines touch, of the days without
-// a sunset, and the lines.
-void Drawing::oldHours(double side, double reach) {
+// The conic that the lines touch, of the days without a sunset, and the lines.
+void Drawing::oldHours(const OldHours& family) {
   constexpr int kColour = 13;
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
-  conic(Declination::Latitude, reach, kColour);
+  conic(Declination::Latitude, family.reach, kColour);
   for (const double t : run_.sweep(-kLastOldHour, kLastOldHour, 15)) {
-    const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, hourFromSubstyle(t), side);
+    const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, hourFromSubstyle(t), family.side);
     for (const double u : radii(kPlaneReach)) project(turn(u, line.at(u)), kColour);
   }
 }

@@ -245,12 +245,12 @@ void Drawing::CilEquinoziale() {
     assign(shadow.A, equator ? p_.PiGreco / 2 : azimuthByTangent(cylinder.latitude, hour, sun));
     turnAzimuth(cylinder, hour, shadow);
     if (!meetSurface(cylinder, shadow)) continue;
-    assign(shadow.h, equator ? p_.PiGreco / 2 - std::abs(hour.value)
+    assign(shadow.h, equator ? p_.PiGreco / 2 - std::abs(hour.angle)
                              : arcsineByTangent(sineOfAltitude(cylinder.latitude, hour, sun)));
     dropShadow(cylinder, hour, sun, shadow);
     // With the sun straight in front the general form has no value: any positive ordinate leaves
     // the sample out.
-    const bool noon = cylinder.facesSouth && hour.value == 0;
+    const bool noon = cylinder.facesSouth && hour.angle == 0;
     if (!noon && shadow.A - cylinder.declination == 0) shadow.point.y = p_.PiGreco / 2;
     curve.join(drawIf(t > hours.first()));
   }

@@ -4,18 +4,10 @@
 
 #include <cmath>
 
+#include "dials/trig.hpp"
 #include "numerics/fault.hpp"
 
 namespace dialwright {
-
-// An angle (radians) with its sine and cosine: a latitude or an hour angle, which is positive after
-// noon.
-struct Trig {
-  double value, sine, cosine;
-
-  explicit Trig(double radians)
-      : value(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
-};
 
 // The sun's declination, radians.
 struct SunDeclination : Trig {

@@ -23,6 +23,14 @@ struct Place {
   Punto point;
 };
 
+// Hours counted from the horizon, by the hour angles (degrees) that it is turned by.
+struct TurnedHorizons {
+  double first, last;
+  int colour;
+};
+constexpr TurnedHorizons kCil3DItaliche{0, 180, 8};
+constexpr TurnedHorizons kCil3DBabiloniche{-180, 0, 3};
+
 class Drawing {
  public:
   explicit Drawing(Run& run)
@@ -42,7 +50,7 @@ class Drawing {
   void Cil3DAnalemma(double hour);
   void Cil3DEquinoziale();
   void Cil3DSustilare();
-  void turnedHorizons(double first, double last, int colour);
+  void turnedHorizons(const TurnedHorizons& family);
 
   void stand(Place& place, double across) const;
   LevelWay way(const Place& place) const {
@@ -72,8 +80,8 @@ void Drawing::all() {
   if (on(Field::ck_Orizzonte)) CilOrizzonte(run_);
   if (std::abs(p_.DeclRad) != p_.PiGreco / 2 && on(Field::ck_Triangolo)) CilTriangolo(run_);
   footCircle(run_);
-  if (on(Field::ck_Italiche)) turnedHorizons(0, 180, 8);
-  if (on(Field::ck_babiloniche)) turnedHorizons(-180, 0, 3);
+  if (on(Field::ck_Italiche)) turnedHorizons(kCil3DItaliche);
+  if (on(Field::ck_babiloniche)) turnedHorizons(kCil3DBabiloniche);
   if (on(Field::Ck_Section)) CilSezione(run_);
 }
 
@@ -118,11 +126,12 @@ void Drawing::Cil3DOre() {
 }
 
 // Italic hours to sunset are positive, babylonian hours from sunrise negative.
-void Drawing::turnedHorizons(double first, double last, int colour) {
+void Drawing::turnedHorizons(const TurnedHorizons& family) {
   Place place;
-  for (const double t : run_.sweep(first, last, 15)) {
+  for (const double t : run_.sweep(family.first, family.last, 15)) {
     const Trig turn(-p_.radians(t));
-    trace(place, colour, [&](LevelWay way) { return turnedHorizonOrdinate(latitude_, way, turn); });
+    trace(place, family.colour,
+          [&](LevelWay way) { return turnedHorizonOrdinate(latitude_, way, turn); });
   }
 }
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <optional>
 
 #include "dials/bifilar/catenaria.hpp"
 #include "dials/bifilar/equiangolare.hpp"
@@ -45,22 +45,14 @@ class Wall : public DialCase {
   }
 
   // The sun of a spot is what `fits` expects for its hour angle and declination (degrees). Lines
-  // know no back of the wall: a spot may belong to the sun opposite. Suns that don't light the wall
-  // are counted in `dark`.
+  // know no back of the wall: a spot may belong to the sun opposite.
   template <class Fits>
-  bool sunFits(double x, double sheetY, Fits fits) {
-    sky::Vec sunwards = wires.sunAt(plane, {x, -sheetY});
-    const auto good = [&] {
-      return fits(deg(sky::hourAngleOf(latitude, sunwards)),
-                  deg(sky::declinationOf(latitude, sunwards)));
+  bool sunFits(double x, double sheetY, Fits fits) const {
+    const sky::Vec sunwards = wires.sunAt(plane, {x, -sheetY});
+    const auto good = [&](sky::Vec s) {
+      return fits(deg(sky::hourAngleOf(latitude, s)), deg(sky::declinationOf(latitude, s)));
     };
-    bool fit = good();
-    if (!fit) {
-      sunwards = -1 * sunwards;
-      fit = good();
-    }
-    dark += !plane.lit(sunwards);
-    return fit;
+    return good(sunwards) || good(-1 * sunwards);
   }
   // Both ends of every chord of a layer; gives how many chords there are. A line whose first sample
   // is dropped may begin at the end of another family's: those are counted in `joints`.
@@ -77,6 +69,10 @@ class Wall : public DialCase {
     }
     return lines.size();
   }
+  // The same for a curve of one declination.
+  std::size_t everyDay(std::string_view layer, double declination) {
+    return everySun(layer, [=](double, double d) { return std::abs(d - declination) < kAngle; });
+  }
   double arc(double d) const { return sky::arcOrHalfTurn(latitude, rad(d)); }
   // Out of the plane of the world's axis and the wall's normal.
   double offSubstyle(double H, double d) const {
@@ -87,7 +83,7 @@ class Wall : public DialCase {
   double latitude;
   sky::Plane plane;
   Wires wires{};
-  std::size_t dark = 0, joints = 0;
+  std::size_t joints = 0;
 };
 
 struct Catenary : Wall<sky::WireAndChain> {
@@ -157,11 +153,6 @@ TEST(Catenaria, HoursAreWhereWireAndChainCross) {
 }
 
 TEST(Catenaria, DayCurvesSwapOnNorthernWalls) {
-  struct Curve {
-    const char* layer;
-    double declination;
-    int colour;
-  };
   for (const Site& site : kSites) {
     SCOPED_TRACE(testing::Message() << site.latitude << ' ' << site.declination);
     Catenary dial(site);
@@ -169,19 +160,15 @@ TEST(Catenaria, DayCurvesSwapOnNorthernWalls) {
     dial.set(Field::txtLineofdeclination, "7").run();
     const double side = std::abs(site.declination) > 90 ? -1 : 1;
     std::size_t count = 0;
-    for (const Curve& c : {Curve{"solstice°", -23.445 * side, 12},
-                           {"solstice", 23.445 * side, 12},
-                           {"+-20°", -20.1552 * side, 13},
-                           {"-+20°", 20.1552 * side, 13},
-                           {"-+11°", -11.4746 * side, 11},
-                           {"+-11°", 11.4746 * side, 11},
-                           {"eq", 0, 9},
-                           {"diurna", 7, 10}}) {
-      count += dial.everySun(
-          c.layer, [&](double, double d) { return std::abs(d - c.declination) < kAngle; });
-      for (const LineRecord& line : dial.linesOf(c.layer))
-        EXPECT_EQ(line.colour, palette(c.colour));
-    }
+    for (const auto& [layer, declination] : {std::pair{"solstice°", -23.445 * side},
+                                             {"solstice", 23.445 * side},
+                                             {"+-20°", -20.1552 * side},
+                                             {"-+20°", 20.1552 * side},
+                                             {"-+11°", -11.4746 * side},
+                                             {"+-11°", 11.4746 * side},
+                                             {"eq", 0.0},
+                                             {"diurna", 7.0}})
+      count += dial.everyDay(layer, declination);
     EXPECT_GT(count, 5000u);
   }
 }
@@ -219,26 +206,27 @@ TEST(Catenaria, OtherHoursAreCountedFromSunriseAndSunset) {
                offGrid(hours + round, 1) < 1e-4;
       });
       EXPECT_GT(count, 3000u);
-      const std::size_t before = dial.dark;
       dial.everySun("horizon", [&](double H, double d) {
         return d < 1e-5 && (steep(d) || dial.arc(d) == 180 ||
                             std::abs(sky::sun(dial.latitude, rad(H), rad(d)).z) < 1e-7);
       });
-      EXPECT_GE(dial.dark, before);
     }
   }
 }
 
+// Every chord is drawn, however long. On a wall turned by exactly a quarter it is upside down.
 TEST(Catenaria, AnalemmaIsTheYearsMeanNoon) {
-  for (const double D : {-14.57, 30.0, 150.0}) {
+  for (const double D : {-14.57, 30.0, 150.0, 90.0}) {
     Catenary dial({kLatitude, D});
-    dial.set(Field::y2txt, "-2").check(Field::ck_Lemniscate).run();
+    dial.set(Field::x1txt, "-9").set(Field::y2txt, "-9").check(Field::ck_Lemniscate);
+    dial.set(Field::TxtFuso, D == 90 ? "4" : "-1").run();
     const std::vector<LineRecord> lines = dial.linesOf("analemma");
-    ASSERT_EQ(lines.size(), 365u) << "every chord, however long";
+    ASSERT_GE(lines.size(), D == 90 ? 300u : 365u);
     for (const LineRecord& line : lines) {
       ASSERT_TRUE(dial.sunFits(line.x1, line.y1, [&](double H, double d) {
-        return sky::secondsFromEquationOfTime(rad(H) + dial.params.CorrFuso, rad(d)) < 30;
-      }));
+        const double true_d = D == 90 ? -d : d;
+        return sky::secondsFromEquationOfTime(rad(H) + dial.params.CorrFuso, rad(true_d)) < 30;
+      })) << D;
     }
     EXPECT_EQ(dial.params.LonAbs, dial.params.CorrFuso);
   }
@@ -316,68 +304,30 @@ TEST(Catenaria, DrawsInItsOrder) {
   EXPECT_FALSE(dial.busy);
 }
 
-// On a wall turned by exactly a quarter the analemma is upside down; the curves of the days bear
-// the names of a northern wall there.
-TEST(Catenaria, AnalemmaIsMirroredOnAWallTurnedByAQuarter) {
-  Catenary dial({kLatitude, 90});
-  dial.set(Field::x1txt, "-9").set(Field::y2txt, "-9").set(Field::TxtFuso, "4");
-  dial.check(Field::ck_Lemniscate).run();
-  std::size_t mirrored = 0, right = 0;
-  for (const LineRecord& line : dial.linesOf("analemma")) {
-    const sky::Vec s = dial.wires.sunAt(dial.plane, {line.x1, -line.y1});
-    const double H = sky::hourAngleOf(dial.latitude, s) + dial.params.CorrFuso;
-    const double d = sky::declinationOf(dial.latitude, s);
-    right += sky::secondsFromEquationOfTime(H, d) < 30;
-    mirrored += sky::secondsFromEquationOfTime(H, -d) < 30;
-  }
-  EXPECT_GT(mirrored, 300u);
-  EXPECT_LT(right, 100u);
-}
-
-// Hours whose sun is down or behind the wall are drawn as well: an hour's line is that of the hour
-// twelve later, and each solstice's layer holds the curves of both.
-TEST(Catenaria, DrawsSunsThatDoNotShine) {
+// The first line of each loop is left out; the last one, half a turn on, draws it.
+TEST(Catenaria, LoopsLeaveTheirFirstLineOut) {
   Catenary dial;
-  dial.set(Field::TxtHour, "2").check(Field::chkOreAstronomiche).check(Field::Ck_DayLightCurves);
-  dial.run();
-  const auto front = [&](const LineRecord& line) {
-    return dial.wires.sunAt(dial.plane, {line.x1, -line.y1});
+  dial.set(Field::TxtHour, "2").check(Field::chkOreAstronomiche).run();
+  const auto expectHour = [&](const LineRecord& line, double hour) {
+    const sky::Vec s = dial.wires.sunAt(dial.plane, {line.x1, -line.y1});
+    EXPECT_LT(offGrid(deg(sky::hourAngleOf(dial.latitude, s)) - hour, 180), kAngle);
   };
-  const auto hourOf = [&](const LineRecord& line) {
-    return deg(sky::hourAngleOf(dial.latitude, front(line)));
-  };
-  const std::vector<LineRecord> hours = dial.linesOf("0");
-  const auto night = std::count_if(hours.begin(), hours.end(),
-                                   [&](const LineRecord& line) { return front(line).z <= 0; });
-  EXPECT_NEAR(static_cast<double>(night) / static_cast<double>(hours.size()), 0.065, 0.01);
-  for (const char* layer : {"solstice°", "solstice"}) {
-    const std::vector<LineRecord> curve = dial.linesOf(layer);
-    const auto winter = std::count_if(curve.begin(), curve.end(), [&](const LineRecord& line) {
-      return sky::declinationOf(dial.latitude, front(line)) < 0;
-    });
-    EXPECT_GT(winter, 1500);
-    EXPECT_GT(static_cast<std::ptrdiff_t>(curve.size()) - winter, 1500);
-  }
-  // The first line of each loop is left out; the last one draws it.
-  EXPECT_LT(offGrid(hourOf(hours.front()) - 15, 180), kAngle);
-  EXPECT_LT(offGrid(hourOf(hours.back()), 180), kAngle);
-  EXPECT_LT(offGrid(hourOf(dial.linesOf("mezze").front()) - 22.5, 180), kAngle);
-  EXPECT_LT(offGrid(hourOf(dial.linesOf("mezze").back()) - 7.5, 180), kAngle);
+  expectHour(dial.linesOf("0").front(), 15);
+  expectHour(dial.linesOf("0").back(), 0);
+  expectHour(dial.linesOf("mezze").front(), 22.5);
+  expectHour(dial.linesOf("mezze").back(), 7.5);
 }
 
 TEST(Catenaria, NumeralsStandOnTheLineOfDeclination) {
-  Catenary none;
-  none.run();
-  const std::size_t bare = none.sheet.list().lines.size();
-  for (const bool roman : {false, true}) {
+  const std::size_t bare = Catenary().run().sheet.list().lines.size();
+  for (const Field other : {Field::ckArabi, Field::ckRomani}) {
     Catenary dial;
-    dial.panel.setState(roman ? Field::ckArabi : Field::ckRomani, false);
+    dial.panel.setState(other, false);
     dial.set(Field::txtLineofdeclination, "-10").run();
     const auto& lines = dial.sheet.list().lines;
     ASSERT_GT(lines.size(), bare + 50);
-    for (auto stroke = lines.begin() + static_cast<std::ptrdiff_t>(bare); stroke != lines.end();
-         ++stroke) {
-      const sky::Vec s = dial.wires.sunAt(dial.plane, {stroke->x1, -stroke->y1});
+    for (std::size_t i = bare; i < lines.size(); ++i) {
+      const sky::Vec s = dial.wires.sunAt(dial.plane, {lines[i].x1, -lines[i].y1});
       EXPECT_NEAR(deg(sky::declinationOf(dial.latitude, s)), -10, 9);
     }
   }
@@ -393,23 +343,21 @@ TEST(Equiangolare, HoursAreEquallySpacedInAngle) {
     dial.set(Field::TxtHour, "1").set(Field::txtLON, "70").check(Field::ck_Etna);
     dial.check(Field::chkOreAstronomiche).run();
     const sky::Spot centre{dial.sheet.list().circles.at(0).x, dial.sheet.list().circles.at(0).y};
-    std::map<long, double> bearing;
     const std::size_t count = dial.everySun("oreemezze", [&](double H, double d) {
       return onYear(d) && offGrid(H, 7.5) < kAngle && std::abs(H) < 90.0001;
     });
     EXPECT_GT(count, 1000u);
     EXPECT_EQ(dial.joints, site.latitude == 75 ? 1u : 0u) << "with the straight equinoctial";
+    // Half a turn and more about the centre, one degree for a degree of the sun.
+    const double sense = std::abs(site.declination) > 90 ? -1 : 1;
+    std::optional<double> zero;
     for (const LineRecord& line : dial.linesOf("oreemezze")) {
       const double H =
           deg(sky::hourAngleOf(dial.latitude, dial.wires.sunAt(dial.plane, {line.x1, -line.y1})));
-      const double angle = deg(std::atan2(line.y1 - centre.y, line.x1 - centre.x));
-      const bool noon = offGrid(H, 180) < 1e-3;
-      EXPECT_EQ(line.colour, palette(noon ? 12 : 15));
-      // Half a turn and more about the centre, one degree for a degree of the sun.
-      const double zero =
-          bearing.emplace(0, angle + (site.declination > 90 || site.declination < -90 ? -H : H))
-              .first->second;
-      ASSERT_LT(offGrid(angle + (std::abs(site.declination) > 90 ? -H : H) - zero, 180), 1e-4) << H;
+      EXPECT_EQ(line.colour, palette(offGrid(H, 180) < 1e-3 ? 12 : 15));
+      const double angle = deg(std::atan2(line.y1 - centre.y, line.x1 - centre.x)) + sense * H;
+      if (!zero) zero = angle;
+      ASSERT_LT(offGrid(angle - *zero, 180), 1e-4) << H;
     }
   }
 }
@@ -421,18 +369,15 @@ TEST(Equiangolare, DayCurvesKeepToTheirSide) {
     Equiangular dial(site);
     dial.run();  // without the box of the curves
     std::size_t count = 0;
-    for (const auto& [layer, declination] : std::map<const char*, double>{{"-23.445°", -23.445},
-                                                                          {"-20.1552°", -20.1552},
-                                                                          {"-11.4746°", -11.4746},
-                                                                          {"diurna2", 5},
-                                                                          {"eq", 0},
-                                                                          {"11.4746°", 11.4746},
-                                                                          {"20.1552°", 20.1552},
-                                                                          {"23.445°", 23.445}}) {
-      const double expected = declination;
-      count +=
-          dial.everySun(layer, [&](double, double d) { return std::abs(d - expected) < kAngle; });
-    }
+    for (const auto& [layer, declination] : {std::pair{"-23.445°", -23.445},
+                                             {"-20.1552°", -20.1552},
+                                             {"-11.4746°", -11.4746},
+                                             {"diurna2", 5.0},
+                                             {"eq", 0.0},
+                                             {"11.4746°", 11.4746},
+                                             {"20.1552°", 20.1552},
+                                             {"23.445°", 23.445}})
+      count += dial.everyDay(layer, declination);
     EXPECT_GT(count, 1000u);
     const bool north = std::abs(site.declination) > 90;
     double off = 0;
@@ -451,11 +396,9 @@ TEST(Equiangolare, HorizonAndSubstyleAreStraight) {
     dial.check(Field::ck_Orizzonte).run();
     const std::vector<LineRecord> horizon = dial.linesOf("Hor"), substyle = dial.linesOf("Sus");
     ASSERT_GT(horizon.size(), 100u);
-    EXPECT_EQ(horizon[0].colour, palette(8));
     for (const LineRecord& line : horizon)
       EXPECT_NEAR(dial.wires.sunAt(dial.plane, {line.x1, -line.y1}).z, 0, 1e-7);
     ASSERT_GT(substyle.size(), 100u);
-    EXPECT_EQ(substyle[0].colour, palette(15));
     double off = 0;
     for (const LineRecord& line : substyle) {
       const sky::Vec s = dial.wires.sunAt(dial.plane, {line.x1, -line.y1});
@@ -489,7 +432,6 @@ TEST(Equiangolare, ItalicHoursAreCountedFromSunset) {
     };
     EXPECT_GT(dial.everySun("Ita", from(22, 5.01)), 100u);
     EXPECT_GT(dial.everySun("Ita2", from(13, 24)), 500u);
-    EXPECT_EQ(dial.linesOf("Ita")[0].colour, palette(12));
     EXPECT_TRUE(dial.linesOf("bab").empty() && dial.linesOf("temp").empty());
   }
 }
@@ -563,17 +505,6 @@ TEST(Equiangolare, OnTheEquatorTheEquinoctialIsLevel) {
   for (const LineRecord& line : dial.linesOf("equi")) EXPECT_EQ(line.y1, 0);
   EXPECT_FALSE(dial.linesOf("eq").empty());
   EXPECT_TRUE(dial.linesOf("23.445°").empty() && dial.linesOf("diurna2").empty());
-}
-
-// With both wires at the same distance the chain's vertex alone is in play.
-TEST(Catenaria, EqualDistancesGiveThePlaneDial) {
-  Catenary dial;
-  dial.set(Field::txtD1, "0.2").check(Field::chkOreAstronomiche).run();
-  ASSERT_FALSE(dial.linesOf("0").empty());
-  for (const LineRecord& line : dial.linesOf("0")) {
-    const sky::Vec s = dial.plane.sunOf(0.2, {line.x1, -line.y1 + 0.25});
-    EXPECT_LT(offGrid(deg(sky::hourAngleOf(dial.latitude, s)), 15), kAngle);
-  }
 }
 
 TEST(WireDials, TakeAnyInput) {

@@ -90,26 +90,5 @@ TEST(CylinderMethods, AgreeOnWhatTheyDraw) {
   }
 }
 
-TEST(CylinderMethods, AgreeOnTheNoonGeneratorAndTheFrame) {
-  for (const DottedWall& wall : {kDottedWalls[0], kDottedWalls[1]}) {
-    std::vector<double> noons, centres;
-    for (const auto& [method, colour] :
-         {std::pair{kMethods[0], 9}, std::pair{kMethods[1], 4}, std::pair{kMethods[2], 4},
-          std::pair{Method{Item::mnuCCs, QuadranteCilindricoSferico}, 12}}) {
-      DottedCylinder dial(method.item, method.driver, wall);
-      dial.set(Field::x1txt, "0").set(Field::x2txt, "0").run();
-      const auto noon = dial.linesIn(palette(colour));
-      const auto centre = dial.linesIn(palette(15));
-      ASSERT_EQ(noon.size(), 1u);
-      ASSERT_EQ(centre.size(), 1u);
-      EXPECT_EQ(noon[0].y1, dial.sheet.ShiftY());
-      noons.push_back(noon[0].x1);
-      centres.push_back(centre[0].x1);
-    }
-    EXPECT_EQ(std::count(noons.begin(), noons.end(), noons[0]), 4);
-    EXPECT_EQ(std::count(centres.begin(), centres.end(), centres[0]), 4);
-  }
-}
-
 }  // namespace
 }  // namespace dialwright
