@@ -22,6 +22,10 @@ class Wall : public FlatWall {
   explicit Wall(const FlatSite& where) : FlatWall(Item::M_Light, DisegnaVerticaleLuce, where) {}
 };
 
+double bearing(const LineRecord& ray) {
+  return sky::deg(std::atan2(ray.y1 - ray.y2, ray.x1 - ray.x2));
+}
+
 TEST(VerticaleLuce, HourLinesLieInTheirHourPlanes) {
   for (const FlatSite& site : kSites) {
     for (const double zone : {0.0, 7.3562}) {
@@ -43,6 +47,9 @@ TEST(VerticaleLuce, HourLinesLieInTheirHourPlanes) {
         if (H == 90) continue;
         EXPECT_LT(wall.offHour(H - zone, ray.x1, ray.y1), kAngleSlack);
         EXPECT_NEAR(wall.declination(ray.x1, ray.y1), 0, kAngleSlack);
+        // From the tip laid into the wall the hours are seen under their own angles.
+        const double turned = bearing(ray) - bearing(lines[0]);
+        EXPECT_LT(apart(turned, 7.5 * static_cast<double>(i - hours), 180), kAngleSlack);
       }
     }
   }
