@@ -17,7 +17,7 @@ std::array<DeclinationCone, 3> declinationCones(DialParams& p, double solsticeAr
   p.K20 = coneOf(p, kTwentieth);
   p.K11 = coneOf(p, kEleventh);
   const std::array<double, 3> K = {p.KSolstizio, p.K20, p.K11};
-  std::array<DeclinationCone, 3> cones;
+  std::array<DeclinationCone, 3> cones{};
   for (std::size_t i = 0; i < cones.size(); ++i)
     cones[i] = {K[i], palette(kDeclinationPairs[i].colour)};
   return cones;
