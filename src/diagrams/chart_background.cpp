@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kRingInk = 5;
 constexpr double kSignsBeyond = 0.1;  // metres, outside the horizon
+constexpr double kLeastSquare = 2;    // square metres: of a sign's abscissa
 
 // A stretch of the ring of hours, degrees counter-clockwise from the West: the hour at an angle a
 // is base - a/15. Midnight has no numeral.
@@ -86,18 +87,18 @@ void Background::ticks(double first, double step, double inner) {
   }
 }
 
-// All numerals have their heads towards the centre.
+// Both kinds are turned by a quarter turn less the ring's angle, so that they turn against the
+// ring: Arabic heads point to the centre at 135 and 315 degrees only.
 void Background::numerals() {
   const double r = inner_ * 9 / 10;
   for (const HourStretch& stretch : kHourStretches) {
     for (const double a : run_.sweep(stretch.first, stretch.last, 15)) {
-      const double turn = p_.radians(a);
-      const double x = r * std::cos(turn), y = r * std::sin(turn);
+      const double x = r * std::cos(p_.radians(a)), y = r * std::sin(p_.radians(a));
       const int hour = static_cast<int>(stretch.base - a / 15);
       if (run_.on(Field::ckRomani)) {
-        DisegnaNumeroRomano(run_, x, y, p_.PiGreco / 2 - turn, hour, 2);
+        DisegnaNumeroRomano(run_, x, y, p_.PiGreco / 2 - p_.radians(a), hour, 2);
       } else {
-        DisegnaNumeroArabo(run_, x, y, 180 + a, hour, hour >= 10 ? 2 : 1);
+        DisegnaNumeroArabo(run_, x, y, 90 - a, hour, hour >= 10 ? 2 : 1);
       }
     }
   }
@@ -117,7 +118,8 @@ void Background::day(double d, int ink) {
   dayArc(p_, sheet_, ring(p_, R_, d), p_.ArcCos(std::abs(c)), ink);
 }
 
-// A sign stands where its ring meets the circle that runs kSignsBeyond outside the horizon.
+// A sign stands at the height where its ring meets the circle that runs kSignsBeyond outside the
+// horizon. It goes beside the meridian on a large chart only; else both stand on it.
 void Background::signs() {
   const double centre = over(R_, std::tan(p_.LatRad));
   const double q = over(R_, std::sin(p_.LatRad)) + kSignsBeyond;
@@ -125,7 +127,8 @@ void Background::signs() {
   for (const DaySigns& signs : kDaySigns) {
     const double r = ring(p_, R_, signs.declination);
     assign(at.y, over(r * r - q * q + centre * centre, 2 * centre));
-    assign(at.x, root(r * r - at.y * at.y));
+    const double square = r * r - at.y * at.y;
+    if (square > kLeastSquare) assign(at.x, root(square));
     signs.left(run_, -at.x, at.y, 90, 1);
     signs.right(run_, at.x, at.y, 90, 1);
   }

@@ -5,6 +5,7 @@
 // (Standard: J. P. Snyder, Map Projections, the polar stereographic projection of the sphere.)
 #include "diagrams/stereographic.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -25,7 +26,6 @@ constexpr int kHorizonInk = 10, kPlaneInk = 14, kArrowInk = 11;
 constexpr double kLowLatitude = 6;      // degrees: below, the horizon is too flat for a circle
 constexpr double kHorizonStep = 0.005;  // metres
 constexpr double kPlaneStep = 0.0005;   // metres
-constexpr double kStraight = 1e6;       // of the chart's radius: circles from there on are lines
 constexpr double kArrowRadius = 120;    // degrees: twice the angle at the projection's pole
 constexpr double kArrowStep = 0.005;    // radians
 
@@ -41,11 +41,9 @@ struct DialPlane {
   double pole = 0;      // declination of its normal, radians: the style's elevation
   double Ha = 0;        // hour angle of its normal: of the substyle
   double substyle = 0;  // the substyle's angle on the dial from its line of greatest slope
-  Punto centre;         // of its circle, which is off the chart for a dial with a polar style in it
+  Punto centre;         // of its circle: far off the chart for a plane that holds the polar axis
   double radius = 0;
-  Punto setting, rising;  // where its circle meets the horizon, in the West and the East of a
-                          // southern dial
-  double settingHour = 0, risingHour = 0;
+  double settingHour = 0, risingHour = 0;  // where its circle meets the horizon
   double from = 0, to = 0;  // bearings of these points from the centre, counter-clockwise along
                             // the part that is above the horizon
 };
@@ -65,14 +63,14 @@ class Chart {
   void findPlane();
   void findSubstyle();
   void findCrossings();
+  void findHours();
   Punto project(double west, double south, double north) const;
-  bool straight() const { return !(std::abs(plane_.radius) < kStraight * std::abs(R_)); }
   void substyleLine();
   void planeCircle();
   void planeArc();
   void figures();
   void say(std::string_view label, const std::string& value = {});
-  void compass();
+  void litSide();
 
   Run& run_;
   DialParams& p_;
@@ -108,11 +106,12 @@ void Chart::all() {
   findPlane();
   substyleLine();
   planeCircle();
+  findHours();
   findCrossings();
   planeArc();
   figures();
   SfondoStereografico(run_);
-  compass();
+  litSide();
 }
 
 bool Chart::sunSetsAllYear() const {
@@ -151,12 +150,11 @@ Punto Chart::project(double west, double south, double north) const {
 }
 
 // The hour angle of the plane's normal, on the side of the meridian that the dial declines to. A
-// level plane looks at the zenith or away from it, whatever its declination.
+// dial that doesn't decline has its substyle at noon, also where its normal is at midnight; the
+// tangent of a level plane's reclination is large and, by the circle constant, of the wrong sign.
 double Chart::substyleHour() const {
-  if (std::abs(p_.ReclinGradi) == 90) return p_.ReclinGradi > 0 ? 0 : p_.PiGreco;
   const double below =
       latitude_.sine * declination_.cosine + latitude_.cosine * std::tan(p_.ReclinRad);
-  if (declination_.sine == 0 && below < 0) return p_.PiGreco;
   const double Ha = below == 0 ? p_.PiGreco / 2 : arctan(declination_.sine / below);
   if (std::sin(Ha) * declination_.sine >= 0) return Ha;
   return Ha > 0 ? Ha - p_.PiGreco : Ha + p_.PiGreco;
@@ -169,8 +167,8 @@ void Chart::findPlane() {
                                 latitude_.cosine * reclination_.cosine * declination_.cosine));
   assign(plane_.Ha, substyleHour());
   const double distance = over(R_, std::tan(plane_.pole));
-  plane_.centre = {distance * std::sin(plane_.Ha), distance * std::cos(plane_.Ha)};
-  plane_.radius = over(-R_, std::sin(plane_.pole));
+  assign(plane_.centre, {distance * std::sin(plane_.Ha), distance * std::cos(plane_.Ha)});
+  assign(plane_.radius, over(-R_, std::sin(plane_.pole)));
   findSubstyle();
 }
 
@@ -202,7 +200,6 @@ void Chart::substyleLine() {
 }
 
 void Chart::planeCircle() {
-  if (straight()) return;
   dot(sheet_, plane_.centre, palette(kPlaneInk));
   arc(sheet_, plane_.centre, std::abs(plane_.radius), palette(kDayInk));
 }
@@ -212,24 +209,17 @@ void Chart::planeCircle() {
 // equator's South point and the pole are (cos d, -sin d sin phi, sin d cos phi) and the opposite;
 // projected, they are the points in which the two circles of the chart meet.
 void Chart::findCrossings() {
-  plane_.setting = project(declination_.cosine, -declination_.sine * latitude_.sine,
-                           declination_.sine * latitude_.cosine);
-  plane_.rising = project(-declination_.cosine, declination_.sine * latitude_.sine,
-                          -declination_.sine * latitude_.cosine);
+  const Punto setting = project(declination_.cosine, -declination_.sine * latitude_.sine,
+                                declination_.sine * latitude_.cosine);
+  const Punto rising = project(-declination_.cosine, declination_.sine * latitude_.sine,
+                               -declination_.sine * latitude_.cosine);
   const double turn = 2 * p_.PiGreco;
-  const auto hour = [&](double west, double south) {
-    const double H = p_.ArcTanPieno(west, south);
-    return 12 + (H > p_.PiGreco ? H - turn : H) * 12 / p_.PiGreco;
-  };
-  plane_.settingHour = hour(declination_.cosine, -declination_.sine * latitude_.sine);
-  plane_.risingHour = hour(-declination_.cosine, declination_.sine * latitude_.sine);
-
   const auto bearing = [&](Punto at) {
     const double b = p_.ArcTanPieno(at.y - plane_.centre.y, at.x - plane_.centre.x);
     return b < 0 ? b + turn : b;
   };
-  plane_.from = bearing(plane_.setting);
-  plane_.to = bearing(plane_.rising);
+  plane_.from = bearing(setting);
+  plane_.to = bearing(rising);
   // The plane's steepest direction, upwards, lies on the part above the horizon.
   const double steepest =
       bearing(project(-declination_.sine * reclination_.sine,
@@ -244,14 +234,24 @@ void Chart::findCrossings() {
   if (onwards(steepest) > onwards(plane_.to)) std::swap(plane_.from, plane_.to);
 }
 
-// The part above the horizon; then, where the whole circle stands on the chart, its points. A plane
-// with the polar style in it is a straight line.
+// The hours of the crossings, half a day apart: one of them by its tangent, which a wall due South
+// and a site on the equator don't have: there the setting point itself gives it.
+void Chart::findHours() {
+  double hour = 0;
+  if (!assign(hour,
+              12 + arctan(over(-1, latitude_.sine * std::tan(p_.DeclRad))) * 12 / p_.PiGreco)) {
+    const double H = p_.ArcTanPieno(declination_.cosine, -declination_.sine * latitude_.sine);
+    hour = 12 + (H > p_.PiGreco ? H - 2 * p_.PiGreco : H) * 12 / p_.PiGreco;
+  }
+  const auto [morning, evening] = std::minmax({hour, hour < 12 ? hour + 12 : hour - 12});
+  const bool southern = declination_.cosine > 0;
+  plane_.risingHour = southern ? morning : evening;
+  plane_.settingHour = southern ? evening : morning;
+}
+
+// The part above the horizon; then, where the whole circle stands on the chart, its points.
 void Chart::planeArc() {
   const double r = std::abs(plane_.radius);
-  if (straight()) {
-    line(sheet_, plane_.setting, plane_.rising, palette(kPlaneInk));
-    return;
-  }
   const double end = plane_.to == 0 ? 2 * p_.PiGreco : plane_.to;
   arc(sheet_, plane_.centre, r, palette(kPlaneInk), plane_.from, end);
   const double left = plane_.centre.x - r, right = plane_.centre.x + r;
@@ -309,11 +309,11 @@ void Chart::figures() {
   sheet_.ForeColor = kWhite;
 }
 
-// --- The compass
+// --- The side that the plane looks at
 
 // From the meridian to the substyle's hour, with its arrow half way: the side that the plane looks
 // at.
-void Chart::compass() {
+void Chart::litSide() {
   const double Ha = plane_.Ha;
   const double radius = R_ * std::tan(p_.radians(kArrowRadius / 2));
   MarcaCardinale(run_, radius * std::sin(Ha / 2), radius * std::cos(Ha / 2),

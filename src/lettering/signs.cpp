@@ -1,4 +1,4 @@
-// The designs of the twelve signs and of the compass arrow: q grows downwards, angles count from
+// The designs of the twelve signs and of the cardinal arrow: q grows downwards, angles count from
 // the p axis.
 #include "lettering/signs.hpp"
 
@@ -226,11 +226,11 @@ constexpr GlyphStroke kCancerStrokes[] = {
     {2.5, 18.8, -11.5, 17.7, 15},         {-11.5, 17.7, -26, 13.2, 15},
 };
 
-// The compass arrow: a needle on its capsule.
-constexpr Arc kCompassArcs[] = {
+// The cardinal arrow: a needle on its capsule.
+constexpr Arc kCardinalArcs[] = {
     {0, 0, 15.7, 0, 360, kCircle, 11},
 };
-constexpr GlyphStroke kCompassStrokes[] = {
+constexpr GlyphStroke kCardinalStrokes[] = {
     {12.3, 0, 0, -42, 12},
     {0, -42, -12.3, 0, 12},
     {-12.3, 0, 0, 29.69, 11},
@@ -251,6 +251,6 @@ const Glyph taurus{kTaurusArcs, kTaurusStrokes};
 const Glyph leo{kLeoArcs, {}};
 const Glyph gemini{kGeminiArcs, kGeminiStrokes};
 const Glyph cancer{kCancerArcs, kCancerStrokes};
-const Glyph compass{kCompassArcs, kCompassStrokes};
+const Glyph cardinal{kCardinalArcs, kCardinalStrokes};
 
 }  // namespace dialwright::signs

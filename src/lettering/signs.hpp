@@ -1,4 +1,4 @@
-// The designs of the zodiac signs and of the compass arrow, in a grid of 28 units to half a height.
+// The designs of the zodiac signs and of the cardinal arrow, in a grid of 28 units to half a height.
 #pragma once
 
 #include "lettering/glyph.hpp"
@@ -6,6 +6,6 @@
 namespace dialwright::signs {
 
 extern const Glyph capricorn, sagittarius, aquarius, scorpio, pisces, libra, aries, virgo, taurus,
-    leo, gemini, cancer, compass;
+    leo, gemini, cancer, cardinal;
 
 }  // namespace dialwright::signs

@@ -1,4 +1,4 @@
-// The signs' frame, their placing on a flat dial, and the compass arrow.
+// The signs' frame, their placing on a flat dial, and the cardinal arrow.
 #include "lettering/zodiac.hpp"
 
 #include <cmath>
@@ -102,7 +102,7 @@ void SegnoZodiaco12(Run& run, double x, double y, double angleDegrees, double) {
 }
 
 void MarcaCardinale(Run& run, double x, double y, double angleDegrees) {
-  engrave(run, x, y, angleDegrees, signs::compass);
+  engrave(run, x, y, angleDegrees, signs::cardinal);
 }
 
 void DisegnaSegniZodiaco(Run& run) {

@@ -29,7 +29,7 @@ SegnoZodiaco SegnoZodiaco12;  // Cancer
 // and the plane from the record, the base hour angle too, and the window from the panel.
 void DisegnaSegniZodiaco(Run& run);
 
-// The compass arrow: a mark in the signs' grid and size that points along the angle.
+// The cardinal arrow: a mark in the signs' grid and size that points along the angle.
 void MarcaCardinale(Run& run, double x, double y, double angleDegrees);
 
 }  // namespace dialwright

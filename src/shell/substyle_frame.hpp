@@ -2,6 +2,7 @@
 // it. In this frame the declination curves are conics.
 #pragma once
 
+#include <array>
 #include <cmath>
 
 #include "numerics/projection.hpp"
@@ -41,12 +42,24 @@ inline void setConic(ConicSet& conic, double style, double elevation, double K) 
   assign(conic.A2, over(1, den));
 }
 
+// A pair of declinations on both sides of the equinoctial: its conic in the record and the colour
+// number of its curves.
+struct DeclinationPair {
+  Declination conic;
+  double declination;  // degrees
+  int colour;
+};
+inline constexpr std::array<DeclinationPair, 3> kDeclinationPairs = {
+    {{Declination::Solstice, kSolstice, 12},
+     {Declination::Twentieth, kTwentieth, 13},
+     {Declination::Eleventh, kEleventh, 11}}};
+
 // The conics of the three declination pairs and of the latitude, for the record's style and
 // elevation.
 inline void setConics(DialParams& p) {
-  setConic(p.conic(Declination::Solstice), p.Stilo, p.ElevStilo, coneOf(p, kSolstice));
-  setConic(p.conic(Declination::Twentieth), p.Stilo, p.ElevStilo, coneOf(p, kTwentieth));
-  setConic(p.conic(Declination::Eleventh), p.Stilo, p.ElevStilo, coneOf(p, kEleventh));
+  for (const DeclinationPair& pair : kDeclinationPairs) {
+    setConic(p.conic(pair.conic), p.Stilo, p.ElevStilo, coneOf(p, pair.declination));
+  }
   const double t = std::tan(p.LatRad);
   setConic(p.conic(Declination::Latitude), p.Stilo, p.ElevStilo, t * t);
 }

@@ -3,9 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
+#include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
 #include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
 #include "support/odd_input.hpp"
@@ -19,6 +23,8 @@ using sky::rad;
 using std::numbers::pi;
 
 constexpr double kR = 0.4;
+constexpr double kSolstice = 23.445;
+constexpr std::size_t kNumerals = 23;
 // Radians and metres: the circle constant's error, grown with the radius of a plane's circle.
 constexpr double kNear = 5e-8;
 
@@ -90,6 +96,7 @@ TEST(StereographicChart, ThePlanesPointsLieInThePlane) {
   for (const double latitude : {45.7438, 62.0, 12.0}) {
     for (const double declination : {-14.57, 0.0, 35.0, 120.0, -170.0, 180.0}) {
       for (const double reclination : {0.0, 25.0, -20.0, 70.0, -70.0}) {
+        if (declination == 0 && reclination < -latitude) continue;  // see ADialAtMidnight
         SCOPED_TRACE(testing::Message() << latitude << ' ' << declination << ' ' << reclination);
         Chart chart(latitude, declination, reclination);
         chart.run();
@@ -122,23 +129,47 @@ TEST(StereographicChart, ThePlanesPointsLieInThePlane) {
   }
 }
 
-// A plane that holds the polar axis is a straight line through the pole.
-TEST(StereographicChart, APolarPlaneIsAStraightLine) {
-  Chart chart(45.7438, -90);
-  chart.run();
-  EXPECT_TRUE(chart.circlesIn(14).empty());
-  const LineRecord line = chart.linesIn(palette(14)).at(1);
-  for (const sky::Spot s : {sky::Spot{line.x1, -line.y1}, sky::Spot{line.x2, -line.y2}}) {
-    EXPECT_NEAR(chart.sphere.altitude(s), 0, kNear);
-    EXPECT_NEAR(s.x, 0, kNear);
+// The circle of a plane that holds the polar axis has a radius that only the circle constant's
+// error keeps finite; it is no straight line. Its arc ends on the horizon all the same; bearings of
+// half a turn are taken with that constant.
+TEST(StereographicChart, APolarPlaneIsAnImmenseCircle) {
+  for (const double declination : {-90.0, 90.0}) {
+    Chart chart(45.7438, declination);
+    chart.run();
+    ASSERT_EQ(chart.circlesIn(14).size(), 1u);
+    const CircleRecord c = chart.circlesIn(14)[0];
+    EXPECT_GT(c.radius, 1e9);
+    EXPECT_LT(c.radius, 1e10);
+    const double beyond = declination > 0 ? chart.params.PiGreco - pi : 0;
+    for (const double angle : {c.startAngle, c.endAngle}) {
+      const sky::Spot end = onCircle(c, angle - beyond);
+      EXPECT_NEAR(end.x, 0, 5e-6);
+      EXPECT_NEAR(chart.sphere.altitude(end), 0, 5e-6);
+    }
+    EXPECT_EQ(chart.pointsIn(palette(14)).size(), 0u);  // all off the sheet
+    const auto lines = chart.linesIn(palette(14));      // the substyle, and strokes of characters
+    EXPECT_EQ(std::ranges::count_if(
+                  lines, [](const LineRecord& l) { return std::abs(l.x1 - l.x2) > 1e-3; }),
+              1);
   }
 }
 
-TEST(StereographicChart, ALevelPlaneIsTheHorizon) {
-  Chart chart(45.7438, 30, 90);
-  chart.run();
-  for (double part = 0; part <= 1; part += 0.125)
-    EXPECT_NEAR(chart.sphere.altitude(onArc(chart.circlesIn(14).at(0), part)), 0, kNear);
+// A dial whose normal stands at midnight has its substyle and its circle at noon where it doesn't
+// decline: they are those of the dial's mirror image. A level plane that looks up has the horizon
+// only where it doesn't decline, and its mirror image elsewhere.
+TEST(StereographicChart, ADialAtMidnight) {
+  for (const auto& [declination, reclination, side] :
+       {std::tuple{0.0, -70.0, -1}, {0.0, 90.0, 1}, {30.0, 90.0, -1}, {-30.0, 90.0, -1}}) {
+    SCOPED_TRACE(testing::Message() << declination << ' ' << reclination);
+    Chart chart(45.7438, declination, reclination);
+    chart.run();
+    const sky::Plane plane = sky::Plane::facing(declination, reclination);
+    const CircleRecord whole = chart.circlesIn(8).at(0);
+    for (double a = 0; a < 6; a += 0.5) {
+      const sky::Spot s = onCircle(whole, a);
+      EXPECT_NEAR(sky::dot(plane.normal, chart.sphere.direction({s.x, side * s.y})), 0, kNear);
+    }
+  }
 }
 
 TEST(StereographicChart, TheHorizonIsACircleOrARowOfPoints) {
@@ -160,8 +191,8 @@ TEST(StereographicChart, TheHorizonIsACircleOrARowOfPoints) {
   }
 }
 
-// The compass runs from the South to the hour of the plane's normal, with its arrow half way.
-TEST(StereographicChart, TheCompassShowsTheSideOfThePlane) {
+// The arc of the lit side runs from the South to the hour of the plane's normal, with its arrow half way.
+TEST(StereographicChart, TheArrowShowsTheSideOfThePlane) {
   for (const double declination : {-60.0, 40.0}) {
     Chart chart(45.7438, declination, 10);
     chart.run();
@@ -235,8 +266,8 @@ TEST(StereographicChart, NumeralsAreTheHours) {
     chart.panel.setState(Field::ckRomani, roman);
     chart.run();
     const auto places = chart.characters();
-    ASSERT_GE(places.size(), 23u + 7);
-    for (std::size_t i = 0; i < 23; ++i) {
+    ASSERT_EQ(places.size(), kNumerals + 3u + 1);
+    for (std::size_t i = 0; i < kNumerals; ++i) {
       const double a = 15 * static_cast<double>(i < 18 ? i : i + 1);
       EXPECT_NEAR(std::remainder(deg(std::atan2(places[i].y, places[i].x)) - a, 360), 0, 1e-5);
       EXPECT_NEAR(std::hypot(places[i].x, places[i].y), 0.648 * kR * std::tan(rad(33.2775)), kNear);
@@ -244,33 +275,67 @@ TEST(StereographicChart, NumeralsAreTheHours) {
   }
 }
 
-// Signs stand where their day meets a circle 0.1 m outside the horizon. In the North the summer
-// solstice has no such point: its signs keep the abscissa of the winter's.
+// Characters turn by a quarter turn less the ring's angle.
+void someNumerals(Run& run) {
+  const double r = 0.648 * kR * std::tan(rad(33.2775));
+  for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {90, 12}, {135, 9}, {345, 7}}) {
+    const double x = r * std::cos(rad(a)), y = r * std::sin(rad(a));
+    if (run.on(Field::ckRomani))
+      DisegnaNumeroRomano(run, x, y, rad(90 - a), hour, 2);
+    else
+      DisegnaNumeroArabo(run, x, y, 90 - a, hour, hour == 12 ? 2 : 1);
+  }
+}
+
+TEST(StereographicChart, NumeralsTurnAgainstTheRing) {
+  for (const bool roman : {true, false}) {
+    Chart chart;
+    DialCase numerals(Item::mnuDia, someNumerals);
+    for (DialCase* c : {static_cast<DialCase*>(&chart), &numerals}) {
+      c->panel.setState(Field::ckRomani, roman);
+      c->set(Field::txtArabi, "0.02").set(Field::txtNumbersize, "0.02").run();
+    }
+    const auto& wanted = numerals.sheet.list().lines;
+    EXPECT_GT(wanted.size(), 10u);
+    for (const LineRecord& w : wanted) {
+      EXPECT_TRUE(std::ranges::any_of(chart.sheet.list().lines, [&](const LineRecord& l) {
+        return std::hypot(l.x1 - w.x1, l.y1 - w.y1, l.x2 - w.x2) + std::abs(l.y2 - w.y2) < 1e-9;
+      })) << roman;
+    }
+  }
+}
+
+// Signs stand at the height where their day meets a circle 0.1 m outside the horizon. Only those
+// more than the root of 2 metres beside the meridian go there, and then off a sheet of the first
+// size; the others keep the abscissa of the ring before, at first 0.
 TEST(StereographicChart, SignsStandBesideTheHorizon) {
-  for (const double latitude : {45.7438, 20.0, 0.0}) {
-    SCOPED_TRACE(latitude);
+  for (const auto& [latitude, radius] :
+       {std::pair{45.7438, kR}, {20.0, kR}, {0.0, kR}, {45.7438, 2.0}}) {
+    SCOPED_TRACE(testing::Message() << latitude << ' ' << radius);
     Chart chart(latitude);
-    chart.run();
-    const auto places = chart.characters();
-    const std::size_t first = 23;
-    ASSERT_EQ(places.size(), first + 7);
-    const double f = rad(latitude);
-    for (std::size_t i = 0; i < 3; ++i) {
-      const sky::Spot left = places[first + 2 * i], right = places[first + 2 * i + 1];
-      EXPECT_NEAR(left.x, -right.x, kNear);
-      EXPECT_NEAR(left.y, right.y, kNear);
-      if (latitude > 40 && i == 1) {
-        EXPECT_NEAR(right.x, places[first + 1].x, kNear);
-        continue;
-      }
-      const double r = kR * std::tan(rad((90 + std::array{23.445, -23.445, 0.0}[i]) / 2));
-      EXPECT_NEAR(std::hypot(right.x, right.y), r, kNear);
-      if (f == 0) {
-        EXPECT_NEAR(right.y, 0, kNear);
-      } else {
-        EXPECT_NEAR(std::hypot(right.x, right.y - kR / std::tan(f)), kR / std::sin(f) + 0.1, 1e-7);
+    chart.sheet.QuadranteL(20);
+    chart.sheet.QuadranteH(20);
+    chart.sheet.ShiftX(10);
+    chart.sheet.ShiftY(10);
+    chart.set(Field::TxtRadius, textOf(radius)).run();
+    const double centre = radius / std::tan(rad(latitude));
+    const double q = radius / std::sin(rad(latitude)) + 0.1;
+    std::vector<sky::Spot> wanted;
+    sky::Spot at{};
+    for (const double d : {kSolstice, -kSolstice, 0.0}) {
+      const double r = radius * std::tan(rad((90 + d) / 2));
+      if (latitude > 0) at.y = (r * r - q * q + centre * centre) / (2 * centre);
+      if (r * r - at.y * at.y > 2) at.x = std::sqrt(r * r - at.y * at.y);
+      for (const double side : {-1, 1}) {
+        const sky::Spot s{side * at.x, at.y};
+        if (wanted.empty() || sky::distance(wanted.back(), s) > 1e-7) wanted.push_back(s);
       }
     }
+    EXPECT_EQ(at.x > 0, radius > 1);
+    const auto places = chart.characters();
+    ASSERT_EQ(places.size(), kNumerals + wanted.size() + 1);  // and the arrow
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+      EXPECT_LT(sky::distance(places[kNumerals + i], wanted[i]), 1e-7) << i;
   }
 }
 
@@ -292,9 +357,22 @@ TEST(StereographicChart, TellsItsFigures) {
             "radius of the arc representing the dial plane  =  0.5922|pz =  -0.1687|"
             "first bearing =  57.225 °|second bearing =  143.8663 °|"
             "Sun on dial at 5 h 17.81 m|Sun off dial at 17 h 17.81 m||");
-  // The hours are those of the horizon's points in the wall.
-  const double H = sky::hourAngleOf(rad(45.7438), sky::Plane::facing(-14.57, 0).right);
-  EXPECT_NEAR(std::abs(deg(H)) / 15, 12 - (5 + 17.81 / 60), 2e-4);
+}
+
+// The hours at which the sun passes the horizon's two points in the plane, which its reclination
+// doesn't move. A wall due South has no tangent, nor has a site on the equator.
+TEST(StereographicChart, TheHoursAreThoseOfTheHorizonsPoints) {
+  const std::tuple<double, double, const char*> cases[] = {
+      {45.7438, -14.57, "Sun on dial at 5 h 17.81 m|Sun off dial at 17 h 17.81 m|"},
+      {45.7438, 14.57, "Sun on dial at 6 h 42.18 m|Sun off dial at 18 h 42.18 m|"},
+      {45.7438, 160, "Sun on dial at 17 h 1.55 m|Sun off dial at 5 h 1.55 m|"},
+      {45.7438, 0, "Sun on dial at 6 h 0 m|Sun off dial at 18 h 0 m|"},
+      {0, 30, "Sun on dial at 6 h 0 m|Sun off dial at 18 h 0 m|"}};
+  for (const auto& [latitude, declination, hours] : cases) {
+    Chart chart(latitude, declination);
+    chart.run();
+    EXPECT_NE(chart.told().find(hours), std::string::npos) << hours << chart.told();
+  }
 }
 
 TEST(StereographicChart, SplitsHours) {

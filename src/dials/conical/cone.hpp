@@ -32,9 +32,11 @@ struct Cone {
   // the vertex. The triangle of vertex, tip and shadow has the angle sigma at the vertex and a
   // quarter turn less sigma + delta at the shadow. Negative where the ray leaves the cone: then it
   // is the point that the ray comes from.
-  double RaggioSviluppo(double delta) const {
-    return over(over(style * std::sin(phi + sigma) * std::cos(delta), std::cos(sigma + delta)),
-                std::sin(sigma));
+  double RaggioSviluppo(double delta) const { return over(circleRadius(delta), std::sin(sigma)); }
+
+  // The radius of the day's circle on the cone, about the axis.
+  double circleRadius(double delta) const {
+    return over(style * std::sin(phi + sigma) * std::cos(delta), std::cos(sigma + delta));
   }
 
   // The foot of the style, from the vertex.

@@ -175,6 +175,8 @@ void Drawing::horizonHours(const HorizonHours& hours) {
 }
 
 // Temporary hours: 12 stands at sunset, 1 an hour after sunrise. The 12 has its first digit only.
+// Mirroring turns the numerals by half a turn, places and all, so that each stands at the hour that
+// is as far from noon on the other side.
 void Drawing::NumeriScafe() {
   if (!on(Field::ckTemp)) return;
   const double delta = p_.radians(cone_.eccentricity() >= 1 ? 25 : 30);
@@ -183,9 +185,9 @@ void Drawing::NumeriScafe() {
   assign(arc, semiArc(delta) * sinSigma_);
   for (int k = 6; k >= -5; --k) {
     const double psi = arc * k / 6;
-    const Punto at = sided({rho * std::cos(psi), rho * std::sin(psi)});
+    const double x = cone_.side * rho * std::cos(psi), y = cone_.side * rho * std::sin(psi);
     const int number = k + 6;
-    DisegnaNumeroArabo(run_, at.x, at.y, (cone_.side + 1) / 2 * 180 + p_.degrees(psi), number,
+    DisegnaNumeroArabo(run_, x, y, (cone_.side + 1) / 2 * 180 + p_.degrees(psi), number,
                        number == 10 || number == 11 ? 2 : 1);
   }
 }
@@ -218,19 +220,15 @@ void Drawing::TropiciScafe() {
 
 void Drawing::EquatoreScafe() { dayArc(0); }
 
-// From sunrise to sunset, on the side of the vertex on which the hours stand.
+// From sunrise to sunset, about half a turn: on the side of the mirrored development, whether or
+// not the dial is mirrored.
 void Drawing::dayArc(double declination) {
   const double delta = p_.radians(declination);
   double rho = 0, psi = 0;
   assign(rho, cone_.RaggioSviluppo(delta));
   assign(psi, semiArc(delta) * sinSigma_);
-  const bool mirrored = cone_.side < 0;
-  const double turn = 2 * p_.PiGreco;
   circle(sheet_, {0, 0}, rho, palette(15),
-         {.startAngle = (mirrored ? p_.PiGreco : turn) - psi,
-          .endAngle = mirrored  ? p_.PiGreco + psi
-                      : psi > 0 ? psi
-                                : turn});
+         {.startAngle = p_.PiGreco - psi, .endAngle = p_.PiGreco + psi});
 }
 
 }  // namespace

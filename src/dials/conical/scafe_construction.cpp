@@ -83,8 +83,8 @@ class Construction {
   Construction(Run& run, const Cone& cone) : run_(run), sheet_(run.sheet), cone_(cone) {
     solstice_ = run.params.radians(kSolstice);
     assign(rho_, cone.RaggioSviluppo(solstice_));
-    const double reach = rho_ * std::sin(cone.sigma);
-    assign(top_, cone.style + over(reach * std::tan(solstice_), std::cos(cone.phi)));
+    const double radius = cone.circleRadius(solstice_);
+    assign(top_, cone.style + over(radius * std::tan(solstice_), std::cos(cone.phi)));
   }
 
   void all();
@@ -172,8 +172,9 @@ void Construction::section() {
 
 // --- The edge in plan
 
-// The level plane through the style cuts the cone in a conic whose vertices are the style's foot
-// and, S * sin(phi + sigma)/sin(phi - sigma) beyond the tip, a point of the opposite generator.
+// The level plane through the style cuts the cone in a conic whose vertex is the style's foot. The
+// ellipse has the eccentricity of the edge but not its size: its half axis is worked out with
+// cos(sigma) on purpose, where the section of the cone has sin(phi - sigma).
 Conic Construction::conicOfEdge() const {
   const double S = cone_.style, phi = cone_.phi, sigma = cone_.sigma;
   Conic k;
@@ -188,7 +189,7 @@ Conic Construction::conicOfEdge() const {
   k.x0 = (ellipse ? 9 : 12) * S;
   k.focus = k.x0;
   if (ellipse) {
-    assign(k.a, std::abs(S / 2 * (over(std::sin(phi + sigma), std::sin(phi - sigma)) + 1)));
+    assign(k.a, std::abs(S / 2 * (over(std::sin(phi + sigma), std::cos(sigma)) + 1)));
   } else {
     assign(k.a, std::abs(over(S * std::sin(phi) * std::cos(sigma), std::sin(sigma - phi))));
   }

@@ -1,8 +1,6 @@
-// What the dials share that plot their curves as dots: their notice, the three days, and the marks
-// on the foot of the style.
+// What the dials share that plot their curves as dots: their notice and the marks on the foot of
+// the style.
 #pragma once
-
-#include <array>
 
 #include "dials/pen.hpp"
 #include "shell/dispatch.hpp"
@@ -12,16 +10,6 @@ namespace dialwright {
 // Told at the start of every run: the definition is the distance from dot to dot.
 inline constexpr const char* kDefinitionNotice =
     "Modify the definition if the graph is not well visible";
-
-// A pair of declinations, its conic in the record and its colour number.
-struct DottedDay {
-  Declination conic;
-  double declination;  // degrees
-  int colour;
-};
-inline constexpr std::array<DottedDay, 3> kDottedDays = {{{Declination::Solstice, kSolstice, 12},
-                                                          {Declination::Twentieth, kTwentieth, 13},
-                                                          {Declination::Eleventh, kEleventh, 11}}};
 
 // The last hour (degrees either side of noon) from which the lines of italic and babylonian hours
 // start on the equinoctial.

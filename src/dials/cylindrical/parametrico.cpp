@@ -159,13 +159,13 @@ void Drawing::ParamBabiloniche() { oldHours(1, 11); }
 // --- The lines of a day, and the substyle
 
 void Drawing::ParamDeclinazioni() {
-  std::array<double, kDottedDays.size()> K{};
-  for (std::size_t i = 0; i < K.size(); ++i) K[i] = coneOf(p_, kDottedDays[i].declination);
+  std::array<double, kDeclinationPairs.size()> K{};
+  for (std::size_t i = 0; i < K.size(); ++i) K[i] = coneOf(p_, kDeclinationPairs[i].declination);
   trace([&] {
     for (std::size_t i = 0; i < K.size(); ++i) {
-      ConicSet& conic = p_.conic(kDottedDays[i].conic);
+      ConicSet& conic = p_.conic(kDeclinationPairs[i].conic);
       setConic(conic, distance_, p_.ElevStilo, K[i]);
-      plot(conicOrdinates(conic, turn(), across_), kDottedDays[i].colour);
+      plot(conicOrdinates(conic, turn(), across_), kDeclinationPairs[i].colour);
     }
   });
 }

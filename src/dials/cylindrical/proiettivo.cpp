@@ -133,7 +133,7 @@ void Drawing::conic(Declination which, double reach, int colour) {
 }
 
 void Drawing::ProiettivoDeclinazioni() {
-  for (const DottedDay& day : kDottedDays) conic(day.conic, kPlaneReach, day.colour);
+  for (const DeclinationPair& day : kDeclinationPairs) conic(day.conic, kPlaneReach, day.colour);
 }
 
 void Drawing::ProiettivoEquinoziale() {

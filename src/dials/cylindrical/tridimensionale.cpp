@@ -140,7 +140,7 @@ void Drawing::turnedHorizons(const TurnedHorizons& family) {
 void Drawing::Cil3DDeclinazioni() {
   Place place;
   double y1 = 0, y2 = 0;
-  for (const DottedDay& day : kDottedDays) {
+  for (const DeclinationPair& day : kDeclinationPairs) {
     const double K = coneOf(p_, day.declination);
     for (const double X : dots(run_, -p_.Raggio, p_.Raggio)) {
       stand(place, X);

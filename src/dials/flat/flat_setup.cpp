@@ -16,7 +16,11 @@ std::array<DeclinationCone, 3> declinationCones(DialParams& p, double solsticeAr
   p.KSolstizio = 1 / (t * t);
   p.K20 = coneOf(p, kTwentieth);
   p.K11 = coneOf(p, kEleventh);
-  return {{{p.KSolstizio, palette(12)}, {p.K20, palette(13)}, {p.K11, palette(11)}}};
+  const std::array<double, 3> K = {p.KSolstizio, p.K20, p.K11};
+  std::array<DeclinationCone, 3> cones;
+  for (std::size_t i = 0; i < cones.size(); ++i)
+    cones[i] = {K[i], palette(kDeclinationPairs[i].colour)};
+  return cones;
 }
 
 Punto laidTip(const DialParams& p, double substyle) {

@@ -6,12 +6,11 @@
 #include <array>
 #include <cmath>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
@@ -24,19 +23,14 @@ constexpr double kCurveStep = 0.00012;   // metres: fine enough for points to ma
 constexpr double kEquatorStep = 0.0001;  // metres
 constexpr double kLineReach = 1;  // metres from the frame's origin to the ends of straight lines
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   explicit Drawing(Run& run)
-      : run_(run),
-        p_(run.params),
-        sheet_(run.sheet),
-        window_(run),
-        cones_(declinationCones(run.params, kSolsticeArcOnPlane)) {}
+      : PanelDrawing(run), cones_(declinationCones(run.params, kSolsticeArcOnPlane)) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   double turnedDeclination() const { return -p_.DeclRad; }
   bool hasHorizonHours() const { return p_.LatGradi != 0 && std::abs(p_.LatGradi) < kPolarCircle; }
 
@@ -51,10 +45,6 @@ class Drawing {
   void Analemma();
   void TriangoloStilo();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
-  Window window_;
   std::array<DeclinationCone, 3> cones_;
   double SegnoLat_ = 1;
 };
@@ -238,12 +228,10 @@ void DisegnaFrinter(Run& run) {
     run.refuse(run.T(kSouthernMessage));
     return;
   }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Vertical dial by 2D analytic geometry"));
-  LeggiParametriSito(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run, "Vertical dial by 2D analytic geometry", [&run] {
+    LeggiParametriSito(run);
+    Drawing(run).all();
+  });
 }
 
 }  // namespace dialwright

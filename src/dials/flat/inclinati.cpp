@@ -7,9 +7,9 @@
 #include <array>
 #include <cmath>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "numerics/quadratic.hpp"
@@ -51,6 +51,14 @@ struct Quadratic {
   double a, b, c, base;
 };
 
+// The parts of a declination's cone along and across the axis.
+struct ConeTerms {
+  double A1, A2;
+
+  ConeTerms(const Space& k, double K)
+      : A1(k.cosF * k.cosF - K * k.sinF * k.sinF), A2(k.sinF * k.sinF - K * k.cosF * k.cosF) {}
+};
+
 // A point of the plane by the swept coordinate and its height in the world.
 struct Place {
   double swept, w;
@@ -79,8 +87,7 @@ double hour(const Space& k, double X, double t) {
 }
 
 Quadratic cone(const Space& k, double X, double K) {
-  const double A1 = k.cosF * k.cosF - K * k.sinF * k.sinF;
-  const double A2 = k.sinF * k.sinF - K * k.cosF * k.cosF;
+  const auto [A1, A2] = ConeTerms(k, K);
   const double P = X * k.sinD + k.y0 * k.cosD;
   const double T = k.tanR;
   const double mixed = (1 + K) * k.sinF * k.cosF;
@@ -126,8 +133,7 @@ double hour(const Space& k, double Y, double t) {
 }
 
 Quadratic cone(const Space& k, double Y, double K) {
-  const double A1 = k.cosF * k.cosF - K * k.sinF * k.sinF;
-  const double A2 = k.sinF * k.sinF - K * k.cosF * k.cosF;
+  const auto [A1, A2] = ConeTerms(k, K);
   const double P = Y * k.cosD + k.x0 * k.sinD;
   const double T = k.tanR;
   const double sinD2 = k.sinD * k.sinD;
@@ -177,14 +183,13 @@ struct Trace {
   Punto point;
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   Drawing(Run& run, Variable variable);
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   bool isX() const { return variable_ == Variable::X; }
   Sweep swept() {
     return run_.sweep(-kReach, kReach, p_.PassoCurva / 5, {.step = Field::txt_Definition});
@@ -207,9 +212,6 @@ class Drawing {
   void hoursFromHorizon(double first, double last, double step, Rgb colour);
   void Analemma();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   Variable variable_;
   const Formulas& formulas_;
   Space space_;
@@ -229,9 +231,7 @@ void ImpostaInclinati(Run& run) {
 }
 
 Drawing::Drawing(Run& run, Variable variable)
-    : run_(run),
-      p_(run.params),
-      sheet_(run.sheet),
+    : PanelDrawing(run),
       variable_(variable),
       formulas_(variable == Variable::X ? kAlongX : kAlongY),
       space_(run.params),

@@ -7,26 +7,24 @@
 #include <array>
 #include <cmath>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
 #include "dials/flat/projective.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
 namespace {
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   explicit Drawing(Run& run);
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   Sweep swept(double step = kSweepStep) { return run_.sweep(-LimiteSweep, LimiteSweep, step); }
   void ImpostaNuovo();
   Punto MappaNuova(double p, double q) const;
@@ -41,10 +39,6 @@ class Drawing {
   void hoursFromHorizon(double side);
   void Analemma();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
-  Window window_;
   StyleOfDial style_;
   double sinR_, cosR_, tanR_;
   double N_;                // the style on the reference plane
@@ -56,10 +50,7 @@ class Drawing {
 };
 
 Drawing::Drawing(Run& run)
-    : run_(run),
-      p_(run.params),
-      sheet_(run.sheet),
-      window_(run),
+    : PanelDrawing(run),
       style_(run),
       sinR_(std::sin(p_.ReclinRad)),
       cosR_(std::cos(p_.ReclinRad)),
@@ -207,12 +198,10 @@ void Drawing::Analemma() {
 
 void DisegnaNuovoProiettivo(Run& run) {
   if (!acceptsProjection(run, true)) return;
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Flat sundial by projective method : latter version"));
-  readProjectivePlane(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run, "Flat sundial by projective method : latter version", [&run] {
+    readProjectivePlane(run);
+    Drawing(run).all();
+  });
 }
 
 }  // namespace dialwright

@@ -8,12 +8,11 @@
 #include <array>
 #include <cmath>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
 #include "dials/flat/projective.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/sun.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
@@ -22,14 +21,13 @@ namespace {
 constexpr double kPolarLineStep = 0.0001;  // metres
 constexpr double kPlaneLineReach = 1;      // metres of what is drawn on the dial's plane itself
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   explicit Drawing(Run& run);
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   Sweep swept() { return run_.sweep(-LimiteSweep, LimiteSweep, kSweepStep); }
   double styleOnReference();
   ConicSet conicOf(double K) const;
@@ -44,9 +42,6 @@ class Drawing {
   void Curve();
   void hoursFromHorizon(double side);
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   StyleOfDial style_;
   double sinF_, cosF_, tanF_;         // of the latitude
   double cosD_, tanD_, cosR_, tanR_;  // of the plane
@@ -57,9 +52,7 @@ class Drawing {
 };
 
 Drawing::Drawing(Run& run)
-    : run_(run),
-      p_(run.params),
-      sheet_(run.sheet),
+    : PanelDrawing(run),
       style_(run),
       sinF_(std::sin(p_.LatRad)),
       cosF_(std::cos(p_.LatRad)),
@@ -213,12 +206,10 @@ void Drawing::hoursFromHorizon(double side) {
 
 void DisegnaProiettivo(Run& run) {
   if (!acceptsProjection(run, false)) return;
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Flat sundial by projective method : former version"));
-  readProjectivePlane(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run, "Flat sundial by projective method : former version", [&run] {
+    readProjectivePlane(run);
+    Drawing(run).all();
+  });
 }
 
 }  // namespace dialwright

@@ -7,9 +7,9 @@
 #include <cmath>
 #include <string>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/sky_curves.hpp"
 #include "dials/flat/style_triangle.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "lettering/arabic.hpp"
@@ -60,15 +60,13 @@ constexpr std::array<SunHours, 3> kSunHours = {{
      [](double n, double H0, double) { return H0 * (n / 6 - 1); }, false},
 }};
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
-  double number(Field field) const { return run_.number(field); }
   // H of an hour in degrees from noon, on the zone's meridian when the longitude is used.
   double hourAngle(double t) const {
     return p_.radians(t - p_.degrees(p_.CorrFuso) * p_.UsaLongitudine);
@@ -91,11 +89,6 @@ class Drawing {
   void TriangoloStilo();
   void styleLine(const PolarStyle& style, Punto tip);
   void LineaOrizzonte();
-
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
-  Window window_;
 };
 
 void Drawing::all() {

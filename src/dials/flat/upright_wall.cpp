@@ -51,6 +51,17 @@ void drawSunHours(Run& run, const Sweep& hours, HourSystem system, Rgb colour) {
   }
 }
 
+Punto uprightCentre(const DialParams& p) {
+  Punto centre;
+  assign(centre,
+         {-p.Stilo * std::tan(p.DeclRad), over(p.Stilo * std::tan(p.LatRad), std::cos(p.DeclRad))});
+  return centre;
+}
+
+double uprightSubstyle(const DialParams& p) {
+  return p.LatRad == 0 ? p.PiGreco / 2 : p.ArcTanPieno(std::sin(p.DeclRad), std::tan(p.LatRad));
+}
+
 // --- The conic of the latitude
 
 namespace {
@@ -76,9 +87,7 @@ void constructConic(Run& run, const ConicSet& conic, const SubstyleTurn& turn, d
   const double side = signOrOne(p.LatRad);
   const double reach = p.SegnoDecl * p.Stilo * side;
   const Punto tip{reach * turn.cosine, reach * turn.sine};
-  Punto centre;
-  assign(centre,
-         {-p.Stilo * std::tan(p.DeclRad), over(p.Stilo * std::tan(p.LatRad), std::cos(p.DeclRad))});
+  const Punto centre = uprightCentre(p);
   line(sheet, tip, centre, palette(9));
   if (!sideWall) line(sheet, tip, {centre.x, p.PuntoRiferimentoY}, palette(2));
   dot(sheet, {p.PuntoRiferimentoX, p.PuntoRiferimentoY * side}, palette(15));

@@ -72,6 +72,14 @@ bool castHour(UprightShadow& shadow, const Angles& angles, HourSystem system, do
 // The lines of a system's hours from solstice to solstice, in steps of ten times PassoCurva.
 void drawSunHours(Run& run, const Sweep& hours, HourSystem system, Rgb colour);
 
+// --- The polar style
+
+// Where it meets the record's wall.
+Punto uprightCentre(const DialParams& params);
+
+// The angle of the substyle from the upright, radians; a quarter turn on the equator.
+double uprightSubstyle(const DialParams& params);
+
 // --- The conic of the latitude
 
 // The elevation of the polar style over the record's wall, taken as level on a wall that looks due

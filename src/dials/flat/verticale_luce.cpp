@@ -9,9 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "dials/drawing.hpp"
+#include "dials/flat/gnomonic_scheme.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "numerics/numbers.hpp"
@@ -21,7 +22,6 @@ namespace dialwright {
 
 namespace {
 
-constexpr Rgb kEquinoctialBlue = rgb(49, 172, 238);
 constexpr Rgb kItalicPink = rgb(255, 128, 255);
 
 constexpr double kHourMark = 0.002;       // radius
@@ -29,37 +29,20 @@ constexpr double kHourLineBottom = -0.8;  // ordinate
 constexpr double kSideWall = 80;  // degrees of declination from which the centre is of no use
 constexpr double kAnalemmaPi = 3.1415926536;
 
-// A declination pair and its colour number.
-struct Pair {
-  Declination conic;
-  double declination;
-  int colour;
-};
-constexpr std::array<Pair, 3> kPairs = {{{Declination::Solstice, kSolstice, 12},
-                                         {Declination::Twentieth, kTwentieth, 13},
-                                         {Declination::Eleventh, kEleventh, 11}}};
-
 struct InkedPoint {
   Punto at;
   Rgb colour = 0;
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
-  double number(Field field) const { return run_.number(field); }
-  bool hasCentre() const { return std::abs(p_.DeclGradi) != 90; }
-
   void PreparaVerticale();
   void locateCentre();
-  Punto gnomonicCentre() const;
-  Punto noonOnEquinoctial() const;
-  double elevationByPosition() const;
 
   void StiloConico();
   void conicHours(double side, const Ink& ink);
@@ -76,15 +59,8 @@ class Drawing {
   void LineaEquinoziale();
   void LineaSustilare();
   void LineaMeridiana();
-  void SchemaGnomonico();
-  void letters(Punto N, Punto N2, Punto P, Punto C2);
-  void legend();
   void ChiudiVerticale();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
-  Window window_;
   Punto centre_;  // C, where the hour lines meet
 };
 
@@ -101,7 +77,7 @@ void Drawing::all() {
   if (on(Field::ck_Equinoziale)) LineaEquinoziale();
   if (on(Field::ck_Sustilare)) LineaSustilare();
   LineaMeridiana();
-  SchemaGnomonico();
+  SchemaGnomonico(run_, centre_);
   if (on(Field::ck_Orizzonte)) sheet_.xLine(-sheet_.ShiftX(), 0, sheet_.ShiftX(), 0, palette(2));
   dot(sheet_, {0, 0}, palette(12));
   const auto hours = [this] {
@@ -117,7 +93,7 @@ void Drawing::all() {
 
 void Drawing::PreparaVerticale() {
   assign(p_.Stilo, number(Field::TxtStilo));
-  p_.ElevStilo = elevationByPosition();
+  p_.ElevStilo = elevationByPosition(p_);
   if (p_.LatGradi == 0) {
     p_.Sustilare = p_.OrarioSustilare = (p_.PiGreco / 2) * p_.SegnoDecl;
   } else {
@@ -133,33 +109,9 @@ void Drawing::PreparaVerticale() {
   p_.PuntoRiferimentoX = p_.PuntoRiferimentoY = 0;
 }
 
-double Drawing::elevationByPosition() const {
-  return -p_.ArcSin(-std::cos(p_.LatRad) * std::cos(p_.DeclRad));
-}
-
 void Drawing::locateCentre() {
   const double distance = over(p_.Stilo, std::tan(p_.ElevStilo));
   assign(centre_, {-distance * std::sin(p_.Sustilare), distance * std::cos(p_.Sustilare)});
-}
-
-// N2: the gnomonic centre, where the style's length falls when it is laid into the plane along the
-// substyle.
-Punto Drawing::gnomonicCentre() const {
-  const double E2 = elevationByPosition();
-  const double B =
-      p_.LatRad == 0 ? p_.PiGreco / 2 : p_.ArcTanPieno(std::sin(p_.DeclRad), std::tan(p_.LatRad));
-  const double reach = p_.Stilo * (std::tan(E2) + over(1, std::cos(E2)));
-  Punto N2;
-  assign(N2, {reach * std::sin(B), -reach * std::cos(B)});
-  return N2;
-}
-
-// M: where the noon line meets the equinoctial.
-Punto Drawing::noonOnEquinoctial() const {
-  const double x = -p_.Stilo * std::tan(p_.DeclRad);
-  Punto M;
-  assign(M, {x, std::tan(p_.Sustilare) * x - over(p_.DistPiedeCentro, std::cos(p_.Sustilare))});
-  return M;
 }
 
 // --- The conical style, whose shadow's edge italic and babylonian hours touch.
@@ -219,7 +171,7 @@ void Drawing::OreAstronomiche() {
   readUsaLongitudine(run_);
   assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
   const double f = p_.LatGradi == 0 && p_.DeclGradi == 0 ? 0 : 1;
-  const Punto N2 = gnomonicCentre();
+  const Punto N2 = gnomonicCentre(p_);
   Punto point;
   for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
     assign(point, hourPoint(H, f));
@@ -266,7 +218,7 @@ void Drawing::CurveDeclinazione() {
   if (!(p_.LatGradi > 0)) return;
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
   for (const double u : run_.sweep(-2, 2, p_.PassoCurva, {.step = Field::txt_Definition})) {
-    for (const Pair& pair : kPairs) {
+    for (const DeclinationPair& pair : kDeclinationPairs) {
       const ConicSet& conic = p_.conic(pair.conic);
       const double R = radicand(conic, u);
       if (!(R >= 0)) continue;
@@ -284,18 +236,17 @@ void Drawing::CurveDeclinazione() {
 void Drawing::curvesAtEquator() {
   const double sine = std::sin(p_.DeclRad), cosine = std::cos(p_.DeclRad);
   const double foot = -p_.Stilo * sine * std::tan(p_.DeclRad) + over(p_.Stilo, cosine);
-  const std::array<double, 3> K = {coneOf(p_, kSolstice), coneOf(p_, kTwentieth),
-                                   coneOf(p_, kEleventh)};
-  std::array<double, 3> W{};
+  std::array<double, kDeclinationPairs.size()> K{}, W{};
+  for (std::size_t i = 0; i < K.size(); ++i) K[i] = coneOf(p_, kDeclinationPairs[i].declination);
   for (const double X : run_.sweep(-1, 1, 0.01)) {
     const double along = -X * sine + foot;
     const double across = X * cosine + p_.Stilo * sine;
-    for (std::size_t i = 0; i < kPairs.size(); ++i)
+    for (std::size_t i = 0; i < kDeclinationPairs.size(); ++i)
       assign(W[i], K[i] * along * along - across * across);
     const std::size_t first = W[2] < 0 ? 3 : W[1] < 0 ? 2 : W[0] < 0 ? 1 : 0;
-    for (std::size_t i = first; i < kPairs.size(); ++i) {
-      dot(sheet_, {X, std::sqrt(W[i])}, palette(kPairs[i].colour));
-      dot(sheet_, {X, -std::sqrt(W[i])}, palette(kPairs[i].colour));
+    for (std::size_t i = first; i < kDeclinationPairs.size(); ++i) {
+      dot(sheet_, {X, std::sqrt(W[i])}, palette(kDeclinationPairs[i].colour));
+      dot(sheet_, {X, -std::sqrt(W[i])}, palette(kDeclinationPairs[i].colour));
     }
   }
 }
@@ -381,7 +332,7 @@ void Drawing::noonAtEquator(const SunOfDay& sun, InkedPoint& noon) {
 // --- Straight lines and the construction
 
 void Drawing::LineaEquinoziale() {
-  const Punto M = noonOnEquinoctial();
+  const Punto M = noonOnEquinoctial(p_);
   if (p_.LatGradi > 0) {
     Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
     pen.dip({kEquinoctialBlue, sheet_.layer("eq")});
@@ -395,8 +346,8 @@ void Drawing::LineaEquinoziale() {
     }
   }
   circle(sheet_, M, p_.Stilo / 100, palette(12));
-  const double radius = over(p_.Stilo, std::cos(elevationByPosition()));
-  const Punto N2 = gnomonicCentre();
+  const double radius = over(p_.Stilo, std::cos(elevationByPosition(p_)));
+  const Punto N2 = gnomonicCentre(p_);
   circle(sheet_, N2, radius, palette(13));
   circle(sheet_, N2, radius / 100, palette(12));
   line(sheet_, M, N2, palette(12));
@@ -420,66 +371,9 @@ void Drawing::LineaSustilare() {
 
 void Drawing::LineaMeridiana() {
   if (p_.DeclGradi == 180) p_.Sustilare = 0;
-  if (!hasCentre()) return;
+  if (!hasCentre(p_)) return;
   locateCentre();
   sheet_.xLine(centre_.x, -centre_.y, centre_.x, sheet_.ShiftY(), palette(12));
-}
-
-void Drawing::SchemaGnomonico() {
-  if (p_.LatGradi == 0) {
-    p_.Sustilare = p_.SegnoDecl * p_.PiGreco / 2;
-    assign(centre_, {-p_.Stilo * std::tan(p_.DeclRad), 0});
-  }
-  if (hasCentre()) line(sheet_, centre_, {0, 0}, palette(14));
-  const double E2 = elevationByPosition();
-  const double B =
-      p_.LatRad == 0 ? p_.PiGreco / 2 : p_.ArcTanPieno(std::sin(p_.DeclRad), std::tan(p_.LatRad));
-  Punto C2;
-  assign(C2, {-p_.Stilo * std::tan(p_.DeclRad),
-              over(p_.Stilo * std::tan(p_.LatRad), std::cos(p_.DeclRad))});
-  const Punto N{p_.Stilo * std::cos(B) * p_.SegnoDecl, p_.Stilo * std::sin(B) * p_.SegnoDecl};
-  const Punto N2 = gnomonicCentre();
-  line(sheet_, N, {0, 0}, palette(13));
-  circle(sheet_, C2, p_.Stilo / 100, palette(12));
-  assign(p_.DistPiedeCentro, p_.Stilo * std::tan(E2));
-  const Punto P{p_.DistPiedeCentro * std::sin(p_.Sustilare),
-                -p_.DistPiedeCentro * std::cos(p_.Sustilare)};
-  line(sheet_, N, P, palette(10));
-  line(sheet_, N2, P, palette(10));
-  circle(sheet_, N, 0.01, palette(12));
-  if (!on(Field::ckFunction)) letters(N, N2, P, C2);
-  legend();
-}
-
-void Drawing::letters(Punto N, Punto N2, Punto P, Punto C2) {
-  sheet_.Dati("  N", N.x, -N.y - 0.02);
-  if (hasCentre()) {
-    sheet_.Dati("  C", C2.x, -C2.y - 0.02);
-    line(sheet_, C2, {0, 0}, palette(14));
-    line(sheet_, {centre_.x, 0}, N, palette(2));
-    line(sheet_, N, C2, kEquinoctialBlue);
-  }
-  sheet_.Dati(" N", N2.x, -N2.y - 0.01);
-  sheet_.Dati("P", P.x, -P.y);
-  sheet_.Dati(" R", centre_.x, -0.02);
-  sheet_.Dati("M   ", centre_.x - 0.02, -noonOnEquinoctial().y - 0.03);
-  sheet_.Dati("  G", 0, -0.02);
-}
-
-void Drawing::legend() {
-  sheet_.ForeColor = palette(7);
-  sheet_.Dati("  ", 0, -0.8);
-  sheet_.Dati(run_.T("  C center of the dial"));
-  sheet_.Dati(run_.T("  G origin of coordinates, foot"));
-  sheet_.Dati(run_.T("  N gnomonic point"));
-  sheet_.Dati(run_.T("  CM noon line"));
-  sheet_.Dati(run_.T("  P intersection of the substyle hour with the equinoctial line"));
-  sheet_.Dati(run_.T("  CNR : Latitude (angle)"));
-  sheet_.Dati(run_.T("  GCN : elevation (angle) of the style"));
-  sheet_.Dati(run_.T("  RNG : declination (angle) of the dial"));
-  sheet_.Dati(run_.T("  MCP : substyle angle"));
-  sheet_.Dati(run_.T("  MNP : substyle hour angle"));
-  sheet_.Dati("  ");
 }
 
 void Drawing::ChiudiVerticale() {
@@ -495,12 +389,10 @@ void DisegnaVerticaleLuce(Run& run) {
     run.refuse(run.T(kSouthernMessage));
     return;
   }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Vertical dial, light graph by 2D analytic geometry"));
-  LeggiParametriSito(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run, "Vertical dial, light graph by 2D analytic geometry", [&run] {
+    LeggiParametriSito(run);
+    Drawing(run).all();
+  });
 }
 
 }  // namespace dialwright
