@@ -112,8 +112,8 @@ TEST(Project, BringsEveryDialBack) {
     Panel fresh;
     SheetPlot other;
     clickItem(fresh, params, dial == Item::M_Light ? Item::mnuBif : Item::M_Light, untranslated);
-    const bool hasFirstHour = !panel.text(Field::TxtInizio).empty();
-    if (!hasFirstHour) panel.setText(Field::TxtInizio, fresh.text(Field::TxtInizio));
+    if (panel.text(Field::TxtInizio).empty())
+      panel.setText(Field::TxtInizio, fresh.text(Field::TxtInizio));
     const LoadResult result = CaricaProgetto(folder / "dial.sun", fresh, other);
     ASSERT_EQ(result.outcome, Outcome::Loaded) << rowOf(dial).name;
     EXPECT_EQ(snapshot(fresh), snapshot(panel)) << rowOf(dial).name;

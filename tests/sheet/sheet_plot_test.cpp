@@ -95,6 +95,13 @@ TEST_F(SheetPlotTest, WhatIsNotOnTheSheetIsInvisibleButStored) {
   EXPECT_EQ(sheet.list().size(), std::size(kCases)) << "a failed argument skips the call";
 }
 
+TEST(IntersezioneDueRette, KeepsItsResultWhereLinesDoNotMeet) {
+  double x = 7, y = 8;
+  EXPECT_FALSE(IntersezioneDueRette({0, 0, 1, 1}, {0, 1, 1, 2}, x, y));
+  EXPECT_FALSE(IntersezioneDueRette({0, 0, 0, 0}, {0, 1, 1, 2}, x, y));
+  EXPECT_EQ(x + 10 * y, 87);
+}
+
 TEST_F(SheetPlotTest, ATextWithoutAPositionFollowsTheCursorAndIsSentFarOffByARedraw) {
   std::string degrees;
   for (int i = 0; i < 120; ++i) degrees += "°";
