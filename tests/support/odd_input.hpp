@@ -1,4 +1,4 @@
-// Odd texts in a dial's fields: each run ends, and what it draws is finite.
+// What dials refuse, and odd texts in their fields: each run ends, and what it draws is finite.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,6 +9,17 @@
 #include "support/dial_case.hpp"
 
 namespace dialwright {
+
+// A latitude of the South and not the equator's.
+inline void expectRefusesSouth(Item item, Driver driver) {
+  DialCase dial(item, driver);
+  dial.set(Field::txtLAT, "-0.0001").run();
+  EXPECT_TRUE(dial.refused && dial.entities() == 0 && !dial.busy);
+  EXPECT_EQ(dial.messages.at(0), "Sorry, unable to work in the Southern hemisphere ");
+  dial.set(Field::txtLAT, "0").run();
+  EXPECT_FALSE(dial.refused);
+  EXPECT_GT(dial.entities(), 0u);
+}
 
 inline void expectBounded(Item item, Driver driver, std::initializer_list<Field> boxes,
                           std::initializer_list<Field> fields) {

@@ -102,66 +102,87 @@ struct Found {
   std::size_t lines = 0;
 };
 
-// Looks at the ends of every nth line: `place` carries a sheet's point back to the surface.
-template <class Place, class Nominal>
-Found examine(const std::vector<LineRecord>& lines, const Border& border, Place place,
-              Nominal nominal, std::size_t stride = 61) {
-  Found found;
-  found.lines = lines.size();
-  for (std::size_t i = 0; i < lines.size(); i += stride) {
-    for (const sky::Spot at :
-         {sky::Spot{lines[i].x1, -lines[i].y1}, sky::Spot{lines[i].x2, -lines[i].y2}}) {
-      if (at.y > -2e-3) continue;  // next to the border all hours meet
-      const sky::Vec spot = place(at);
-      double best = std::numeric_limits<double>::infinity();
-      Moment moment;
-      for (const Moment sun : border.grazing(spot)) {
-        const double miss = border.miss(spot, nominal(sun));
-        if (miss < best) best = miss, moment = nominal(sun);
-      }
-      found.worst = std::max(found.worst, best);
-      found.hours.insert(static_cast<int>(std::lround(moment.hour)));
-    }
+// A cornice dial that draws the families of some boxes only.
+class CorniceDial : public DialCase {
+ public:
+  CorniceDial(Item item, Driver driver, const Border& edge, std::initializer_list<Field> boxes)
+      : DialCase(item, driver), border(edge) {
+    clearBoxes();
+    for (const Field box : boxes) panel.setState(box, true);
+    set(Field::txtLAT, textOf(edge.latitude));
   }
-  return found;
-}
+  virtual ~CorniceDial() = default;
 
-// Runs a dial with numerals so small that they are points: they run from 5 to 12 and from 12 to 7,
-// with noon twice or not at all, each where the border's point of its hour throws its shadow.
-template <class Place>
-void expectNumerals(DialCase& dial, const Border& border, Place place, double day, bool noon) {
-  const auto isStroke = [](const LineRecord& line) {
-    return line.colour == palette(7) && std::hypot(line.x2 - line.x1, line.y2 - line.y1) < 1e-7;
-  };
-  dial.sheet.QuadranteH(15);
-  dial.sheet.QuadranteL(15);
-  dial.sheet.ShiftX(7.5);
-  dial.sheet.ShiftY(7.5);
-  dial.set(Field::txtNumbersize, "1e-9").set(Field::txtLineofdeclination, textOf(day));
-  dial.check(Field::ckRomani).run();
-  std::vector<LineRecord> drawn = dial.sheet.list().lines;
-  std::erase_if(drawn, [&](const LineRecord& line) { return !isStroke(line); });
+  // Carries a sheet's point, upwards positive, back to the surface.
+  virtual sky::Vec place(sky::Spot at) const = 0;
 
-  std::size_t next = 0;
-  for (const double side : {-1.0, 1.0}) {
-    for (int k = 0; k < 8; ++k) {
-      const double t = 15 * (side < 0 ? k - 7 : k);
+  // Looks at the ends of every nth line.
+  template <class Nominal>
+  Found examine(const std::vector<LineRecord>& lines, Nominal nominal, std::size_t stride = 61) {
+    Found found;
+    found.lines = lines.size();
+    for (std::size_t i = 0; i < lines.size(); i += stride) {
+      for (const sky::Spot at :
+           {sky::Spot{lines[i].x1, -lines[i].y1}, sky::Spot{lines[i].x2, -lines[i].y2}}) {
+        if (at.y > -2e-3) continue;  // next to the border all hours meet
+        double best = std::numeric_limits<double>::infinity();
+        Moment moment;
+        for (const Moment sun : border.grazing(place(at))) {
+          const double miss = border.miss(place(at), nominal(sun));
+          if (miss < best) best = miss, moment = nominal(sun);
+        }
+        found.worst = std::max(found.worst, best);
+        found.hours.insert(static_cast<int>(std::lround(moment.hour)));
+      }
+    }
+    return found;
+  }
+  // All lines of a layer are grazing light, and there are more than so many; gives their hours.
+  template <class Nominal>
+  std::set<int> expectGrazing(const char* layer, Nominal nominal, std::size_t least) {
+    const Found found = examine(linesOf(layer), nominal);
+    EXPECT_LT(found.worst, 2e-9) << layer << " at " << border.latitude;
+    EXPECT_GT(found.lines, least) << layer;
+    return found.hours.empty() ? std::set{0} : found.hours;
+  }
+
+  // A point of the border's shadow at a moment.
+  void expectShadow(double x, double sheetY, Moment moment) const {
+    EXPECT_NEAR(border.passes(place({x, -sheetY}), moment), 0, 1e-8);
+  }
+
+  // Runs with numerals so small that they are points: they run from 5 to 12 and from 12 to 7, with
+  // noon twice or not at all, each where the border's point of its hour throws its shadow.
+  void expectNumerals(double day, bool noon) {
+    sheet.QuadranteH(15);
+    sheet.QuadranteL(15);
+    sheet.ShiftX(7.5);
+    sheet.ShiftY(7.5);
+    set(Field::txtNumbersize, "1e-9").set(Field::txtLineofdeclination, textOf(day));
+    check(Field::ckRomani).run();
+    std::vector<LineRecord> drawn = linesIn(palette(7));
+    std::erase_if(drawn, [](const LineRecord& line) {
+      return std::hypot(line.x2 - line.x1, line.y2 - line.y1) >= 1e-7;
+    });
+
+    std::size_t next = 0;
+    for (int k = 0; k < 16; ++k) {
+      const double t = 15 * (k < 8 ? k - 7 : k - 8);
       if (t == 0 && !noon) continue;
-      SCOPED_TRACE(t);
       Ports ports;
-      SheetPlot sheet;
-      Run run(dial.panel, dial.params, sheet, ports);
-      const int hour = static_cast<int>(std::lround(t / 15 + (t > 0 ? 0 : 12)));
-      DisegnaNumeroRomano(run, 0, 0, dial.params.PiGreco / 2, hour, 1);
-      for (std::size_t i = 0; i < sheet.list().lines.size(); ++i, ++next) {
+      SheetPlot other;
+      Run run(panel, params, other, ports);
+      DisegnaNumeroRomano(run, 0, 0, 0, k < 8 ? k + 5 : k > 8 ? k - 8 : 12, 1);
+      for (std::size_t i = 0; i < other.list().lines.size(); ++i, ++next) {
         ASSERT_LT(next, drawn.size());
-        const sky::Vec spot = place({drawn[next].x1, -drawn[next].y1});
-        EXPECT_LT(border.miss(spot, {t, day}), 5e-9);
+        EXPECT_LT(border.miss(place({drawn[next].x1, -drawn[next].y1}), {t, day}), 5e-9) << t;
       }
     }
+    EXPECT_EQ(next, drawn.size());
+    EXPECT_EQ(pointsIn(palette(4)).size(), noon ? 8u : 7u);
   }
-  EXPECT_EQ(next, drawn.size());
-  EXPECT_EQ(dial.pointsIn(palette(4)).size(), noon ? 8u : 7u);
-}
+
+  const Border border;
+};
 
 }  // namespace dialwright

@@ -52,10 +52,7 @@ TEST(CorniceDials, DrawTheirFamiliesInOrder) {
 
 TEST(CorniceDials, RefuseTheSouthAndEndureAnyInput) {
   for (const auto& [item, driver] : kDials) {
-    DialCase south(item, driver);
-    south.set(Field::txtLAT, "-1").run();
-    EXPECT_TRUE(south.refused && south.entities() == 0 && !south.busy);
-    EXPECT_EQ(south.messages.at(0), "Sorry, unable to work in the Southern hemisphere ");
+    expectRefusesSouth(item, driver);
     expectBounded(item, driver, {Field::ckFunction, Field::ckArabi},
                   {Field::txtLAT, Field::TxtRadius, Field::txt_R2, Field::txtD1, Field::TxtStilo,
                    Field::txtLineofdeclination, Field::txtAO, Field::txtDecl, Field::txt_Definition,
