@@ -1,4 +1,5 @@
-// The designs of the zodiac signs and of the cardinal arrow, in a grid of 28 units to half a height.
+// The designs of the zodiac signs and of the cardinal arrow, in a grid of 28 units to half a
+// height.
 #pragma once
 
 #include "lettering/glyph.hpp"

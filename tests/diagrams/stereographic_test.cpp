@@ -191,7 +191,8 @@ TEST(StereographicChart, TheHorizonIsACircleOrARowOfPoints) {
   }
 }
 
-// The arc of the lit side runs from the South to the hour of the plane's normal, with its arrow half way.
+// The arc of the lit side runs from the South to the hour of the plane's normal, with its arrow
+// half way.
 TEST(StereographicChart, TheArrowShowsTheSideOfThePlane) {
   for (const double declination : {-60.0, 40.0}) {
     Chart chart(45.7438, declination, 10);
