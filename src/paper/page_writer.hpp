@@ -35,8 +35,8 @@ inline constexpr double kPaperH = 0.297;
 inline constexpr double kMarginX = (kPaperW - kPageW) / 2;
 inline constexpr double kMarginY = (kPaperH - kPageH) / 2;
 
-// Pages of the sheet at 1:1. Each has crop marks at the corners of its part of the sheet and, in the
-// margin, its number and place and a ruler of 100 mm to check the printer with. The result is
+// Pages of the sheet at 1:1. Each has crop marks at the corners of its part of the sheet and, in
+// the margin, its number and place and a ruler of 100 mm to check the printer with. The result is
 // empty, or says what can't be made: a page that isn't there, or no page with ink.
 [[nodiscard]] std::string layPages(const SheetPlot& sheet, PaperDocument& document,
                                    const PagesOptions& options = {});

@@ -75,10 +75,9 @@ void paintScreen(const SheetPlot& sheet, const ScreenPart& part, const PixelBloc
   SheetFrame frame = sheet.frame();
   frame.black = false;
   const double pixels = part.pixelsPerMeter / frame.factor;  // of a twip
-  const CairoSurface surface(
-      cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(block.pixels),
-                                          CAIRO_FORMAT_RGB24, part.width, part.height,
-                                          block.bytesOfRow));
+  const CairoSurface surface(cairo_image_surface_create_for_data(
+      reinterpret_cast<unsigned char*>(block.pixels), CAIRO_FORMAT_RGB24, part.width, part.height,
+      block.bytesOfRow));
   const CairoContext cairo(cairo_create(surface.get()));
   setSource(cairo.get(), sheet.BackColor);
   cairo_paint(cairo.get());
@@ -92,11 +91,11 @@ void paintScreen(const SheetPlot& sheet, const ScreenPart& part, const PixelBloc
                                      .textSize = kTextSize,
                                      .pixel = 1 / pixels});
     const double rim = 2 / pixels;
-    Window window(target,
-                  {part.left / pixels - rim, part.top / pixels - rim,
-                   (part.left + part.width) / pixels + rim,
-                   (part.top + part.height) / pixels + rim},
-                  stopped);
+    Window window(
+        target,
+        {part.left / pixels - rim, part.top / pixels - rim, (part.left + part.width) / pixels + rim,
+         (part.top + part.height) / pixels + rim},
+        stopped);
     drawPicture(sheet, frame, window);
   }
   cairo_surface_flush(surface.get());

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "app/program.hpp"
-#include "ui/words.hpp"
+#include "ui/text.hpp"
 
 namespace dialwright {
 
@@ -30,15 +30,15 @@ struct Colour {
 
 QString nameOf(const Program& program, Rgb colour) {
   const std::array names = {
-      program.T("black"),  program.T("dark blue"),  program.T("dark green"),
-      program.T("teal"),   program.T("dark red"),   program.T("purple"),
-      program.T("olive"),  program.T("light grey"), program.T("grey"),
-      program.T("blue"),   program.T("green"),      program.T("light blue"),
-      program.T("red"),    program.T("magenta"),    program.T("yellow"),
+      program.T("black"), program.T("dark blue"),  program.T("dark green"),
+      program.T("teal"),  program.T("dark red"),   program.T("purple"),
+      program.T("olive"), program.T("light grey"), program.T("grey"),
+      program.T("blue"),  program.T("green"),      program.T("light blue"),
+      program.T("red"),   program.T("magenta"),    program.T("yellow"),
       program.T("white"),
   };
   for (std::size_t i = 0; i < names.size(); ++i) {
-    if (palette(static_cast<int>(i)) == colour) return words(names[i]);
+    if (palette(static_cast<int>(i)) == colour) return shown(names[i]);
   }
   return QString("#%1").arg(redOf(colour) << 16 | greenOf(colour) << 8 | blueOf(colour), 6, 16,
                             QChar('0'));
@@ -128,9 +128,9 @@ void HitGrid::add(const SheetFrame& frame, Segment piece, const Hit& hit) {
 }
 
 void HitGrid::addCircle(const SheetFrame& frame, const CircleRecord& circle, const Hit& hit) {
-  const TargetCircle shape{circle.x * frame.signX, circle.y * frame.signY, circle.radius,
-                           circle.aspect,          circle.startAngle,      circle.endAngle,
-                           circle.colour,          circle.fill};
+  const TargetCircle shape{
+      circle.x * frame.signX, circle.y * frame.signY, circle.radius, circle.aspect,
+      circle.startAngle,      circle.endAngle,        circle.colour, circle.fill};
   Segment chord{};
   for (int i = 0; i <= kChords; ++i) {
     const double angle = shape.start() + shape.sweep() * i / kChords;
@@ -183,9 +183,8 @@ void HitGrid::sort() {
   held_.resize(starts_.back());
   std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
   for (std::size_t i = 0; i < strokes_.size(); ++i) {
-    visitCells(strokes_[i], [&](std::size_t cell) {
-      held_[next[cell]++] = static_cast<std::uint32_t>(i);
-    });
+    visitCells(strokes_[i],
+               [&](std::size_t cell) { held_[next[cell]++] = static_cast<std::uint32_t>(i); });
   }
 }
 
@@ -215,7 +214,7 @@ std::optional<Hit> HitGrid::at(double x, double y, double reach) const {
 
 QString describe(const Program& program, const DisplayList& list, const Hit& hit) {
   const LayerAndColour look = lookOf(list, hit);
-  return words(program.T("layer ")) + words(list.name(look.layer)) + ", " +
+  return shown(program.T("layer ")) + shown(list.name(look.layer)) + ", " +
          nameOf(program, look.colour);
 }
 

@@ -18,8 +18,8 @@ struct Hit {
   std::size_t record;
 };
 
-// A grid over the sheet with the strokes that pass through each cell: lines, edges of boxes, arcs as
-// chords, points. Built once a list; it holds nothing of the list itself.
+// A grid over the sheet with the strokes that pass through each cell: lines, edges of boxes, arcs
+// as chords, points. Built once a list; it holds nothing of the list itself.
 class HitGrid {
  public:
   HitGrid() = default;

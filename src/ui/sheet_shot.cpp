@@ -15,10 +15,10 @@ Shot paintShot(std::shared_ptr<const SheetPlot> sheet, double pixelsPerMeter, co
   const int height = static_cast<int>(std::ceil(part.bottom() * pixelsPerMeter) - top);
   QImage image(width, height, QImage::Format_RGB32);
   if (image.isNull()) return {};  // no memory for it
-  paintScreen(*sheet, {pixelsPerMeter, left, top, width, height},
-              {reinterpret_cast<std::uint32_t*>(image.bits()),
-               static_cast<int>(image.bytesPerLine())},
-              stopped);
+  paintScreen(
+      *sheet, {pixelsPerMeter, left, top, width, height},
+      {reinterpret_cast<std::uint32_t*>(image.bits()), static_cast<int>(image.bytesPerLine())},
+      stopped);
   const QRectF painted(left / pixelsPerMeter, top / pixelsPerMeter, width / pixelsPerMeter,
                        height / pixelsPerMeter);
   return {std::move(image), painted, pixelsPerMeter, std::move(sheet)};
