@@ -33,7 +33,7 @@ constexpr std::array kDimensionFields = {SheetField::txtQL, SheetField::txtQH};
 
 constexpr double kZoomStep = 1.25;
 constexpr int kLongestNumber = 32;
-constexpr int kFieldCharacters = 9;
+constexpr int kFieldCharacters = 12;
 
 const SheetCommandRow& rowOf(SheetCommand command) {
   return kSheetCommands[static_cast<std::size_t>(command)];
@@ -100,6 +100,9 @@ void SheetBar::addScale() {
   cmbScala_->setObjectName("cmbScala");
   cmbScala_->setAccessibleName(shown(program_.T(sheet_caption::cmbScala)));
   cmbScala_->setMinimumContentsLength(6);
+  QPalette look = cmbScala_->palette();  // a scale between those of the list is no less valid
+  look.setColor(QPalette::PlaceholderText, look.color(QPalette::Text));
+  cmbScala_->setPalette(look);
   connect(cmbScala_, &QComboBox::activated, this, [this](int index) {
     view_.chooseScale(static_cast<std::size_t>(index));
     emit scaleChosen();
@@ -207,7 +210,9 @@ void SheetBar::refresh() {
   print_->setVisible(view_.printPanel());
   for (const auto& [field, line] : fields_) {
     const QString text = shown(view_.text(field));
-    if (line->text() != text) line->setText(text);
+    if (line->text() == text) continue;
+    line->setText(text);
+    line->setCursorPosition(0);  // the front of a long number
   }
   buttons_[optAll]->setChecked(view_.wholeArea());
   buttons_[optSelected]->setChecked(!view_.wholeArea());
@@ -215,7 +220,7 @@ void SheetBar::refresh() {
   showLook(cmdInvY, view_.lookOfInvY());
   lblDimVal_->setText(shown(view_.lblDimVal()));
   lblXYval_->setText(shown(view_.lblXYval()));
-  lblXYval_->setVisible(!view_.lblXYval().empty());
+  lblXYval_->parentWidget()->setVisible(!view_.lblXYval().empty());
   head_->updateGeometry();
 }
 
@@ -223,7 +228,11 @@ void SheetBar::showLook(SheetCommand command, std::optional<Rgb> look) {
   const QString name =
       look ? QColor(redOf(*look), greenOf(*look), blueOf(*look)).name() : QString();
   const QString style =
-      look ? QString("QToolButton { background: %1; color: black; }").arg(name) : QString();
+      look ? QString(
+                 "QToolButton { background: %1; color: black; border: 1px solid #808040; "
+                 "border-radius: 3px; padding: 3px 7px; }")
+                 .arg(name)
+           : QString();
   QAbstractButton* button = buttons_[command];
   if (button->styleSheet() != style) button->setStyleSheet(style);
 }

@@ -20,6 +20,9 @@ constexpr double kOverviewPixels = 1600;  // of the longer side
 constexpr double kMargin = 0.3;           // painted beyond what is seen, as a part of it
 constexpr int kPause = 25;                // ms without a new zoom before it is painted sharply
 
+// Pixels that a length takes; what is only a rounding more needs none of its own.
+int pixelsOf(double length) { return static_cast<int>(std::ceil(length - 1e-6)); }
+
 bool same(double a, double b) { return std::abs(a - b) <= 1e-9 * std::abs(b); }
 
 }  // namespace
@@ -84,7 +87,7 @@ void SheetCanvas::setScreenZoom(double pixelsPerMeter) {
 
 QPoint SheetCanvas::corner() const {
   const auto place = [](double content, int window, int scrolled) {
-    const int pixels = static_cast<int>(std::ceil(content));
+    const int pixels = pixelsOf(content);
     return pixels < window ? (window - pixels) / 2 : -scrolled;
   };
   return {place(size().width() * zoom_, viewport()->width(), horizontalScrollBar()->value()),
@@ -146,7 +149,7 @@ void SheetCanvas::setZoom(double zoom, const QPointF& anchor) {
 
 void SheetCanvas::layBars() {
   const auto lay = [this](QScrollBar* bar, double content, int window) {
-    bar->setRange(0, std::max(0, static_cast<int>(std::ceil(content * zoom_)) - window));
+    bar->setRange(0, std::max(0, pixelsOf(content * zoom_) - window));
     bar->setPageStep(window);
     bar->setSingleStep(std::max(1, window / 20));
   };
