@@ -11,6 +11,7 @@
 #include <string>
 
 #include "persist/dizionario.hpp"
+#include "sheet/commands.hpp"
 #include "shell/clicks.hpp"
 
 namespace dialwright {
@@ -44,6 +45,15 @@ Texts textsOfThePanel() {
   return texts;
 }
 
+// Of the sheet's bar and panels.
+void addSheet(Texts& texts) {
+  for (const SheetCommandRow& row : kSheetCommands) {
+    texts.emplace(row.caption, row.name);
+    texts.emplace(row.tip, row.name);
+  }
+  for (const SheetFieldRow& row : kSheetFields) texts.emplace(row.label, row.name);
+}
+
 // The literals in calls of T, one argument in one or more pieces.
 void addCalls(Texts& texts, const fs::path& source) {
   static const std::regex kCall(R"re(\bT\(\s*((?:"(?:[^"\\\n]|\\.)*"\s*)+))re");
@@ -67,6 +77,7 @@ TEST(Texts, StandInEveryDictionary) {
   for (const auto& entry : fs::recursive_directory_iterator(DIALWRIGHT_SOURCE_DIR "/src")) {
     if (entry.path().extension() == ".cpp") addCalls(texts, entry.path());
   }
+  addSheet(texts);
   ASSERT_GT(ofPanel, 150u);
   ASSERT_GT(texts.size(), ofPanel);
   for (const Lingua& lingua : lingue()) {
