@@ -40,6 +40,7 @@ SheetWidget::SheetWidget(Program& program, QWidget* parent)
   showPreview = [this](const QString& title, const PrintDocument& document) {
     return preview(this, title, document);
   };
+  program_.sheet().list().keepMeanings(true);  // for what lies under the cursor
   fillPorts();
   refresh();
 }
