@@ -43,7 +43,7 @@ QString nameOf(const Program& program, Rgb colour) {
 
 struct LayerAndColour {
   LayerId layer;
-  Rgb colour;
+  Rgb colour = kWhite;
 };
 
 LayerAndColour lookOf(const DisplayList& list, const Hit& hit) {
@@ -165,14 +165,14 @@ void HitGrid::visitCells(const Stroke& s, Visitor&& visitor) const {
     }
     const Cells across = columns(from, to);
     for (int column = across.first; column <= across.last; ++column) {
-      visitor(static_cast<std::size_t>(row * columnCount_ + column));
+      visitor(cellOf(column, row));
     }
   }
 }
 
 // Counts, then fills: two walks and no allocation a cell.
 void HitGrid::sort() {
-  starts_.assign(static_cast<std::size_t>(columnCount_ * rowCount_) + 1, 0);
+  starts_.assign(cellOf(0, rowCount_) + 1, 0);
   for (const Stroke& stroke : strokes_) {
     visitCells(stroke, [this](std::size_t cell) { ++starts_[cell + 1]; });
   }
@@ -193,7 +193,7 @@ std::optional<Hit> HitGrid::at(double x, double y, double reach) const {
   double nearest = reach;
   for (int row = down.first; row <= down.last; ++row) {
     for (int column = across.first; column <= across.last; ++column) {
-      const auto cell = static_cast<std::size_t>(row * columnCount_ + column);
+      const auto cell = cellOf(column, row);
       for (std::uint32_t i = starts_[cell]; i < starts_[cell + 1]; ++i) {
         const Stroke& s = strokes_[held_[i]];
         const double away = distance(x, y, s.x1, s.y1, s.x2, s.y2);
