@@ -7,6 +7,7 @@
 #include "lettering/specimen.hpp"
 #include "persist/encoding.hpp"
 #include "persist/safe_file.hpp"
+#include "proof/scenes.hpp"
 #include "shell/report.hpp"
 
 namespace dialwright {
@@ -18,6 +19,23 @@ constexpr double kFirstSheet = 10;  // times the page
 // the window's own.
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
+
+// Has the strokes of a run judged while it lasts, when the panel asks for true shadows only.
+class TrueShadows {
+ public:
+  TrueShadows(const Panel& panel, SheetPlot& sheet) : sheet_(sheet) {
+    if (!panel.on(Field::ckTrue)) return;
+    if (auto scene = proof::sceneOf(panel)) judge_.emplace(std::move(*scene));
+    if (judge_) sheet_.judge(&*judge_);
+  }
+  ~TrueShadows() { sheet_.judge(nullptr); }
+  TrueShadows(const TrueShadows&) = delete;
+  TrueShadows& operator=(const TrueShadows&) = delete;
+
+ private:
+  SheetPlot& sheet_;
+  std::optional<proof::SceneJudge> judge_;
+};
 
 }  // namespace
 
@@ -169,9 +187,16 @@ void Program::click(Field field, bool state) {
 
 RunResult Program::CmdRun_Click() {
   const Ports all = portsOfRun();
+  const TrueShadows judged(panel_, sheet_);
   Run run(panel_, params_, sheet_, all);
   if (!dialwright::CmdRun_Click(run, drivers())) return RunResult::NoDriver;
   return run.refused() ? RunResult::Refused : RunResult::Drawn;
+}
+
+std::optional<proof::Proof> Program::prove(double within) const {
+  const std::optional<proof::Scene> scene = proof::sceneOf(panel_);
+  if (!scene) return std::nullopt;
+  return proof::prove(sheet_.list(), *scene, within);
 }
 
 std::string Program::viewer() const {

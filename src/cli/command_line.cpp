@@ -37,6 +37,7 @@ void addCommon(CLI::App& command, Request& request) {
   command.add_option("--invert", request.invert, "mirror an axis: x, y or xy")
       ->type_name("AXIS")
       ->check(CLI::IsMember({"x", "y", "xy"}));
+  command.add_flag("--true", request.trueShadows, "leave out what no shadow follows");
   command.add_flag("--quiet,-q", request.quiet, "no messages");
   command.add_flag("--verbose,-v", request.verbose, "the caption of the sheet as well");
 }
@@ -116,6 +117,18 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   pages.add_flag("--all", request.allPages, "all pages that carry ink; so without --page")
       ->excludes(chosen);
   pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
+
+  CLI::App& prove = add("prove", "hold a dial's strokes against the shadows", commandProve);
+  prove.add_option("ITEM", request.item, "menu item or program number")->required();
+  prove.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  prove.add_option("--within", request.within, "millimetres that a stroke may lie off its shadow")
+      ->type_name("MM")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  prove.add_flag("--mark", request.mark, "ghosts in grey and strays in red in the files");
+  prove.add_flag("--json", request.json, "as JSON");
+  addPresses(prove, request);
+  addOutputs(prove, request);
 
   CLI::App& save = add("save", "write a project", commandSave);
   save.add_option("ITEM", request.item, "menu item or program number")->required();

@@ -10,6 +10,7 @@ void commandList(const Request& request);
 void commandFields(const Request& request);
 void commandRun(const Request& request);
 void commandOpen(const Request& request);
+void commandProve(const Request& request);
 void commandPages(const Request& request);
 void commandSave(const Request& request);
 void commandDefaults(const Request& request);

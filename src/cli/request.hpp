@@ -21,6 +21,7 @@ struct Request {
   int scale = 0;
   bool quiet = false;
   bool verbose = false;
+  bool trueShadows = false;
 
   // What a command works on.
   std::string item;
@@ -35,6 +36,8 @@ struct Request {
   bool dark = false;
   bool json = false;
   bool bash = false;
+  bool mark = false;
+  double within = 0.05;               // millimetres
   const CLI::App* grammar = nullptr;  // the command line's own
 };
 

@@ -39,6 +39,8 @@ void DisplayList::clear() {
   circles.clear();
   vertices.clear();
   texts.clear();
+  lineMeanings_.clear();
+  pointMeanings_.clear();
 }
 
 std::size_t DisplayList::bytes() const {
