@@ -54,6 +54,7 @@ class Program {
   Program& operator=(const Program&) = delete;
 
   Panel& panel() { return panel_; }
+  const Panel& panel() const { return panel_; }
   DialParams& params() { return params_; }
   SheetPlot& sheet() { return sheet_; }
   const SheetPlot& sheet() const { return sheet_; }
