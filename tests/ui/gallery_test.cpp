@@ -1,13 +1,13 @@
 #include "ui/gallery.hpp"
 #include <gtest/gtest.h>
-#include <QApplication>
+#include "ui/application.hpp"
 #include <QTest>
 namespace dialwright {
 TEST(Look, Gallery) {
   int argc = 1;
   char name[] = "t";
   char* argv[] = {name, nullptr};
-  QApplication app(argc, argv);
+
   for (const char* lang : {"en", "it", "fr", "es"}) {
     Program program({.workingFolder = "/tmp/extras_pics/w",
                      .dataFolder = DIALWRIGHT_DATA_DIR,
