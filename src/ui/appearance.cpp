@@ -52,8 +52,8 @@ QPalette paletteOf(const Colours& colours) {
   set(QPalette::Dark, colours.shadow);
   set(QPalette::Shadow, colours.shadow);
   // A field that takes nothing looks like the window around it.
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                          QPalette::HighlightedText}) {
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
     palette.setColor(QPalette::Disabled, role, QColor(colours.dim));
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(colours.window));

@@ -39,7 +39,8 @@ void DesktopColours::settingChanged(const QString& group, const QString& key,
                                     const QDBusVariant& value) {
   if (group != kGroup || key != kKey) return;
   QVariant innermost = value.variant();  // the answer of some services is a variant in a variant
-  while (innermost.canConvert<QDBusVariant>()) innermost = innermost.value<QDBusVariant>().variant();
+  while (innermost.canConvert<QDBusVariant>())
+    innermost = innermost.value<QDBusVariant>().variant();
   const uint wish = innermost.toUInt();
   if (wish == kPrefersDark || wish == kPrefersLight) emit told(wish == kPrefersDark);
 }

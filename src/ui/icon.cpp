@@ -11,9 +11,9 @@ namespace {
 // A grid of 64 by 64; few and thick strokes, which stay apart at 16 pixels.
 constexpr int kGrid = 64;
 constexpr const char* kPlate = "#f6ead0";
-constexpr const char* kRim = "#1f3a57";
+constexpr const char* kRim = "#2b5f92";
 constexpr const char* kStyle = "#d98a00";
-constexpr const char* kShadow = "#8796a8";
+constexpr const char* kShadow = "#9aa3ab";
 constexpr double kRimWidth = 5;
 constexpr double kLineWidth = 4;
 constexpr double kCorner = 12;
@@ -69,7 +69,9 @@ QString iconSvg() {
                     .arg(kCorner)
                     .arg(kPlate, kRim)
                     .arg(kRimWidth);
-  const auto at = [](QPointF point) { return QStringLiteral("%1 %2").arg(point.x()).arg(point.y()); };
+  const auto at = [](QPointF point) {
+    return QStringLiteral("%1 %2").arg(point.x()).arg(point.y());
+  };
   QString lines;
   for (const QPointF& end : kHours) lines += "M" + at(kCentre) + "L" + at(end);
   svg += QStringLiteral(

@@ -1,4 +1,5 @@
-// The splash window: title and release, for two seconds or until a key or a click. It blocks nothing.
+// The splash window: title and release, for two seconds or until a key or a click. It blocks
+// nothing.
 #pragma once
 
 #include <QWidget>
