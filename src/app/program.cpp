@@ -19,6 +19,11 @@ constexpr double kFirstSheet = 10;  // times the page
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
 
+RunResult runOf(Run& run) {
+  if (!CmdRun_Click(run, drivers())) return RunResult::NoDriver;
+  return run.refused() ? RunResult::Refused : RunResult::Drawn;
+}
+
 }  // namespace
 
 Program::Program(ProgramConfig config)
@@ -139,8 +144,12 @@ void Program::type(Field field, std::string_view text) {
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {
+  return CaricaProgetto(path, path.filename().string());
+}
+
+LoadResult Program::CaricaProgetto(const std::filesystem::path& path, std::string title) {
   LoadResult result = dialwright::CaricaProgetto(path, panel_, sheet_);
-  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = path.filename().string();
+  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = std::move(title);
   return result;
 }
 
@@ -148,8 +157,7 @@ void Program::click(Item item) {
   clickItem(panel_, params_, item, [this](std::string_view text) { return T(text); });
 }
 
-Ports Program::portsOfRun() const {
-  Ports all = ports;
+Ports Program::translated(Ports all) const {
   all.translate = [this](std::string_view text) { return T(text); };
   return all;
 }
@@ -170,8 +178,47 @@ void Program::click(Field field, bool state) {
 RunResult Program::CmdRun_Click() {
   const Ports all = portsOfRun();
   Run run(panel_, params_, sheet_, all);
-  if (!dialwright::CmdRun_Click(run, drivers())) return RunResult::NoDriver;
-  return run.refused() ? RunResult::Refused : RunResult::Drawn;
+  return runOf(run);
+}
+
+SpareRun Program::prepareRun(bool anew) const {
+  SpareRun run{inputs(), anew, panel_, params_, sheet_.spare()};
+  if (!anew) return run;
+  run.params = {};
+  run.params.ModoDati = params_.ModoDati;
+  run.params.UsaLongitudine = params_.UsaLongitudine;
+  run.params.SheetW = params_.SheetW;
+  run.params.SheetH = params_.SheetH;
+  run.sheet.moveCursor(0, 0);
+  return run;
+}
+
+void Program::make(SpareRun& spare, Ports ofRun) const {
+  const Ports all = translated(std::move(ofRun));
+  Run run(spare.panel, spare.params, spare.sheet, all);
+  spare.result = runOf(run);
+}
+
+void Program::adopt(SpareRun&& run) {
+  panel_.takeChanges(run.inputs.panel, run.panel);
+  // Clicks of the meantime count for the next run.
+  run.params.ModoDati = params_.ModoDati;
+  run.params.UsaLongitudine = params_.UsaLongitudine;
+  params_ = run.params;
+  sheet_.adopt(std::move(run.sheet), run.anew);
+  if (run.anew) view_.redrawOwn();
+}
+
+Inputs Program::inputs() const { return {panel_, params_.ModoDati, params_.UsaLongitudine}; }
+
+void Program::restore(const Inputs& former) {
+  const bool data = panel_[Field::cmdData].visible;
+  const bool language = panel_[Item::mnuLang].enabled;
+  panel_ = former.panel;
+  panel_[Field::cmdData].visible = data;
+  panel_[Item::mnuLang].enabled = language;
+  params_.ModoDati = former.ModoDati;
+  params_.UsaLongitudine = former.UsaLongitudine;
 }
 
 std::string Program::viewer() const {

@@ -97,6 +97,8 @@ class DisplayList {
   void add(TextRecord record) { texts.push_back(std::move(record)); }
 
   void clear();
+  // Takes over what another list holds, behind what this one has.
+  void append(DisplayList&& other);
   std::size_t size() const { return order_.size(); }
   const std::vector<EntityKind>& order() const { return order_; }
 

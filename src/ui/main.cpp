@@ -1,12 +1,63 @@
 // The desktop's entry point.
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QLibraryInfo>
+#include <QTimer>
+#include <QTranslator>
 
+#include "app/folders.hpp"
 #include "ui/main_window.hpp"
+
+namespace {
+
+using dialwright::Program;
+using dialwright::ProgramConfig;
+
+struct Arguments {
+  ProgramConfig config;
+  std::filesystem::path file;
+};
+
+Arguments argumentsOf(const QApplication& application) {
+  QCommandLineParser parser;
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addOption({"folder", "Working folder for defaults, dictionary and exports.", "DIR"});
+  parser.addOption({"lang", "Language of this run: en, it, fr or es.", "LANG"});
+  parser.addPositionalArgument("FILE", "A project, .sun.", "[FILE]");
+  parser.process(application);
+  Arguments arguments;
+  arguments.config.workingFolder = parser.isSet("folder")
+                                       ? std::filesystem::path(parser.value("folder").toStdString())
+                                       : dialwright::configurationFolder();
+  arguments.config.dataFolder = DIALWRIGHT_DATA_DIR;
+  arguments.config.language = parser.value("lang").toStdString();
+  if (!parser.positionalArguments().isEmpty())
+    arguments.file = parser.positionalArguments().front().toStdString();
+  return arguments;
+}
+
+// The toolkit's own words (in the dialogs for files and printers), where they are installed.
+void speak(QApplication& application, QTranslator& words, const Program& program) {
+  const std::string& asked = program.config().language;
+  const QString code = QString::fromStdString(asked.empty() ? program.storedLanguage() : asked);
+  if (words.load("qtbase_" + code, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    application.installTranslator(&words);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  dialwright::Program program({".", DIALWRIGHT_DATA_DIR, ""});
+  QApplication::setApplicationName("dialwright");
+  QApplication::setApplicationDisplayName("Dialwright");
+  QApplication::setApplicationVersion(DIALWRIGHT_VERSION);
+  const Arguments arguments = argumentsOf(application);
+  Program program(arguments.config);
+  QTranslator words;
+  speak(application, words, program);
   dialwright::MainWindow window(program);
   window.show();
+  QTimer::singleShot(0, &window, [&] { window.begin(arguments.file); });
   return QApplication::exec();
 }

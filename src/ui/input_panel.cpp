@@ -1,0 +1,251 @@
+// Making the widgets and mirroring the panel.
+#include "ui/input_panel.hpp"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "ui/text.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr int kLongestText = 400;  // characters
+constexpr int kFieldWidth = 52;
+
+// An ampersand in a caption is no mnemonic.
+QString captionOf(const Control& control) {
+  return shown(control.caption).trimmed().replace('&', "&&");
+}
+
+QString tipOf(const Panel& panel, Field field) {
+  const Field label = rowOf(field).label;
+  const bool own = !panel[field].tip.empty() || label == Field::None;
+  return shown(panel[own ? field : label].tip);
+}
+
+}  // namespace
+
+InputPanel::InputPanel(const Program& program, QWidget* parent)
+    : QWidget(parent), program_(program), dial_(new QLabel(this)), live_(new QCheckBox(this)) {
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    widgets_[i] = make(fieldAt(i));
+    widgets_[i]->setObjectName(shown(fieldTable()[i].name));
+  }
+  build();
+  chainTabs();
+  refresh();
+}
+
+QWidget* InputPanel::make(Field field) {
+  switch (rowOf(field).kind) {
+    case FieldKind::Text: return makeText(field);
+    case FieldKind::Option: return makeOption(field);
+    case FieldKind::Button: return makeButton(field);
+    case FieldKind::Combo: return makeCombo(field);
+    case FieldKind::Frame: return new QFrame(this);
+    case FieldKind::Label: {
+      auto* label = new QLabel(this);
+      label->setTextFormat(Qt::PlainText);
+      label->setWordWrap(true);
+      return label;
+    }
+    case FieldKind::Check: break;
+  }
+  auto* box = new QCheckBox(this);
+  connect(box, &QCheckBox::clicked, this, [this, field](bool on) { emit clicked(field, on); });
+  return box;
+}
+
+QWidget* InputPanel::makeText(Field field) {
+  auto* edit = new QLineEdit(this);
+  edit->setMaxLength(kLongestText);
+  edit->setMinimumWidth(kFieldWidth);
+  if (isFiltered(field)) {
+    edit->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+    edit->installEventFilter(this);
+  }
+  connect(edit, &QLineEdit::textEdited, this,
+          [this, field](const QString& text) { emit typed(field, text); });
+  return edit;
+}
+
+QWidget* InputPanel::makeOption(Field field) {
+  const OptionGroup group = rowOf(field).group;
+  if (group == OptionGroup::Point) return makeButton(field);
+  auto* option = new QRadioButton(this);
+  QButtonGroup*& buttons = groups_[group];
+  if (buttons == nullptr) buttons = new QButtonGroup(this);
+  buttons->addButton(option);
+  connect(option, &QRadioButton::clicked, this, [this, field] { emit clicked(field, true); });
+  return option;
+}
+
+QWidget* InputPanel::makeButton(Field field) {
+  auto* button = new QPushButton(this);
+  connect(button, &QPushButton::clicked, this, [this, field] { emit pressed(field); });
+  return button;
+}
+
+QWidget* InputPanel::makeCombo(Field field) {
+  auto* combo = new QComboBox(this);
+  combo->setMinimumContentsLength(12);
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  connect(combo, &QComboBox::textActivated, this,
+          [this, field](const QString& text) { emit typed(field, text); });
+  return combo;
+}
+
+void InputPanel::build() {
+  auto* column = new QWidget;
+  auto* rows = new QVBoxLayout(column);
+  rows->setSpacing(12);
+  for (const InputSection& section : inputSections()) {
+    sections_.push_back(new InputSectionBox(
+        section, [this](Field field) { return widgetOf(field); }, column));
+    rows->addWidget(sections_.back());
+  }
+  rows->addStretch();
+  for (const FieldRow& row : fieldTable()) {
+    if (row.kind != FieldKind::Text && row.kind != FieldKind::Combo) continue;
+    if (row.label == Field::None) continue;
+    static_cast<QLabel*>(widgetOf(row.label))->setBuddy(widgetOf(*findField(row.name)));
+  }
+
+  auto* scroll = new QScrollArea(this);
+  scroll->setWidget(column);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setFocusPolicy(Qt::NoFocus);
+
+  dial_->setWordWrap(true);
+  dial_->setTextFormat(Qt::PlainText);
+  dial_->setContentsMargins(9, 6, 9, 0);
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->addWidget(dial_);
+  all->addWidget(scroll, 1);
+  all->addLayout(buildButtons());
+}
+
+QLayout* InputPanel::buildButtons() {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(9, 0, 9, 9);
+  for (const Field field : inputButtons()) row->addWidget(widgetOf(field));
+  auto* run = static_cast<QPushButton*>(widgetOf(Field::cmdRun));
+  run->setDefault(true);
+  // Its caption is empty: the tip names it.
+  auto* save = static_cast<QPushButton*>(widgetOf(Field::cmdSave));
+  save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+  live_->setText(shown(program_.T("Live")));
+  live_->setToolTip(shown(program_.T("Draws again after each change")));
+  row->addStretch();
+  row->addWidget(live_);
+  return row;
+}
+
+void InputPanel::chainTabs() {
+  QWidget* before = nullptr;
+  for (QWidget* widget : widgets_) {
+    if (widget->focusPolicy() == Qt::NoFocus) continue;
+    if (before != nullptr) setTabOrder(before, widget);
+    before = widget;
+  }
+  setTabOrder(before, live_);
+}
+
+// --- Mirroring
+
+void InputPanel::refresh() {
+  const Item chosen = program_.panel().chosen();
+  dial_->setText(chosen == Item::None ? QString() : shown(program_.panel()[chosen].caption));
+  for (std::size_t i = 0; i < kFieldCount; ++i) refresh(fieldAt(i));
+  refreshOptions();
+  for (InputSectionBox* section : sections_) section->arrange(program_.panel());
+}
+
+void InputPanel::refresh(Field field) {
+  const Control& control = program_.panel()[field];
+  QWidget* widget = widgetOf(field);
+  widget->setVisible(control.visible);
+  widget->setEnabled(control.enabled);
+  widget->setToolTip(tipOf(program_.panel(), field));
+  if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
+    const QString text = shown(control.text).left(kLongestText);
+    if (edit->text() != text) edit->setText(text);
+  } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+    label->setText(shown(control.caption).trimmed());
+  } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+    button->setText(captionOf(control));
+    if (qobject_cast<QCheckBox*>(widget) != nullptr) button->setChecked(control.state);
+  } else if (field == Field::cmbStati) {
+    refreshCountries();
+  }
+  name(field);
+}
+
+// What a screen reader says: the label, or the caption; where there is none, the tip.
+void InputPanel::name(Field field) {
+  const FieldRow& row = rowOf(field);
+  const Panel& panel = program_.panel();
+  QString text = shown(panel[row.label == Field::None ? field : row.label].caption).trimmed();
+  if (text.isEmpty()) text = tipOf(panel, field);
+  widgetOf(field)->setAccessibleName(text);
+}
+
+// Of a group at most one option is selected; it may be none.
+void InputPanel::refreshOptions() {
+  for (const auto& [group, buttons] : groups_) buttons->setExclusive(false);
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    if (auto* option = qobject_cast<QRadioButton*>(widgets_[i]))
+      option->setChecked(program_.panel().on(fieldAt(i)));
+  }
+  for (const auto& [group, buttons] : groups_) buttons->setExclusive(true);
+}
+
+void InputPanel::refreshCountries() {
+  auto* combo = static_cast<QComboBox*>(widgetOf(Field::cmbStati));
+  const std::vector<std::string>& countries = program_.world().countries;
+  const QString chosen = shown(program_.panel().text(Field::cmbStati));
+  const bool loaded = !chosen.isEmpty() || !countries.empty();
+  const int wanted = loaded ? static_cast<int>(countries.size()) + 1 : 0;
+  if (combo->count() != wanted) {
+    combo->clear();
+    if (loaded) combo->addItem(shown(kWholeWorld));
+    for (const std::string& country : countries) combo->addItem(shown(country));
+  }
+  combo->setCurrentIndex(combo->findText(chosen));
+}
+
+// --- Keys
+
+bool InputPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const QString text = key->text();
+  const bool command = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+  if (command || text.size() != 1 || !text.front().isPrint()) {
+    return QWidget::eventFilter(watched, event);
+  }
+  const char16_t typed = text.front().unicode();
+  const char taken = typed < 0x80 ? FiltroNumerico(static_cast<char>(typed)) : '\0';
+  if (taken == '\0') {
+    emit beep();
+    return true;
+  }
+  if (taken == static_cast<char>(typed)) return QWidget::eventFilter(watched, event);
+  QKeyEvent replaced(QEvent::KeyPress, key->key(), key->modifiers(), QString(QLatin1Char(taken)));
+  QCoreApplication::sendEvent(watched, &replaced);
+  return true;
+}
+
+}  // namespace dialwright

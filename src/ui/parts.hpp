@@ -1,0 +1,33 @@
+// The large parts of the window that stand beside the input panel, as the window uses them.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "app/program.hpp"
+
+namespace dialwright {
+
+// The sheet, and how it is told that the drawing is new.
+struct SheetPart {
+  QWidget* widget;
+  std::function<void()> refresh;
+  std::function<void()> showFit;
+};
+SheetPart makeSheetPart(Program& program, QWidget* parent,
+                        const std::function<void(const QString&)>& hovered,
+                        const std::function<void(const QString&)>& message);
+
+// The catalogue with pictures; `chosen` is called with the dial that the user takes.
+QWidget* makeGallery(Program& program, QWidget* parent, const std::function<void(Item)>& chosen);
+
+// The utility board, until the user closes it; `transferred` is called after it has written fields
+// of the panel.
+void openBoard(Program& program, QWidget* parent, const std::function<void()>& transferred);
+
+void openAbout(const Program& program, QWidget* parent);
+
+// The system's printer set-up.
+void setUpPrinter(Program& program, QWidget* parent);
+
+}  // namespace dialwright
