@@ -12,6 +12,7 @@ void commandRun(const Request& request);
 void commandOpen(const Request& request);
 void commandPages(const Request& request);
 void commandSave(const Request& request);
+void commandBoard(const Request& request);
 void commandDefaults(const Request& request);
 void commandLettering(const Request& request);
 void commandLanguage(const Request& request);

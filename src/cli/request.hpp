@@ -34,6 +34,7 @@ struct Request {
   bool colour = false;
   bool dark = false;
   bool json = false;
+  bool now = false;
   bool bash = false;
   const CLI::App* grammar = nullptr;  // the command line's own
 };
