@@ -77,7 +77,7 @@ char typedKey(const QKeyEvent& key) {
 BoardWindow::BoardWindow(Program& program, QWidget* parent)
     : QDialog(parent),
       T_([&program](std::string_view text) { return program.T(text); }),
-      board_(program.panel(), T_) {
+      board_(program.openBoard()) {
   setObjectName(shown(rowOf(F::frmDeclin).name));
   setWindowTitle(shown(board_[F::frmDeclin].caption));
   setModal(true);
