@@ -15,5 +15,7 @@ void commandSave(const Request& request);
 void commandDefaults(const Request& request);
 void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
+// Becomes the desktop program; comes back only by throwing.
+void commandDesktop(const Request& request);
 
 }  // namespace dialwright

@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/text.hpp"
 
@@ -170,7 +171,13 @@ void InputPanel::refresh() {
   dial_->setText(chosen == Item::None ? QString() : shown(program_.panel()[chosen].caption));
   for (std::size_t i = 0; i < kFieldCount; ++i) refresh(fieldAt(i));
   refreshOptions();
-  for (InputSectionBox* section : sections_) section->arrange(program_.panel());
+  // One line runs down between the columns of all sections.
+  int width = 0;
+  for (InputSectionBox* section : sections_) {
+    section->arrange(program_.panel());
+    width = std::max(width, section->columnWidth());
+  }
+  for (InputSectionBox* section : sections_) section->setColumnWidth(width);
 }
 
 void InputPanel::refresh(Field field) {
