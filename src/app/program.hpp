@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/drivers.hpp"
+#include "board/board.hpp"
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
@@ -144,6 +145,9 @@ class Program {
   // The viewer of exported drawings: the first line of "viewer.txt" in the working folder; empty
   // without one.
   std::string viewer() const;
+
+  // A utility board on this program's panel, in its language. The program must outlive it.
+  Board openBoard();
 
   // Draws the specimen of the lettering instead of a dial.
   void DisegnaCampionario();

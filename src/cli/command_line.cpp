@@ -110,6 +110,14 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   addPresses(open, request);
   addOutputs(open, request);
 
+  CLI::App& board =
+      add("board", "the utility board: sun, equation of time, sunrise, a wall's declination",
+          commandBoard);
+  board.add_option("NAME=VALUE", request.words,
+                   "the board's fields, from left to right; without a date it is today at 0 h UT");
+  board.add_flag("--now", request.now, "the present date and UT, which assignments may change");
+  board.add_flag("--json", request.json, "the figures by name, as JSON");
+
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
   pages.add_option("ITEM", request.item, "menu item or program number")->required();
   pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");

@@ -16,6 +16,7 @@ void commandOpen(const Request& request);
 void commandProve(const Request& request);
 void commandPages(const Request& request);
 void commandSave(const Request& request);
+void commandBoard(const Request& request);
 void commandDefaults(const Request& request);
 void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
