@@ -7,6 +7,7 @@
 #include "lettering/specimen.hpp"
 #include "persist/encoding.hpp"
 #include "persist/safe_file.hpp"
+#include "proof/scenes.hpp"
 #include "shell/report.hpp"
 
 namespace dialwright {
@@ -19,7 +20,26 @@ constexpr double kFirstSheet = 10;  // times the page
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
 
-RunResult runOf(Run& run) {
+// Has the strokes of a run judged while it lasts, when the panel asks for true shadows only.
+class TrueShadows {
+ public:
+  TrueShadows(const Panel& panel, SheetPlot& sheet) : sheet_(sheet) {
+    if (!panel.on(Field::ckTrue)) return;
+    if (auto scene = proof::sceneOf(panel)) judge_.emplace(std::move(*scene));
+    if (judge_) sheet_.judge(&*judge_);
+  }
+  ~TrueShadows() { sheet_.judge(nullptr); }
+  TrueShadows(const TrueShadows&) = delete;
+  TrueShadows& operator=(const TrueShadows&) = delete;
+
+ private:
+  SheetPlot& sheet_;
+  std::optional<proof::SceneJudge> judge_;
+};
+
+RunResult runOf(Panel& panel, DialParams& params, SheetPlot& sheet, const Ports& ports) {
+  const TrueShadows judged(panel, sheet);
+  Run run(panel, params, sheet, ports);
   if (!CmdRun_Click(run, drivers())) return RunResult::NoDriver;
   return run.refused() ? RunResult::Refused : RunResult::Drawn;
 }
@@ -176,9 +196,7 @@ void Program::click(Field field, bool state) {
 }
 
 RunResult Program::CmdRun_Click() {
-  const Ports all = portsOfRun();
-  Run run(panel_, params_, sheet_, all);
-  return runOf(run);
+  return runOf(panel_, params_, sheet_, portsOfRun());
 }
 
 SpareRun Program::prepareRun(bool anew) const {
@@ -194,9 +212,8 @@ SpareRun Program::prepareRun(bool anew) const {
 }
 
 void Program::make(SpareRun& spare, Ports ofRun) const {
-  const Ports all = translated(std::move(ofRun));
-  Run run(spare.panel, spare.params, spare.sheet, all);
-  spare.result = runOf(run);
+  spare.result =
+      runOf(spare.panel, spare.params, spare.sheet, translated(std::move(ofRun)));
 }
 
 void Program::adopt(SpareRun&& run) {
@@ -219,6 +236,12 @@ void Program::restore(const Inputs& former) {
   panel_[Item::mnuLang].enabled = language;
   params_.ModoDati = former.ModoDati;
   params_.UsaLongitudine = former.UsaLongitudine;
+}
+
+std::optional<proof::Proof> Program::prove(double within) const {
+  const std::optional<proof::Scene> scene = proof::sceneOf(panel_);
+  if (!scene) return std::nullopt;
+  return proof::prove(sheet_.list(), *scene, within);
 }
 
 std::string Program::viewer() const {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
+#include "proof/prove.hpp"
 #include "sheet/options.hpp"
 #include "sheet/view.hpp"
 #include "shell/clicks.hpp"
@@ -109,6 +111,11 @@ class Program {
   // Puts back former inputs. What a start or a run has made of the window stays: the language menu
   // and cmdData.
   void restore(const Inputs& inputs);
+
+  // The proof of the drawing as the panel's dial has it: what each stroke stands for, held against
+  // the shadows. Only what was drawn while the sheet kept its meanings is in it. Nothing for a dial
+  // that throws no shadow.
+  std::optional<proof::Proof> prove(double within = proof::kWithin) const;
 
   // A press of a button: of the panel (cmdRun, cmdSave ...) or of the sheet's bar.
   Press press(std::string_view button);

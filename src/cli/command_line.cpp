@@ -10,6 +10,7 @@
 #include "cli/errors.hpp"
 #include "cli/manual.hpp"
 #include "cli/request.hpp"
+#include "cli/shadow.hpp"
 #include "cli/words.hpp"
 
 namespace dialwright {
@@ -19,13 +20,17 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
-void addCommon(CLI::App& command, Request& request) {
+void addPlace(CLI::App& command, Request& request) {
   command
       .add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
       ->type_name("DIR");
   command.add_option("--lang", request.language, "language of this run: en, it, fr or es")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "it", "fr", "es"}));
+}
+
+void addCommon(CLI::App& command, Request& request) {
+  addPlace(command, request);
   command.add_option("--size", request.size, "sheet in metres, width x height")->type_name("LxH");
   command
       .add_option("--shift", request.shift,
@@ -37,6 +42,7 @@ void addCommon(CLI::App& command, Request& request) {
   command.add_option("--invert", request.invert, "mirror an axis: x, y or xy")
       ->type_name("AXIS")
       ->check(CLI::IsMember({"x", "y", "xy"}));
+  command.add_flag("--true", request.trueShadows, "leave out what no shadow follows");
   command.add_flag("--quiet,-q", request.quiet, "no messages");
   command.add_flag("--verbose,-v", request.verbose, "the caption of the sheet as well");
 }
@@ -125,11 +131,43 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
       ->excludes(chosen);
   pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
 
+  CLI::App& prove = add("prove", "hold a dial's strokes against the shadows", commandProve);
+  prove.add_option("ITEM", request.item, "menu item or program number")->required();
+  prove.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  prove.add_option("--within", request.within, "millimetres that a stroke may lie off its shadow")
+      ->type_name("MM")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  prove.add_flag("--mark", request.mark, "ghosts in grey and strays in red in the files");
+  prove.add_flag("--json", request.json, "as JSON");
+  addPresses(prove, request);
+  addOutputs(prove, request);
+
+  CLI::App& shadow =
+      add("shadow", "the shadow on a dial at a moment, or at a row of moments", commandShadow);
+  shadow.add_option("ITEM", request.item, "menu item or program number")->required();
+  shadow.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  shadow.add_option("--date", request.date, "the day, as in 2026-06-21")->type_name("D");
+  shadow.add_option("--time", request.time, "the time of the zone's clock, as in 10:30")
+      ->type_name("T");
+  shadow.add_option("--from", request.from, "the first time of a day, or the first day of a year")
+      ->type_name("D|T");
+  shadow.add_option("--to", request.to, "the last one")->type_name("D|T");
+  shadow.add_option("--step", request.step, "minutes from time to time, or days from day to day")
+      ->type_name("N");
+  addPresses(shadow, request);
+  addOutputs(shadow, request);
+
   CLI::App& save = add("save", "write a project", commandSave);
   save.add_option("ITEM", request.item, "menu item or program number")->required();
   save.add_option("NAME=VALUE ... FILE", request.words,
                   "assignments and, at the end, the project's file")
       ->required();
+
+  CLI::App& desktop = *app.add_subcommand("desktop", "the desktop program");
+  addPlace(desktop, request);
+  desktop.add_option("FILE", request.item, "a project to open, .sun");
+  commands["desktop"] = commandDesktop;
 
   CLI::App& defaults =
       add("defaults", "show or store what each start begins with", commandDefaults);

@@ -11,6 +11,7 @@
 #include "cli/outputs.hpp"
 #include "cli/session.hpp"
 #include "cli/words.hpp"
+#include "numerics/numbers.hpp"
 #include "paper/page_writer.hpp"
 #include "shell/names.hpp"
 
@@ -39,6 +40,7 @@ std::unique_ptr<Program> startDial(Item dial, std::span<const std::string> assig
   applySheetOptions(program->sheet(), request);
   program->click(dial);
   assignAll(*program, assignments);
+  if (request.trueShadows) program->panel().setState(Field::ckTrue, true);
   return program;
 }
 
@@ -56,11 +58,16 @@ void openProject(Program& program, const std::string& path) {
 
 }  // namespace
 
-void commandRun(const Request& request) {
-  const Item dial = dialOf(request.item);
-  const std::vector<Output> outputs = outputsOf(request);
-  const auto program = startDial(dial, request.words, request);
+std::unique_ptr<Program> drawnDial(const Request& request) {
+  auto program = startDial(dialOf(request.item), request.words, request);
   runAndPress(*program, request);
+  return program;
+}
+
+void commandRun(const Request& request) {
+  dialOf(request.item);  // a wrong word is told before anything else
+  const std::vector<Output> outputs = outputsOf(request);
+  const auto program = drawnDial(request);
   writeOutputs(*program, outputs, request);
 }
 
@@ -70,15 +77,36 @@ void commandOpen(const Request& request) {
   openProject(*program, request.item);
   applySheetOptions(program->sheet(), request);
   assignAll(*program, request.words);
+  if (request.trueShadows) program->panel().setState(Field::ckTrue, true);
   runAndPress(*program, request);
   writeOutputs(*program, outputs, request);
 }
 
-void commandPages(const Request& request) {
+void commandProve(const Request& request) {
   const Item dial = dialOf(request.item);
-  requirePdf(request.outputs);
+  const std::vector<Output> outputs = outputsOf(request);
   const auto program = startDial(dial, request.words, request);
-  runAndPress(*program, request);
+  program->sheet().list().keepMeanings(true);
+  runDial(*program, request, Remark::None);
+  const std::optional<proof::Proof> proof = program->prove(request.within / 1000);
+  if (!proof) {
+    throw CommandFailure("the dial " + std::string(rowOf(dial).name) +
+                         " throws no shadow that could be held against its strokes");
+  }
+  std::cout << proofTable(*proof, request.json);
+  if (request.mark) proof::mark(program->sheet().list(), *proof);
+  for (const std::string& button : request.presses) pressButton(*program, button);
+  writeOutputs(*program, outputs, request);
+  if (const std::size_t strays = proof->total().strays; strays > 0) {
+    throw CommandFailure(std::to_string(strays) + " strokes lie more than " +
+                         textOf(request.within) + " mm off their shadow");
+  }
+}
+
+void commandPages(const Request& request) {
+  dialOf(request.item);
+  requirePdf(request.outputs);
+  const auto program = drawnDial(request);
   PagesOptions options;
   options.numbers = request.pages;
   if (request.colour) options.inks = Inks::Paper;

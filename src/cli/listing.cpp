@@ -2,6 +2,9 @@
 #include "cli/listing.hpp"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -97,6 +100,41 @@ std::string listOfFields(Program& program, std::optional<Item> dial, bool json) 
                        {"label", cells[3]},
                        {"tip", cells[4]},
                        {"enabled", panel[field].enabled}});
+  }
+  return json ? asJson(objects) : table(rows);
+}
+
+namespace {
+
+// With three decimals; "-" for what is infinite.
+std::string figure(double value) {
+  if (!std::isfinite(value)) return "-";
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.3f", value);
+  return text.data();
+}
+
+Json figureInJson(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
+
+}  // namespace
+
+std::string proofTable(const proof::Proof& proof, bool json) {
+  std::vector<proof::LayerProof> layers = proof.layers;
+  layers.push_back(proof.total());
+  layers.back().layer = "all";
+  std::vector<Row> rows = {{"layer", "strokes", "true", "ghosts", "strays", "worst mm", "minutes"}};
+  std::vector<Json> objects;
+  for (const proof::LayerProof& each : layers) {
+    rows.push_back({each.layer, std::to_string(each.strokes), std::to_string(each.genuine),
+                    std::to_string(each.ghosts), std::to_string(each.strays),
+                    figure(each.millimetres), figure(each.minutes)});
+    objects.push_back({{"layer", each.layer},
+                       {"strokes", each.strokes},
+                       {"true", each.genuine},
+                       {"ghosts", each.ghosts},
+                       {"strays", each.strays},
+                       {"millimetres", figureInJson(each.millimetres)},
+                       {"minutes", figureInJson(each.minutes)}});
   }
   return json ? asJson(objects) : table(rows);
 }

@@ -15,4 +15,8 @@ std::string listOfDials(const Program& program, bool json);
 // text, label, tip.
 std::string listOfFields(Program& program, std::optional<Item> dial, bool json);
 
+// A proof as a table, a row a layer and one for all: strokes, true ones, ghosts, strays, the worst
+// distance in millimetres and in minutes of time ("-" where there is no shadow to measure to).
+std::string proofTable(const proof::Proof& proof, bool json);
+
 }  // namespace dialwright

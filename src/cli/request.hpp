@@ -21,6 +21,7 @@ struct Request {
   int scale = 0;
   bool quiet = false;
   bool verbose = false;
+  bool trueShadows = false;
 
   // What a command works on.
   std::string item;
@@ -36,6 +37,11 @@ struct Request {
   bool json = false;
   bool now = false;
   bool bash = false;
+  bool mark = false;
+  std::string date, time;             // of the clock
+  std::string from, to;               // a row of moments
+  double step = 0;                    // minutes or days
+  double within = 0.05;               // millimetres
   const CLI::App* grammar = nullptr;  // the command line's own
 };
 

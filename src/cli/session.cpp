@@ -101,7 +101,21 @@ std::unique_ptr<Program> startProgram(const Request& request) {
   return program;
 }
 
-void runDial(Program& program, const Request& request) {
+namespace {
+
+// One sentence about what no shadow follows, when there is any.
+void remarkOnShadows(const Program& program) {
+  const std::optional<proof::Proof> proof = program.prove();
+  if (!proof) return;
+  const proof::LayerProof sum = proof->total();
+  if (sum.genuine == sum.strokes) return;
+  std::cerr << "dialwright: " << sum.strokes - sum.genuine << " of " << sum.strokes
+            << " strokes are no shadows; --true leaves them out\n";
+}
+
+}  // namespace
+
+void runDial(Program& program, const Request& request, Remark remark) {
   const Item dial = program.panel().chosen();
   if (!draws(dial) && !isSilent(dial)) {
     throw CommandFailure(
@@ -109,6 +123,9 @@ void runDial(Program& program, const Request& request) {
         " is in the catalogue, but this version can't draw it yet; 'dialwright list' shows which can");
   }
   RunResult result = RunResult::NoDriver;
+  const bool remarks =
+      remark == Remark::OnShadows && !request.quiet && !program.panel().on(Field::ckTrue);
+  if (remarks) program.sheet().list().keepMeanings(true);
   {
     ProgressLine progress;
     if (!request.quiet && isatty(STDERR_FILENO) != 0) {
@@ -120,6 +137,7 @@ void runDial(Program& program, const Request& request) {
   if (request.verbose && !program.sheet().caption().empty())
     std::cerr << program.sheet().caption() << '\n';
   if (result == RunResult::Refused) throw CommandFailure("");
+  if (remarks) remarkOnShadows(program);
 }
 
 }  // namespace dialwright

@@ -19,8 +19,8 @@ double semiDiurnalArcOrHalfTurn(const Angles& angles, double cosine) {
 
 SolarDay solarDay(const Angles& angles, double latitude, double degrees) {
   const double d = angles.radians(degrees);
-  return {degrees, std::sin(d), std::cos(d), std::tan(d),
-          semiDiurnalArc(angles, cosineOfSemiArc(latitude, d))};
+  return {degrees,     d,           std::sin(d),
+          std::cos(d), std::tan(d), semiDiurnalArc(angles, cosineOfSemiArc(latitude, d))};
 }
 
 std::span<const SolarDay> SolarDays::of(const Sweep& declinations) {

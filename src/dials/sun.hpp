@@ -25,7 +25,7 @@ double semiDiurnalArcOrHalfTurn(const Angles& angles, double cosine);
 
 // A day of the year as all the hours of a family of curves meet it.
 struct SolarDay {
-  double degrees;                // the sun's declination
+  double degrees, radians;       // the sun's declination
   double sine, cosine, tangent;  // of it
   double arc;                    // the semi-diurnal arc as semiDiurnalArc gives it
 };

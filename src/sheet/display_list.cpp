@@ -18,6 +18,14 @@ void moveBehind(std::vector<Record>& records, std::vector<Record>& others) {
                  std::make_move_iterator(others.end()));
 }
 
+// The meanings of the last records may be left out.
+void moveMeanings(std::vector<Meaning>& meanings, std::size_t records,
+                  std::vector<Meaning>& others) {
+  if (others.empty()) return;
+  meanings.resize(records);
+  moveBehind(meanings, others);
+}
+
 }  // namespace
 
 std::string_view TextRecord::recorded() const {
@@ -47,6 +55,8 @@ void DisplayList::clear() {
   circles.clear();
   vertices.clear();
   texts.clear();
+  lineMeanings_.clear();
+  pointMeanings_.clear();
 }
 
 void DisplayList::append(DisplayList&& other) {
@@ -54,6 +64,8 @@ void DisplayList::append(DisplayList&& other) {
   own.reserve(other.names_.size());
   for (const std::string& name : other.names_) own.push_back(layer(name));
   other.visit([&own](auto& record) { record.layer = own[record.layer.index]; });
+  moveMeanings(lineMeanings_, lines.size(), other.lineMeanings_);
+  moveMeanings(pointMeanings_, points.size(), other.pointMeanings_);
   moveBehind(order_, other.order_);
   moveBehind(points, other.points);
   moveBehind(lines, other.lines);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "sheet/colour.hpp"
+#include "sheet/meaning.hpp"
 
 namespace dialwright {
 
@@ -96,6 +97,17 @@ class DisplayList {
   void add(const VertexRecord& record) { append(EntityKind::Vertex, vertices, record); }
   void add(TextRecord record) { texts.push_back(std::move(record)); }
 
+  // What the strokes stand for is kept beside the records, once somebody wants to know.
+  void keepMeanings(bool keep) { keepsMeanings_ = keep; }
+  bool keepsMeanings() const { return keepsMeanings_; }
+  // The meaning of the line, and of the point, that came last.
+  void meanLine(const Meaning& meaning) { mean(lineMeanings_, lines.size(), meaning); }
+  void meanPoint(const Meaning& meaning) { mean(pointMeanings_, points.size(), meaning); }
+  // The meaning of a line and of a point by its place in its list; of family None when it stands
+  // for no sun or nobody asked before it was drawn.
+  Meaning meaningOfLine(std::size_t line) const { return meaningIn(lineMeanings_, line); }
+  Meaning meaningOfPoint(std::size_t point) const { return meaningIn(pointMeanings_, point); }
+
   void clear();
   // Takes over what another list holds, behind what this one has.
   void append(DisplayList&& other);
@@ -129,6 +141,15 @@ class DisplayList {
     order_.push_back(kind);
   }
 
+  static void mean(std::vector<Meaning>& meanings, std::size_t count, const Meaning& meaning) {
+    if (count == 0) return;
+    meanings.resize(count);
+    meanings.back() = meaning;
+  }
+  static Meaning meaningIn(const std::vector<Meaning>& meanings, std::size_t place) {
+    return place < meanings.size() ? meanings[place] : Meaning{};
+  }
+
   template <class Self, class Visitor>
   static void visitIn(Self& list, Visitor& visitor) {
     std::size_t point = 0, line = 0, box = 0, circle = 0, vertex = 0;
@@ -144,6 +165,9 @@ class DisplayList {
   }
 
   std::vector<EntityKind> order_;
+  std::vector<Meaning> lineMeanings_;
+  std::vector<Meaning> pointMeanings_;
+  bool keepsMeanings_ = false;
   std::vector<std::string> names_;
   std::unordered_map<std::string, std::uint32_t> numbers_;
 };

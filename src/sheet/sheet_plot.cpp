@@ -204,6 +204,7 @@ SheetPlot SheetPlot::spare() const {
   sheet.caption_ = caption_;
   sheet.frame_ = frame_;
   sheet.scala_ = scala_;
+  sheet.list_.keepMeanings(list_.keepsMeanings());
   sheet.moveCursor(cursorX_, cursorY_);
   return sheet;
 }

@@ -156,6 +156,10 @@ class SheetPlot {
   DisplayList& list() { return list_; }
   const DisplayList& list() const { return list_; }
 
+  // Who says which strokes are true shadows; nobody by default, and all are drawn.
+  void judge(ShadowJudge* judge) { judge_ = judge; }
+  ShadowJudge* judge() const { return judge_; }
+
   // Entities beyond the limit are dropped; `full` tells that it happened.
   void limit(std::size_t entities) {
     limit_ = entities;
@@ -185,6 +189,7 @@ class SheetPlot {
   DrawTarget* screen_ = nullptr;
   DrawTarget* printer_ = nullptr;
   SheetWatcher* watcher_ = nullptr;
+  ShadowJudge* judge_ = nullptr;
   std::size_t limit_ = kUnlimited;
   bool full_ = false;
 };

@@ -46,6 +46,8 @@ class Run {
 
   double number(Field field) const { return panel.number(field); }
   bool on(Field field) const { return panel.on(field); }
+  // True when the drawing is to hold nothing but what a shadow follows.
+  bool trueShadows() const { return on(Field::ckTrue); }
   std::string T(std::string_view text) const;
 
   // A message box; the run goes on.

@@ -34,8 +34,8 @@ const Fields& commonFields() {
 }
 
 // Fields that no set-up hides.
-constexpr std::array kAlwaysShown = {txtLAT, x1txt,   y1txt,  x2txt,
-                                     y2txt,  ckFrame, ckAssi, ckSiderali};
+constexpr std::array kAlwaysShown = {txtLAT,  x1txt,  y1txt,      x2txt, y2txt,
+                                     ckFrame, ckAssi, ckSiderali, ckTrue};
 
 // Fields that come and go with another one.
 struct Companion {

@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/text.hpp"
 
@@ -153,14 +154,19 @@ QLayout* InputPanel::buildButtons() {
   return row;
 }
 
+// The keyboard goes through the fields as they stand.
 void InputPanel::chainTabs() {
-  QWidget* before = nullptr;
-  for (QWidget* widget : widgets_) {
-    if (widget->focusPolicy() == Qt::NoFocus) continue;
-    if (before != nullptr) setTabOrder(before, widget);
-    before = widget;
+  std::vector<QWidget*> chain;
+  const auto take = [&](Field field) {
+    if (field != Field::None && widgetOf(field)->focusPolicy() != Qt::NoFocus)
+      chain.push_back(widgetOf(field));
+  };
+  for (const InputSection& section : inputSections()) {
+    for (const InputRow& row : section.rows) std::ranges::for_each(row.fields, take);
   }
-  setTabOrder(before, live_);
+  std::ranges::for_each(inputButtons(), take);
+  chain.push_back(live_);
+  for (std::size_t i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
 }
 
 // --- Mirroring
@@ -170,7 +176,13 @@ void InputPanel::refresh() {
   dial_->setText(chosen == Item::None ? QString() : shown(program_.panel()[chosen].caption));
   for (std::size_t i = 0; i < kFieldCount; ++i) refresh(fieldAt(i));
   refreshOptions();
-  for (InputSectionBox* section : sections_) section->arrange(program_.panel());
+  // One line runs down between the columns of all sections.
+  int width = 0;
+  for (InputSectionBox* section : sections_) {
+    section->arrange(program_.panel());
+    width = std::max(width, section->columnWidth());
+  }
+  for (InputSectionBox* section : sections_) section->setColumnWidth(width);
 }
 
 void InputPanel::refresh(Field field) {

@@ -107,6 +107,21 @@ void InputSectionBox::arrange(const Panel& panel) {
   setVisible(any);
 }
 
+int InputSectionBox::columnWidth() const {
+  int width = 0;
+  for (int i = 0; i < grid_->count(); ++i) {
+    int row = 0, column = 0, rows = 0, columns = 0;
+    grid_->getItemPosition(i, &row, &column, &rows, &columns);
+    if (columns == 1) width = std::max(width, grid_->itemAt(i)->minimumSize().width());
+  }
+  return width;
+}
+
+void InputSectionBox::setColumnWidth(int width) {
+  grid_->setColumnMinimumWidth(0, width);
+  grid_->setColumnMinimumWidth(1, width);
+}
+
 int InputSectionBox::arrangeFlow(const Panel& panel, const Line& line, int at) {
   int column = 0;
   for (const auto& [field, widget] : line.cells) {

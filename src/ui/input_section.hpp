@@ -20,6 +20,10 @@ class InputSectionBox : public QWidget {
   // Lays out what the panel shows; a section without anything but its heading hides.
   void arrange(const Panel& panel);
 
+  // The width that each of its two columns needs, and the width that both shall have.
+  int columnWidth() const;
+  void setColumnWidth(int width);
+
  private:
   struct Line {
     const InputRow* row;

@@ -19,7 +19,7 @@ SheetPart makeSheetPart(Program& program, QWidget* parent,
                         const std::function<void(const QString&)>& message);
 
 // The catalogue with pictures; `chosen` is called with the dial that the user takes.
-QWidget* makeGallery(Program& program, QWidget* parent, const std::function<void(Item)>& chosen);
+QWidget* makeGallery(const Program& program, QWidget* parent, const std::function<void(Item)>& chosen);
 
 // The utility board, until the user closes it; `transferred` is called after it has written fields
 // of the panel.
@@ -28,6 +28,6 @@ void openBoard(Program& program, QWidget* parent, const std::function<void()>& t
 void openAbout(const Program& program, QWidget* parent);
 
 // The system's printer set-up.
-void setUpPrinter(Program& program, QWidget* parent);
+void setUpPrinter(const Program& program, QWidget* parent);
 
 }  // namespace dialwright

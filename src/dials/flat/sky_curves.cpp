@@ -12,7 +12,7 @@ namespace dialwright {
 
 namespace {
 
-constexpr Rgb kAsrGreen = rgb(0, 193, 97);
+constexpr Ink kAsrInk{.colour = rgb(0, 193, 97), .family = CurveFamily::Asr};
 constexpr Rgb kQiblaGreen = 65280;
 constexpr Rgb kTextWhite = 16777215;
 
@@ -52,14 +52,17 @@ void CurvaAsr(Run& run) {
     assign(H, p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s);
     assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
     // A level plane, whose horizon is infinitely far, has its points in any case.
-    if (s * point.y <= s * p.LimiteOrizzonte) dot(run.sheet, {s * point.x, s * point.y}, kAsrGreen);
-    if (level) dot(run.sheet, {s * point.x, s * point.y}, kAsrGreen);
+    const auto mark = [&] { dot(run.sheet, {s * point.x, s * point.y}, kAsrInk, {H, d}); };
+    if (s * point.y <= s * p.LimiteOrizzonte) mark();
+    if (level) mark();
   }
 }
 
 // --- The Qibla
 
 namespace {
+
+constexpr Ink kQiblaInk{.colour = palette(10), .family = CurveFamily::Qibla};
 
 class Qibla {
  public:
@@ -115,13 +118,14 @@ class Qibla {
     const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
     if (!(std::abs(g) <= 1)) return;
     const double H = s_ * (b_ - p_.ArcSin(g));
+    const Sun sun{H, p_.radians(degrees)};
     assign(point_, project_(std::sin(H), std::cos(H), tangent));
     if (!window_.holds(point_)) return;
     const bool sunUp = s_ * point_.y <= s_ * horizon_;
-    if (level_ || (s_ > 0 && sunUp)) dot(run_.sheet, point_, palette(10));
+    if (level_ || (s_ > 0 && sunUp)) dot(run_.sheet, point_, kQiblaInk, sun);
     if (level_) return;
-    if (s_ < 0 && sunUp) dot(run_.sheet, {-point_.x, -point_.y}, palette(10));
-    if (p_.PianoOrizzontale) dot(run_.sheet, point_, palette(10));
+    if (s_ < 0 && sunUp) dot(run_.sheet, {-point_.x, -point_.y}, kQiblaInk, sun);
+    if (p_.PianoOrizzontale) dot(run_.sheet, point_, kQiblaInk, sun);
   }
 
   void figure(std::string_view label, double value, std::string_view unit = {}) {
@@ -162,7 +166,8 @@ void LineeAzimut(Run& run) {
   const double horizon = horizonOf(p);
   const double sinLat = std::sin(p.LatRad), tanLat = std::tan(p.LatRad);
   Pen pen(run.sheet);
-  pen.dip({palette(6), run.sheet.layer("azimut")});
+  pen.dip(
+      {.colour = palette(6), .layer = run.sheet.layer("azimut"), .family = CurveFamily::Azimuths});
   SolarDays days(p, p.LatRad);
   double H = 0;
   Punto point;
@@ -173,7 +178,8 @@ void LineeAzimut(Run& run) {
       assign(H, b - p.ArcSin(day.tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), day.tangent));
       pen.visit(point,
-                drawIf(point.y <= horizon && window.holds(point) && day.degrees > -kSolstice));
+                drawIf(point.y <= horizon && window.holds(point) && day.degrees > -kSolstice),
+                {H, day.radians});
     }
   }
 }
@@ -195,7 +201,9 @@ void CurveAlmucantarat(Run& run) {
   const double highest = 90 - run.number(Field::txtLAT) + kSolstice;
   const double step = 0.005 * run.number(Field::txt_Definition);
   Pen pen(run.sheet, kSkyGap);
-  pen.dip({palette(7), run.sheet.layer("almucantarat")});
+  pen.dip({.colour = palette(7),
+           .layer = run.sheet.layer("almucantarat"),
+           .family = CurveFamily::Altitudes});
   SolarDays days(p, p.LatRad);
   double c = 0;
   Punto point;
@@ -208,7 +216,8 @@ void CurveAlmucantarat(Run& run) {
         if (!(std::abs(c) <= 1)) continue;
         const double H = side * p.ArcCos(c);
         assign(point, project(std::sin(H), std::cos(H), day.tangent));
-        pen.visit(point, TracciaCurva(window, horizon, point, day.degrees > -kSolstice));
+        pen.visit(point, TracciaCurva(window, horizon, point, day.degrees > -kSolstice),
+                  {H, day.radians});
       }
     }
   }

@@ -48,15 +48,16 @@ struct SunHours {
   double first, last;
   double step;  // of the declination, degrees
   const char* layer;
+  CurveFamily family;
   double (*hourAngle)(double n, double H0, double PiGreco);
   bool inDaylight;  // left out where the sun is below the horizon
 };
 constexpr std::array<SunHours, 3> kSunHours = {{
-    {Field::ck_Italiche, 4, 22, 0.2, "Ita",
+    {Field::ck_Italiche, 4, 22, 0.2, "Ita", CurveFamily::Italic,
      [](double n, double H0, double pi) { return n * pi / 12 + H0 - 2 * pi + pi / 12; }, true},
-    {Field::ck_babiloniche, 0, 12, 0.2, "Bab",
+    {Field::ck_babiloniche, 0, 12, 0.2, "Bab", CurveFamily::Babylonian,
      [](double n, double H0, double pi) { return n * pi / 12 - H0 + pi / 12; }, true},
-    {Field::ckTemp, 0, 12, 0.5, "Temp",
+    {Field::ckTemp, 0, 12, 0.5, "Temp", CurveFamily::Temporary,
      [](double n, double H0, double) { return H0 * (n / 6 - 1); }, false},
 }};
 
@@ -72,8 +73,8 @@ class Drawing : PanelDrawing {
     return p_.radians(t - p_.degrees(p_.CorrFuso) * p_.UsaLongitudine);
   }
 
-  void trace(Pen& pen, Punto point, bool pastStart) const {
-    pen.visit(point, TracciaCurva(window_, p_.LimiteOrizzonte, point, pastStart));
+  void trace(Pen& pen, Punto point, bool pastStart, const Sun& sun) const {
+    pen.visit(point, TracciaCurva(window_, p_.LimiteOrizzonte, point, pastStart), sun);
   }
 
   void ImpostaUniversale();
@@ -145,11 +146,12 @@ void Drawing::OreUniversale() {
   SolarDays days(p_, p_.LatRad);
   Punto point;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    pen.dip({palette(hourInk(t)), layer});
-    const Projection::Hour shadow = project.atHour(hourAngle(t));
+    pen.dip({.colour = palette(hourInk(t)), .layer = layer, .family = CurveFamily::Hours});
+    const double H = hourAngle(t);
+    const Projection::Hour shadow = project.atHour(H);
     for (const SolarDay& day : days.of(run_.sweep(-kSolstice, kSolstice, 0.05))) {
       assign(point, shadow(day.tangent));
-      trace(pen, point, day.degrees > -kSolstice);
+      trace(pen, point, day.degrees > -kSolstice, {H, day.radians});
     }
   }
 }
@@ -175,7 +177,7 @@ void Drawing::NumeriUniversale() {
 void Drawing::sunHours(const SunHours& hours) {
   const Projection project(planeOf(p_));
   Pen pen(sheet_, kSkyGap);
-  pen.dip({palette(12), sheet_.layer(hours.layer)});
+  pen.dip({.colour = palette(12), .layer = sheet_.layer(hours.layer), .family = hours.family});
   SolarDays days(p_, p_.LatRad);
   Punto point;
   for (const double n : run_.sweep(hours.first, hours.last, 1)) {
@@ -184,7 +186,7 @@ void Drawing::sunHours(const SunHours& hours) {
       const double H = hours.hourAngle(n, H0, p_.PiGreco);
       if (hours.inDaylight && std::abs(H) > H0) continue;
       assign(point, project(std::sin(H), std::cos(H), day.tangent));
-      trace(pen, point, day.degrees > -kSolstice);
+      trace(pen, point, day.degrees > -kSolstice, {H, day.radians});
     }
   }
 }
@@ -193,27 +195,30 @@ void Drawing::sunHours(const SunHours& hours) {
 
 void Drawing::dayCurve(Pen& pen, double declination, double step) {
   const Projection project(planeOf(p_));
-  const double tangent = std::tan(p_.radians(declination));
+  const double day = p_.radians(declination);
+  const double tangent = std::tan(day);
   Punto point;
   const Sweep hours = run_.sweep(-kDayReach, kDayReach, step);
   for (const double t : hours) {
     const double H = p_.radians(t);
     assign(point, project(std::sin(H), std::cos(H), tangent));
-    trace(pen, point, t > hours.first());
+    trace(pen, point, t > hours.first(), {H, day});
   }
 }
 
 void Drawing::CurveDeclinazione() {
   Pen pen(sheet_, kSkyGap);
   for (const DayCurve& curve : kDayCurves) {
-    pen.dip({palette(curve.colour), sheet_.layer(curve.layer)});
+    pen.dip({.colour = palette(curve.colour),
+             .layer = sheet_.layer(curve.layer),
+             .family = CurveFamily::Declinations});
     dayCurve(pen, curve.declination, 0.1);
   }
 }
 
 void Drawing::LineaEquinoziale() {
   Pen pen(sheet_, kSkyGap);
-  pen.dip({palette(12), sheet_.layer("0°")});
+  pen.dip({.colour = palette(12), .layer = sheet_.layer("0°"), .family = CurveFamily::Equinoctial});
   dayCurve(pen, 0, 0.1);
 }
 
@@ -225,9 +230,12 @@ void Drawing::LineaDeclinazione() {
   assign(declination, number(Field::txtLineofdeclination));
   const Projection project(planeOf(p_));
   const EquinoctialLine equinoctial(p_, StylePlane(p_));
-  const double tangent = std::tan(p_.radians(declination));
+  const double day = p_.radians(declination);
+  const double tangent = std::tan(day);
   Pen pen(sheet_, kSkyGap);
-  pen.dip({kOrange, sheet_.layer(textOf(declination))});
+  pen.dip({.colour = kOrange,
+           .layer = sheet_.layer(textOf(declination)),
+           .family = CurveFamily::Declinations});
   Punto point;
   const Sweep hours = run_.sweep(-kDayReach, kDayReach, 0.05);
   for (const double t : hours) {
@@ -235,7 +243,7 @@ void Drawing::LineaDeclinazione() {
     assign(point, project(std::sin(H), std::cos(H), tangent));
     const double above = equinoctial.above(point);
     const bool ownSide = declination >= 0 ? above < 0 : above > 0;
-    trace(pen, point, ownSide && t > hours.first());
+    trace(pen, point, ownSide && t > hours.first(), {H, day});
   }
 }
 
@@ -251,16 +259,17 @@ void Drawing::analemma(bool southern) {
     assign(p_.LonOrario, p_.radians(15 * number(Field::TxtFuso) - number(Field::txtLON)));
   const double base = southern ? p_.LonOrario : -p_.CorrFuso;
   Pen pen(sheet_, southern ? 0.015 : 0.05);
-  pen.dip({palette(15), sheet_.layer("analemma")});
+  pen.dip(
+      {.colour = palette(15), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma});
   Punto point;
   const Sweep days = run_.sweep(kFirstDay, southern ? 280 : 360, 360 / kDaysOfYear);
   for (const double L : days) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     const double H = base + sun.equationOfTime;
-    const double tangent = std::tan(southern ? -sun.declination : sun.declination);
-    assign(point, project(std::sin(H), std::cos(H), tangent));
+    const double day = southern ? -sun.declination : sun.declination;
+    assign(point, project(std::sin(H), std::cos(H), std::tan(day)));
     if (southern && !window_.holdsX(point.x)) continue;
-    trace(pen, point, L > days.first());
+    trace(pen, point, L > days.first(), {H, day});
   }
   if (southern && on(Field::ckZodiaco)) DisegnaSegniZodiaco(run_);
 }

@@ -1,0 +1,34 @@
+// The table of the scenes.
+#include "proof/scenes.hpp"
+
+#include "proof/scenes/builders.hpp"
+
+namespace dialwright::proof {
+
+namespace {
+
+struct SceneRow {
+  Item dial;
+  SceneMaker make;
+};
+
+constexpr SceneRow kScenes[] = {
+    {Item::mnuUni, universalDial},
+};
+
+}  // namespace
+
+std::optional<Scene> sceneOf(const Panel& panel) {
+  const Item dial = panel.chosen();
+  for (const SceneRow& row : kScenes) {
+    if (row.dial == dial) return row.make(panel);
+  }
+  return std::nullopt;
+}
+
+double numberIn(const Panel& panel, Field field) {
+  const double value = panel.number(field);
+  return std::isfinite(value) ? value : 0;
+}
+
+}  // namespace dialwright::proof

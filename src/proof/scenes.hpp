@@ -1,0 +1,18 @@
+// The scene of each dial: how the proof sees a panel.
+#pragma once
+
+#include <optional>
+
+#include "proof/scene.hpp"
+#include "shell/panel.hpp"
+
+namespace dialwright::proof {
+
+// The scene of the chosen dial as its fields have it; nothing for a dial without a shadow, or with
+// fields that make none.
+std::optional<Scene> sceneOf(const Panel& panel);
+
+// The number of a field, 0 when it is too large.
+double numberIn(const Panel& panel, Field field);
+
+}  // namespace dialwright::proof

@@ -1,0 +1,12 @@
+// The makers of the scenes, one a kind of dial.
+#pragma once
+
+#include "proof/scenes.hpp"
+
+namespace dialwright::proof {
+
+using SceneMaker = std::optional<Scene> (*)(const Panel&);
+
+std::optional<Scene> universalDial(const Panel& panel);
+
+}  // namespace dialwright::proof
