@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -86,7 +87,11 @@ QWidget* InputPanel::makeText(Field field) {
 
 QWidget* InputPanel::makeOption(Field field) {
   const OptionGroup group = rowOf(field).group;
-  if (group == OptionGroup::Point) return makeButton(field);
+  if (group == OptionGroup::Point) {  // "P" needs less room than a button likes to take
+    QWidget* button = makeButton(field);
+    button->setMaximumWidth(kFieldWidth);
+    return button;
+  }
   auto* option = new QRadioButton(this);
   QButtonGroup*& buttons = groups_[group];
   if (buttons == nullptr) buttons = new QButtonGroup(this);
@@ -111,12 +116,12 @@ QWidget* InputPanel::makeCombo(Field field) {
 }
 
 void InputPanel::build() {
-  auto* column = new QWidget;
-  auto* rows = new QVBoxLayout(column);
+  column_ = new QWidget(this);
+  auto* rows = new QVBoxLayout(column_);
   rows->setSpacing(12);
   for (const InputSection& section : inputSections()) {
     sections_.push_back(new InputSectionBox(
-        section, [this](Field field) { return widgetOf(field); }, column));
+        section, [this](Field field) { return widgetOf(field); }, column_));
     rows->addWidget(sections_.back());
   }
   rows->addStretch();
@@ -125,12 +130,12 @@ void InputPanel::build() {
     if (label != Field::None) static_cast<QLabel*>(widgetOf(label))->setBuddy(widgets_[i]);
   }
 
-  auto* scroll = new QScrollArea(this);
-  scroll->setWidget(column);
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll_ = new QScrollArea(this);
+  scroll_->setWidget(column_);
+  scroll_->setWidgetResizable(true);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll_->setFocusPolicy(Qt::NoFocus);
 
   dial_->setWordWrap(true);
   dial_->setTextFormat(Qt::PlainText);
@@ -138,7 +143,7 @@ void InputPanel::build() {
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, 0);
   all->addWidget(dial_);
-  all->addWidget(scroll, 1);
+  all->addWidget(scroll_, 1);
   all->addLayout(buildButtons());
 }
 
@@ -187,6 +192,11 @@ void InputPanel::refresh() {
     width = std::max(width, section->columnWidth());
   }
   for (InputSectionBox* section : sections_) section->setColumnWidth(width);
+  // Nothing is cut at the side; a dial that needs less room leaves the panel as wide as it was.
+  column_->layout()->activate();
+  const int whole =
+      column_->minimumSizeHint().width() + scroll_->verticalScrollBar()->sizeHint().width();
+  scroll_->setMinimumWidth(std::max(scroll_->minimumWidth(), whole));
 }
 
 void InputPanel::refresh(Field field) {

@@ -56,6 +56,8 @@ class InputPanel : public QWidget {
   std::array<QWidget*, kFieldCount> widgets_{};
   std::vector<InputSectionBox*> sections_;
   std::map<OptionGroup, QButtonGroup*> groups_;
+  QWidget* column_ = nullptr;
+  QScrollArea* scroll_ = nullptr;
   QLabel* dial_;
   QCheckBox* live_;
 };

@@ -68,15 +68,16 @@ void MainWindow::layOut() {
   statusBar()->addPermanentWidget(progress_);
   progress_->hide();
   resize(1280, 720);
+  split_->setSizes({panel_->minimumSizeHint().width(), width()});
   restoreGeometry(settings_.geometry());
   split_->restoreState(settings_.split());
 }
 
 void MainWindow::addEditMenu() {
   auto* edit = new QMenu(menuBar());
-  QAction* undo = history_->createUndoAction(this, T("Undo"));
+  QAction* undo = history_->createUndoAction(this, '&' + T("Undo"));
   undo->setShortcut(QKeySequence::Undo);
-  QAction* redo = history_->createRedoAction(this, T("Redo"));
+  QAction* redo = history_->createRedoAction(this, '&' + T("Redo"));
   redo->setShortcuts({QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")});
   edit->addActions({undo, redo});
   edit->addSeparator();
@@ -88,7 +89,9 @@ void MainWindow::addEditMenu() {
   connect(live, &QAction::toggled, panel_->live(), &QCheckBox::setChecked);
   connect(panel_->live(), &QCheckBox::toggled, live, &QAction::setChecked);
   edit->setTitle(T("Edit"));
+  giveMnemonics(*edit);
   menuBar()->insertMenu(menus_->actionOf(Item::M_Quadranti), edit);
+  giveMnemonics(*menuBar());
 }
 
 void MainWindow::addFileItems() {
@@ -105,13 +108,16 @@ void MainWindow::addFileItems() {
   pages->setShortcut(QKeySequence::Print);
   connect(pages, &QAction::triggered, this, [this] { sheet_.previewPages(); });
   file->insertActions(menus_->actionOf(Item::mnuSep2), {exporting, pages});
+  giveMnemonics(*file);
 }
 
 void MainWindow::offer(Appearance& appearance) {
   appearance.choose(Appearance::choiceOf(settings_.appearance()));
   auto* menu = new QMenu(T("Colours"), this);
   appearance.fillMenu(*menu, program_);
+  giveMnemonics(*menu);
   menus_->menu(Item::mnuTools)->addMenu(menu);
+  giveMnemonics(*menus_->menu(Item::mnuTools));
   connect(&appearance, &Appearance::chosen, this, [this](Appearance::Choice choice) {
     settings_.keepAppearance(Appearance::nameOf(choice));
   });
@@ -120,10 +126,10 @@ void MainWindow::offer(Appearance& appearance) {
 void MainWindow::connectInputs() {
   connect(panel_, &InputPanel::typed, this, [this](Field field, const QString& text) {
     change(
-        T("Input"), [&] { program_.type(field, text.toStdString()); }, field);
+        nameOf(field), [&] { program_.type(field, text.toStdString()); }, field);
   });
   connect(panel_, &InputPanel::clicked, this, [this](Field field, bool state) {
-    change(T("Input"), [&] { program_.click(field, state); });
+    change(nameOf(field), [&] { program_.click(field, state); });
     if (field == Field::ckFrame) sheet_.refresh();
   });
   connect(panel_, &InputPanel::pressed, this, &MainWindow::press);

@@ -64,6 +64,8 @@ class MainWindow : public QMainWindow {
   void refresh();
   void refreshTitle();
   QString T(std::string_view text) const;
+  // What the user calls a field.
+  QString nameOf(Field field) const { return panel_->widgetOf(field)->accessibleName(); }
 
   Program& program_;
   Settings settings_;

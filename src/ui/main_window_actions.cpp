@@ -65,7 +65,7 @@ void MainWindow::press(Field button) {
     return;
   }
   runner_->draw([this, button] {
-    history_->make(T("Input"), [&] { program_.press(rowOf(button).name); });
+    history_->make(nameOf(button), [&] { program_.press(rowOf(button).name); });
     refresh();
   });
 }

@@ -1,6 +1,7 @@
 // Menus, their keys and their shortcuts.
 #include "ui/menus.hpp"
 
+#include <QRegularExpression>
 #include <QSet>
 
 #include "ui/text.hpp"
@@ -56,6 +57,14 @@ QStringList withMnemonics(const QStringList& texts) {
   return marked;
 }
 
+void giveMnemonics(QWidget& menu) {
+  static const QRegularExpression kMark("&(.)");
+  QStringList texts;
+  for (const QAction* action : menu.actions()) texts << action->text().replace(kMark, "\\1");
+  texts = withMnemonics(texts);
+  for (qsizetype i = 0; i < texts.size(); ++i) menu.actions()[i]->setText(texts[i]);
+}
+
 Menus::Menus(const Program& program, QMenuBar& bar) : QObject(&bar), program_(program) {
   fill(Item::None, bar);
   for (const ShortcutRow& row : kShortcuts) actionOf(row.item)->setShortcut(QKeySequence(row.keys));
@@ -63,28 +72,21 @@ Menus::Menus(const Program& program, QMenuBar& bar) : QObject(&bar), program_(pr
 }
 
 void Menus::fill(Item parent, QWidget& place) {
-  std::vector<Item> items;
-  QStringList texts;
   for (std::size_t i = 0; i < kItemCount; ++i) {
     if (rowOf(itemAt(i)).parent != parent) continue;
-    items.push_back(itemAt(i));
-    const bool separator = rowOf(itemAt(i)).separator;
-    texts << (separator ? QString() : shown(program_.panel()[itemAt(i)].caption));
+    actions_[i] = make(itemAt(i), &place);
+    place.addAction(actions_[i]);
   }
-  texts = withMnemonics(texts);
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    QAction* action = make(items[i], texts[static_cast<qsizetype>(i)], &place);
-    place.addAction(action);
-    actions_[static_cast<std::size_t>(items[i])] = action;
-  }
+  giveMnemonics(place);
 }
 
-QAction* Menus::make(Item item, const QString& text, QWidget* parent) {
+QAction* Menus::make(Item item, QWidget* parent) {
   if (rowOf(item).separator) {
     auto* separator = new QAction(parent);
     separator->setSeparator(true);
     return separator;
   }
+  const QString text = shown(program_.panel()[item].caption).replace('&', "&&");
   if (hasItems(item)) {
     auto* menu = new QMenu(text, parent);
     fill(item, *menu);

@@ -13,6 +13,8 @@ namespace dialwright {
 
 // The texts with a key for each: the first letter or digit of a word that no text before has taken.
 QStringList withMnemonics(const QStringList& texts);
+// Gives each item of a menu such a key.
+void giveMnemonics(QWidget& menu);
 
 class Menus : public QObject {
   Q_OBJECT
@@ -30,7 +32,7 @@ class Menus : public QObject {
   void chosen(Item item);
 
  private:
-  QAction* make(Item item, const QString& text, QWidget* parent);
+  QAction* make(Item item, QWidget* parent);
   void fill(Item parent, QWidget& place);
 
   const Program& program_;
