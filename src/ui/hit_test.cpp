@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 
+#include "app/moment.hpp"
 #include "app/program.hpp"
 #include "ui/text.hpp"
 
@@ -22,11 +24,6 @@ double distance(double x, double y, double x1, double y1, double x2, double y2) 
   const double t = square > 0 ? std::clamp(((x - x1) * dx + (y - y1) * dy) / square, 0.0, 1.0) : 0;
   return std::hypot(x - x1 - t * dx, y - y1 - t * dy);
 }
-
-struct Colour {
-  Rgb value;
-  std::string_view name;
-};
 
 QString nameOf(const Program& program, Rgb colour) {
   const std::array names = {
@@ -46,7 +43,7 @@ QString nameOf(const Program& program, Rgb colour) {
 
 struct LayerAndColour {
   LayerId layer;
-  Rgb colour;
+  Rgb colour = kWhite;
 };
 
 LayerAndColour lookOf(const DisplayList& list, const Hit& hit) {
@@ -168,14 +165,14 @@ void HitGrid::visitCells(const Stroke& s, Visitor&& visitor) const {
     }
     const Cells across = columns(from, to);
     for (int column = across.first; column <= across.last; ++column) {
-      visitor(static_cast<std::size_t>(row * columnCount_ + column));
+      visitor(cellOf(column, row));
     }
   }
 }
 
 // Counts, then fills: two walks and no allocation a cell.
 void HitGrid::sort() {
-  starts_.assign(static_cast<std::size_t>(columnCount_ * rowCount_) + 1, 0);
+  starts_.assign(cellOf(0, rowCount_) + 1, 0);
   for (const Stroke& stroke : strokes_) {
     visitCells(stroke, [this](std::size_t cell) { ++starts_[cell + 1]; });
   }
@@ -196,7 +193,7 @@ std::optional<Hit> HitGrid::at(double x, double y, double reach) const {
   double nearest = reach;
   for (int row = down.first; row <= down.last; ++row) {
     for (int column = across.first; column <= across.last; ++column) {
-      const auto cell = static_cast<std::size_t>(row * columnCount_ + column);
+      const auto cell = cellOf(column, row);
       for (std::uint32_t i = starts_[cell]; i < starts_[cell + 1]; ++i) {
         const Stroke& s = strokes_[held_[i]];
         const double away = distance(x, y, s.x1, s.y1, s.x2, s.y2);
@@ -212,10 +209,65 @@ std::optional<Hit> HitGrid::at(double x, double y, double reach) const {
   return strokes_[*found].hit;
 }
 
+namespace {
+
+// The name of a family of curves; empty for what no shadow follows.
+std::string nameOf(const Program& program, CurveFamily family) {
+  switch (family) {
+    case CurveFamily::None: return {};
+    case CurveFamily::Hours: return program.T("hour line");
+    case CurveFamily::Declinations: return program.T("declination curve");
+    case CurveFamily::Equinoctial: return program.T("equinoctial line");
+    case CurveFamily::Analemma: return program.T("analemma");
+    case CurveFamily::Italic: return program.T("italic hour line");
+    case CurveFamily::Babylonian: return program.T("babylonian hour line");
+    case CurveFamily::Temporary: return program.T("temporary hour line");
+    case CurveFamily::Altitudes: return program.T("altitude curve");
+    case CurveFamily::Azimuths: return program.T("azimuth line");
+    case CurveFamily::Asr: return program.T("Asr line");
+    case CurveFamily::Qibla: return program.T("Qibla line");
+    case CurveFamily::Marks: return program.T("marked sun");
+  }
+  return {};
+}
+
+Meaning meaningOf(const DisplayList& list, const Hit& hit) {
+  if (hit.kind == EntityKind::Line) return list.meaningOfLine(hit.record);
+  if (hit.kind == EntityKind::Point) return list.meaningOfPoint(hit.record);
+  return {};
+}
+
+// "10:30", to the minute.
+QString clock(double hours) {
+  const int minutes = static_cast<int>(std::lround(hours * 60)) % (24 * 60);
+  return QString("%1:%2").arg(minutes / 60).arg(minutes % 60, 2, 10, QChar('0'));
+}
+
+// Family, hour and declination, as far as they are known; the sun is that of the stroke's middle.
+QString meaningText(const Program& program, const Meaning& meaning) {
+  const std::string family = nameOf(program, meaning.family);
+  if (family.empty()) return {};
+  const Sun sun{(meaning.first.hourAngle + meaning.second.hourAngle) / 2,
+                (meaning.first.declination + meaning.second.declination) / 2};
+  QString text = shown(family);
+  if (!std::isnan(sun.hourAngle)) {
+    text += ", " + shown(program.T("at ")) + clock(hourTold(program.panel(), sun));
+  }
+  if (!std::isnan(sun.declination)) {
+    const double degrees = sun.declination * 180 / std::numbers::pi;
+    text += ", " + shown(program.T("sun's declination ")) + QString::number(degrees, 'f', 2) + "°";
+  }
+  return text;
+}
+
+}  // namespace
+
 QString describe(const Program& program, const DisplayList& list, const Hit& hit) {
   const LayerAndColour look = lookOf(list, hit);
-  return shown(program.T("layer ")) + shown(list.name(look.layer)) + ", " +
-         nameOf(program, look.colour);
+  const QString drawn = shown(program.T("layer ")) + shown(list.name(look.layer)) + ", " +
+                        nameOf(program, look.colour);
+  const QString meant = meaningText(program, meaningOf(list, hit));
+  return meant.isEmpty() ? drawn : meant + "   " + drawn;
 }
 
 }  // namespace dialwright

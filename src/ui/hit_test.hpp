@@ -42,6 +42,10 @@ class HitGrid {
   void add(const SheetFrame& frame, Segment piece, const Hit& hit);
   void addCircle(const SheetFrame& frame, const CircleRecord& circle, const Hit& hit);
   void sort();
+  std::size_t cellOf(int column, int row) const {
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columnCount_) +
+           static_cast<std::size_t>(column);
+  }
   Cells columns(double a, double b) const;
   Cells rows(double a, double b) const;
   template <class Visitor>

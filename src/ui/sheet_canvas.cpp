@@ -52,6 +52,7 @@ void SheetCanvas::renew() {
   auto copy = std::make_shared<SheetPlot>(program_.sheet());
   copy->attach(nullptr);
   copy->watch(nullptr);
+  copy->judge(nullptr);
   sheet_ = std::move(copy);
   grid_.reset();
   if (size() != before) grew();
@@ -211,11 +212,17 @@ void SheetCanvas::take(const Shot& shot) {
 
 void SheetCanvas::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
-  painter.fillRect(viewport()->rect(), palette().mid());
-  const Rgb ground = sheet_->BackColor;
-  painter.fillRect(QRectF(toPixel({0, 0}), size() * zoom_),
-                   QColor(redOf(ground), greenOf(ground), blueOf(ground)));
-  if (!sharp()) draw(painter, overview_);
+  const QRect sheet(corner(),
+                    QSize(pixelsOf(size().width() * zoom_), pixelsOf(size().height() * zoom_)));
+  for (const QRect& beside : QRegion(viewport()->rect()) - sheet) {
+    painter.fillRect(beside, palette().mid());
+  }
+  if (!sharp()) {
+    const Rgb ground = sheet_->BackColor;
+    painter.fillRect(sheet & viewport()->rect(),
+                     QColor(redOf(ground), greenOf(ground), blueOf(ground)));
+    draw(painter, overview_);
+  }
   draw(painter, sharp_);
   drawCross(painter);
 }

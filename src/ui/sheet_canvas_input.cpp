@@ -21,7 +21,7 @@ constexpr double kReach = 4;         // pixels from the cursor to a stroke
 constexpr int kLargeCrossStep = 10;  // pixels, with Shift
 
 struct Arrow {
-  int key;
+  int key = 0;
   QPoint way;
 };
 const std::array kArrows = {Arrow{Qt::Key_Left, {-1, 0}}, Arrow{Qt::Key_Right, {1, 0}},

@@ -73,6 +73,7 @@ void SheetWidget::viewChanged() {
 
 void SheetWidget::refresh() {
   awaited_ = false;
+  program_.sheet().list().keepMeanings(true);  // for what lies under the cursor
   bar_->refresh();
   bar_->showScale(canvas_->scale());
   p_mess_->setText(shown(program_.sheet().caption()));

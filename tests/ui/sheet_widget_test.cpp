@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -249,6 +250,28 @@ TEST_F(SheetWidgetTest, FindsTheStrokeUnderTheCursor) {
   EXPECT_EQ(under({1, 1}), "") << "beside the sheet";
   press("cmdInvX");
   EXPECT_TRUE(under(pixel(0.2, -0.2)).endsWith("layer 0, red"));
+}
+
+TEST_F(SheetWidgetTest, TellsWhatTheStrokeUnderTheCursorStandsFor) {
+  program.click(Item::mnuUni);
+  program.CmdRun_Click();
+  widget.refresh();
+  settle();
+  const DisplayList& list = program.sheet().list();
+  const auto told = [&](CurveFamily family) {
+    for (std::size_t i = 0; i < list.lines.size(); ++i) {
+      const Meaning meaning = list.meaningOfLine(i);
+      if (meaning.family != family || std::isnan(meaning.first.hourAngle)) continue;
+      return describe(program, list, {EntityKind::Line, i});
+    }
+    return QString();
+  };
+  const QString hours = told(CurveFamily::Hours);
+  EXPECT_TRUE(QRegularExpression("^hour line, at \\d+:[03]0.*layer ").match(hours).hasMatch())
+      << hours.toStdString();
+  const QString declination = told(CurveFamily::Declinations);
+  EXPECT_TRUE(declination.startsWith("declination curve, at ")) << declination.toStdString();
+  EXPECT_TRUE(declination.contains(", sun's declination ")) << declination.toStdString();
 }
 
 TEST_F(SheetWidgetTest, SpeaksTheProgramsLanguageWithoutACutText) {
