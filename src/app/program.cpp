@@ -195,9 +195,7 @@ void Program::click(Field field, bool state) {
   panel_.setState(Field::Option_P, false);  // it works as a push button
 }
 
-RunResult Program::CmdRun_Click() {
-  return runOf(panel_, params_, sheet_, portsOfRun());
-}
+RunResult Program::CmdRun_Click() { return runOf(panel_, params_, sheet_, portsOfRun()); }
 
 SpareRun Program::prepareRun(bool anew) const {
   SpareRun run{inputs(), anew, panel_, params_, sheet_.spare()};
@@ -212,8 +210,7 @@ SpareRun Program::prepareRun(bool anew) const {
 }
 
 void Program::make(SpareRun& spare, Ports ofRun) const {
-  spare.result =
-      runOf(spare.panel, spare.params, spare.sheet, translated(std::move(ofRun)));
+  spare.result = runOf(spare.panel, spare.params, spare.sheet, translated(std::move(ofRun)));
 }
 
 void Program::adopt(SpareRun&& run) {

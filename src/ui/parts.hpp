@@ -19,7 +19,8 @@ SheetPart makeSheetPart(Program& program, QWidget* parent,
                         const std::function<void(const QString&)>& message);
 
 // The catalogue with pictures; `chosen` is called with the dial that the user takes.
-QWidget* makeGallery(const Program& program, QWidget* parent, const std::function<void(Item)>& chosen);
+QWidget* makeGallery(const Program& program, QWidget* parent,
+                     const std::function<void(Item)>& chosen);
 
 // The utility board, until the user closes it; `transferred` is called after it has written fields
 // of the panel.

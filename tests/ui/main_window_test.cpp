@@ -110,11 +110,10 @@ TEST_F(MainWindowTest, DrawsWhatAPlainProgramDraws) {
     Field field;
     const char* text;
   };
-  for (const Case& each : {Case{Item::M_Light, Field::txtDecl, "20.5"},
-                           Case{Item::mnuVertSph, Field::txtLAT, "44.1"},
-                           Case{Item::mnuBall, Field::txtLON, "-9"},
-                           Case{Item::mnuCorncil, Field::TxtRadius, "0.4"},
-                           Case{Item::mnuConoAntico, Field::txtSemi, "25"}}) {
+  for (const Case& each :
+       {Case{Item::M_Light, Field::txtDecl, "20.5"}, Case{Item::mnuVertSph, Field::txtLAT, "44.1"},
+        Case{Item::mnuBall, Field::txtLON, "-9"}, Case{Item::mnuCorncil, Field::TxtRadius, "0.4"},
+        Case{Item::mnuConoAntico, Field::txtSemi, "25"}}) {
     const Folder folder;
     Program plain({folder.path(), DIALWRIGHT_DATA_DIR, "en"});
     plain.click(each.item);
