@@ -7,12 +7,14 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+#include <chrono>
 
 #include "ui/appearance.hpp"
 #include "ui/az_instructions.hpp"
 #include "ui/board_window.hpp"
 #include "ui/gallery.hpp"
 #include "ui/main_window.hpp"
+#include "ui/sheet_canvas.hpp"
 #include "ui/sheet_widget.hpp"
 
 namespace dialwright {
@@ -20,8 +22,13 @@ namespace dialwright {
 namespace {
 
 constexpr QSize kWindow{1280, 720};
-constexpr int kMoment = 700;  // milliseconds in which whatever goes on changes a window
+constexpr double kCloser = 1.6;  // than the whole sheet
+constexpr int kMoment = 700;     // milliseconds in which whatever goes on changes a window
 constexpr int kMostMoments = 30;
+
+// A moment of its own, so that the picture is the same each time.
+using namespace std::chrono_literals;
+constexpr std::chrono::sys_seconds kMidsummer = std::chrono::sys_days{2026y / 6 / 21} + 9h + 30min;
 
 void wait(int milliseconds) {
   QEventLoop loop;
@@ -64,7 +71,9 @@ void show(MainWindow& window, Item dial, std::initializer_list<Field> boxes) {
       box->click();
   }
   while (window.runner().busy()) wait(kMoment / 10);
-  window.findChild<SheetWidget*>()->showFit();
+  auto* sheet = window.findChild<SheetWidget*>();
+  sheet->showFit();
+  sheet->canvas().zoomBy(kCloser);
 }
 
 }  // namespace
@@ -92,6 +101,8 @@ bool takeScreenshots(MainWindow& window, Program& program, Appearance& appearanc
   appearance.choose(Appearance::Choice::Light);
 
   BoardWindow board(program, &window);
+  board.board().setMoment(kMidsummer);
+  board.refresh();
   board.show();
   board.findChild<QPushButton*>("cmdCalcola")->click();
   camera.take(board, "board");
