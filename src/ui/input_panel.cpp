@@ -27,8 +27,13 @@ QString captionOf(const Control& control) {
   return shown(control.caption).trimmed().replace('&', "&&");
 }
 
+// The list of countries is no text, yet it has a label.
+Field labelOf(Field field) {
+  return field == Field::cmbStati ? Field::LabelCombo : rowOf(field).label;
+}
+
 QString tipOf(const Panel& panel, Field field) {
-  const Field label = rowOf(field).label;
+  const Field label = labelOf(field);
   const bool own = !panel[field].tip.empty() || label == Field::None;
   return shown(panel[own ? field : label].tip);
 }
@@ -115,10 +120,9 @@ void InputPanel::build() {
     rows->addWidget(sections_.back());
   }
   rows->addStretch();
-  for (const FieldRow& row : fieldTable()) {
-    if (row.kind != FieldKind::Text && row.kind != FieldKind::Combo) continue;
-    if (row.label == Field::None) continue;
-    static_cast<QLabel*>(widgetOf(row.label))->setBuddy(widgetOf(*findField(row.name)));
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    const Field label = labelOf(fieldAt(i));
+    if (label != Field::None) static_cast<QLabel*>(widgetOf(label))->setBuddy(widgets_[i]);
   }
 
   auto* scroll = new QScrollArea(this);
@@ -207,9 +211,9 @@ void InputPanel::refresh(Field field) {
 
 // What a screen reader says: the label, or the caption; where there is none, the tip.
 void InputPanel::name(Field field) {
-  const FieldRow& row = rowOf(field);
+  const Field label = labelOf(field);
   const Panel& panel = program_.panel();
-  QString text = shown(panel[row.label == Field::None ? field : row.label].caption).trimmed();
+  QString text = shown(panel[label == Field::None ? field : label].caption).trimmed();
   if (text.isEmpty()) text = tipOf(panel, field);
   widgetOf(field)->setAccessibleName(text);
 }

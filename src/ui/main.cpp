@@ -6,7 +6,9 @@
 #include <QTranslator>
 
 #include "app/folders.hpp"
+#include "ui/icon.hpp"
 #include "ui/main_window.hpp"
+#include "ui/splash.hpp"
 
 namespace {
 
@@ -56,8 +58,12 @@ int main(int argc, char** argv) {
   Program program(arguments.config);
   QTranslator words;
   speak(application, words, program);
+  QApplication::setWindowIcon(dialwright::applicationIcon());
+  dialwright::Appearance appearance;
   dialwright::MainWindow window(program);
+  window.offer(appearance);
   window.show();
+  dialwright::Splash::show(program);
   QTimer::singleShot(0, &window, [&] { window.begin(arguments.file); });
   return QApplication::exec();
 }

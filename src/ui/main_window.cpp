@@ -51,7 +51,7 @@ void MainWindow::fillPorts() {
 void MainWindow::layOut() {
   under_ = new QLabel(this);
   sheet_ = makeSheetPart(
-      program_, this, [this](const QString& text) { under_->setText(text); },
+      program_, settings_, this, [this](const QString& text) { under_->setText(text); },
       [this](const QString& text) { dialogs_.message(text); });
   tabs_ = new QTabWidget(this);
   tabs_->setDocumentMode(true);
@@ -98,6 +98,23 @@ void MainWindow::addFileItems() {
   save->setShortcut(QKeySequence::Save);
   connect(save, &QAction::triggered, projects_, &Projects::save);
   file->insertAction(menus_->actionOf(Item::MnuSalva), save);
+  auto* exporting = new QAction(T("Export..."), this);
+  exporting->setShortcut(QKeySequence("Ctrl+E"));
+  connect(exporting, &QAction::triggered, this, [this] { sheet_.exportAs(); });
+  auto* pages = new QAction(T("A4 pages..."), this);
+  pages->setShortcut(QKeySequence::Print);
+  connect(pages, &QAction::triggered, this, [this] { sheet_.previewPages(); });
+  file->insertActions(menus_->actionOf(Item::mnuSep2), {exporting, pages});
+}
+
+void MainWindow::offer(Appearance& appearance) {
+  appearance.choose(Appearance::choiceOf(settings_.appearance()));
+  auto* menu = new QMenu(T("Colours"), this);
+  appearance.fillMenu(*menu, program_);
+  menus_->menu(Item::mnuTools)->addMenu(menu);
+  connect(&appearance, &Appearance::chosen, this, [this](Appearance::Choice choice) {
+    settings_.keepAppearance(Appearance::nameOf(choice));
+  });
 }
 
 void MainWindow::connectInputs() {

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "app/program.hpp"
+#include "ui/appearance.hpp"
 #include "ui/dialogs.hpp"
 #include "ui/input_panel.hpp"
 #include "ui/menus.hpp"
@@ -30,6 +31,9 @@ class MainWindow : public QMainWindow {
 
   // What a start does once the window is there: offers what a crash has left, or opens the file.
   void begin(const std::filesystem::path& file);
+
+  // Adds the choice of light or dark to the menus, and takes the one that is stored.
+  void offer(Appearance& appearance);
 
   InputPanel& inputs() { return *panel_; }
   Menus& menus() { return *menus_; }

@@ -12,13 +12,17 @@
 
 namespace dialwright {
 
-SheetPart makeSheetPart(Program& program, QWidget* parent,
+SheetPart makeSheetPart(Program& program, Settings& settings, QWidget* parent,
                         const std::function<void(const QString&)>& hovered,
                         const std::function<void(const QString&)>& message) {
   auto* sheet = new SheetWidget(program, parent);
   QObject::connect(sheet, &SheetWidget::hovered, parent, hovered);
   QObject::connect(sheet, &SheetWidget::message, parent, message);
-  return {sheet, [sheet] { sheet->refresh(); }, [sheet] { sheet->showFit(); }};
+  QObject::connect(sheet, &SheetWidget::calibrated, parent,
+                   [&settings](double zoom) { settings.keepScreenZoom(zoom); });
+  sheet->setScreenZoom(settings.screenZoom());
+  return {sheet, [sheet] { sheet->refresh(); }, [sheet] { sheet->showFit(); },
+          [sheet] { sheet->exportAs(); }, [sheet] { sheet->previewPages(); }};
 }
 
 QWidget* makeGallery(const Program& program, QWidget* parent,

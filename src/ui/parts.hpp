@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "app/program.hpp"
+#include "ui/settings.hpp"
 
 namespace dialwright {
 
@@ -13,8 +14,12 @@ struct SheetPart {
   QWidget* widget;
   std::function<void()> refresh;
   std::function<void()> showFit;
+  std::function<void()> exportAs;
+  std::function<void()> previewPages;
 };
-SheetPart makeSheetPart(Program& program, QWidget* parent,
+// `hovered` is told what lies under the cursor, `message` a sentence for a box. The settings know
+// how long a metre is on this screen.
+SheetPart makeSheetPart(Program& program, Settings& settings, QWidget* parent,
                         const std::function<void(const QString&)>& hovered,
                         const std::function<void(const QString&)>& message);
 

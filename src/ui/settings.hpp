@@ -19,6 +19,14 @@ class Settings {
   bool live() const { return store_.value("live", true).toBool(); }
   void keepLive(bool live) { store_.setValue("live", live); }
 
+  // Pixels of this screen a metre, as the user has measured them; 0 before that.
+  double screenZoom() const { return store_.value("screen/zoom", 0.0).toDouble(); }
+  void keepScreenZoom(double pixels) { store_.setValue("screen/zoom", pixels); }
+
+  // Light or dark, by the name of the choice.
+  QString appearance() const { return store_.value("appearance").toString(); }
+  void keepAppearance(const QString& name) { store_.setValue("appearance", name); }
+
   // The projects opened or saved last, the newest first.
   QStringList recent() const { return store_.value("recent").toStringList(); }
   void addRecent(const QString& path);

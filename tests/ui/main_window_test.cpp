@@ -4,9 +4,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTest>
 
 #include "sheet/entity_list.hpp"
@@ -168,7 +168,7 @@ TEST_F(MainWindowTest, TellsARefusalInTheFittingPlace) {
   desk.type(Field::txtLAT, "-30");
   desk.settle();
   EXPECT_TRUE(desk.said.isEmpty());
-  EXPECT_TRUE(desk.window.statusText().contains("Southern"));
+  EXPECT_TRUE(desk.window.statusBar()->currentMessage().contains("Southern"));
   desk.press(Field::cmdRun);
   ASSERT_EQ(desk.said.size(), 1);
   EXPECT_TRUE(desk.said.front().contains("Southern"));
@@ -176,9 +176,10 @@ TEST_F(MainWindowTest, TellsARefusalInTheFittingPlace) {
 
 TEST_F(MainWindowTest, CancelsALongRun) {
   desk.choose(Item::mnuVertSph);
+  desk.widget<QCheckBox>(Field::ck_Lemniscate)->click();
   desk.settle();
   const std::string before = entitiesOf(desk.program);
-  desk.program.panel().setText(Field::TxtHour, "200000");  // a run of many seconds
+  desk.program.panel().setText(Field::TxtHour, "5000");  // a run of seconds
   desk.window.runner().run();
   auto* cancel = desk.window.findChild<QPushButton*>("cancelRun");
   ASSERT_TRUE(QTest::qWaitFor([&] { return cancel->isVisible(); }, 5000));

@@ -30,6 +30,9 @@ class ProjectsTest : public ::testing::Test {
   void drop(const QString& path) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&desk.window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&desk.window, &event);
     desk.settle();
