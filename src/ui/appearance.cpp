@@ -24,7 +24,7 @@ struct Colours {
 constexpr Colours kLight = {"#f1f0ee", "#ffffff", "#e6e4e1", "#1c1c1c", "#6a6a6a",
                             "#1f5f99", "#ffffff", "#0b57a4", "#ffffff", "#9a9894"};
 constexpr Colours kDark = {"#1e1f22", "#2c2e33", "#3b3e44", "#ececec", "#a0a3a8",
-                           "#3a78b4", "#ffffff", "#7db8f0", "#50545b", "#0c0c0d"};
+                           "#3a78b4", "#ffffff", "#7db8f0", "#50545b", "#3f4248"};
 
 QPalette paletteOf(const Colours& colours) {
   QPalette palette;

@@ -8,7 +8,7 @@ namespace dialwright {
 
 namespace {
 
-constexpr int kGap = 8;
+constexpr int kGap = 6;
 constexpr int kWrap = Qt::TextWordWrap | Qt::AlignHCenter | Qt::AlignTop;
 constexpr double kCorner = 6;
 

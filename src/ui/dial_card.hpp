@@ -7,7 +7,7 @@
 namespace dialwright {
 
 // The picture on a card, in pixels of the screen's own measure.
-inline constexpr QSize kCardPicture{216, 162};
+inline constexpr QSize kCardPicture{204, 153};
 
 // Draws a card from the caption (DisplayRole) and the picture (DecorationRole, a QImage). A card
 // that is not enabled is greyed.

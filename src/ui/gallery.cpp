@@ -54,12 +54,13 @@ Gallery::Gallery(const Program& program, QWidget* parent)
 
 Gallery::Gallery(const Program& program, DialPictures::Store store, QWidget* parent)
     : QWidget(parent),
+      program_(program),
       pictures_(std::move(store)),
       search_(new QLineEdit(this)),
       view_(new QListView(this)),
       nothing_(new QLabel(this)) {
-  addCards(program);
-  layOut(program);
+  addCards();
+  layOut();
   connect(&pictures_, &DialPictures::ready, this, [this](Item dial, const QImage& picture) {
     cards_.item(rows_.value(static_cast<int>(dial)))->setData(picture, Qt::DecorationRole);
   });
@@ -71,17 +72,17 @@ Gallery::Gallery(const Program& program, DialPictures::Store store, QWidget* par
   search({});
 }
 
-void Gallery::addCards(const Program& program) {
+void Gallery::addCards() {
   for (const Item dial : dialItems()) {
     const ItemRow& row = rowOf(dial);
-    const QString caption = shown(program.T(row.caption));
-    const QString path = pathOf(program, dial);
+    const QString caption = shown(program_.T(row.caption));
+    const QString path = pathOf(program_, dial);
     auto* card = new QStandardItem(caption);
     const QString words = QStringList{caption, path, shown(row.caption), shown(row.name)}.join(' ');
     card->setData(static_cast<int>(dial), kItem);
     card->setData(plain(words), kWords);
     card->setData(row.program > 0 ? QString::number(row.program) : QString(), kNumber);
-    card->setToolTip(draws(dial) ? path : shown(program.T("This dial has no drawing")));
+    card->setToolTip(draws(dial) ? path : shown(program_.T("This dial has no drawing")));
     card->setData(caption, Qt::AccessibleTextRole);
     card->setEnabled(draws(dial));
     card->setEditable(false);
@@ -90,11 +91,11 @@ void Gallery::addCards(const Program& program) {
   }
 }
 
-void Gallery::layOut(const Program& program) {
-  search_->setPlaceholderText(shown(program.T("Search for a dial, or its number")));
+void Gallery::layOut() {
+  search_->setPlaceholderText(shown(program_.T("Search for a dial, or its number")));
   search_->setAccessibleName(search_->placeholderText());
   search_->setClearButtonEnabled(true);
-  nothing_->setText(shown(program.T("No dial has these words")));
+  nothing_->setText(shown(program_.T("No dial has these words")));
   nothing_->setAlignment(Qt::AlignCenter);
 
   int height = 0;
@@ -103,12 +104,12 @@ void Gallery::layOut(const Program& program) {
   }
   view_->setModel(&cards_);
   view_->setItemDelegate(new DialCard(height, view_));
-  view_->setAccessibleName(shown(program.T("Types of sundials")));
+  view_->setAccessibleName(shown(program_.T("Types of sundials")));
   view_->setViewMode(QListView::IconMode);
   view_->setMovement(QListView::Static);
   view_->setResizeMode(QListView::Adjust);
   view_->setUniformItemSizes(true);
-  view_->setSpacing(4);
+  view_->setSpacing(2);
   view_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   view_->setMouseTracking(true);
   view_->setFrameShape(QFrame::NoFrame);
@@ -166,6 +167,7 @@ void Gallery::wantPictures() {
 
 void Gallery::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  setCurrent(program_.panel().chosen());
   if (!wanted_) wantPictures();
   wanted_ = true;
 }

@@ -19,8 +19,8 @@ class Gallery : public QWidget {
   Q_OBJECT
 
  public:
-  // Takes its texts from the program and changes nothing in it. The pictures come in from the
-  // background when the gallery is first shown.
+  // Takes its texts and the chosen dial from the program, which outlives it, and changes nothing
+  // there. The pictures come in from the background when the gallery is first shown.
   explicit Gallery(const Program& program, QWidget* parent = nullptr);
   // With the pictures kept elsewhere than in the user's cache.
   Gallery(const Program& program, DialPictures::Store store, QWidget* parent = nullptr);
@@ -44,13 +44,14 @@ class Gallery : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void addCards(const Program& program);
-  void layOut(const Program& program);
+  void addCards();
+  void layOut();
   void wantPictures();
   void chooseCurrent();
   bool keyInSearch(const QKeyEvent& key);
   bool keyInCards(QKeyEvent& key);
 
+  const Program& program_;
   QStandardItemModel cards_;
   DialPictures pictures_;
   QHash<int, int> rows_;  // by item

@@ -8,6 +8,7 @@
 #include "app/folders.hpp"
 #include "ui/icon.hpp"
 #include "ui/main_window.hpp"
+#include "ui/screenshots.hpp"
 #include "ui/splash.hpp"
 
 namespace {
@@ -18,6 +19,7 @@ using dialwright::ProgramConfig;
 struct Arguments {
   ProgramConfig config;
   std::filesystem::path file;
+  QString screenshots;  // the folder for them
 };
 
 Arguments argumentsOf(const QApplication& application) {
@@ -26,6 +28,9 @@ Arguments argumentsOf(const QApplication& application) {
   parser.addVersionOption();
   parser.addOption({"folder", "Working folder for defaults, dictionary and exports.", "DIR"});
   parser.addOption({"lang", "Language of this run: en, it, fr or es.", "LANG"});
+  QCommandLineOption screenshots("screenshots", "Write pictures of the windows and end.", "DIR");
+  screenshots.setFlags(QCommandLineOption::HiddenFromHelp);
+  parser.addOption(screenshots);
   parser.addPositionalArgument("FILE", "A project, .sun.", "[FILE]");
   parser.process(application);
   Arguments arguments;
@@ -34,6 +39,7 @@ Arguments argumentsOf(const QApplication& application) {
                                        : dialwright::configurationFolder();
   arguments.config.dataFolder = DIALWRIGHT_DATA_DIR;
   arguments.config.language = parser.value("lang").toStdString();
+  arguments.screenshots = parser.value(screenshots);
   if (!parser.positionalArguments().isEmpty())
     arguments.file = parser.positionalArguments().front().toStdString();
   return arguments;
@@ -63,6 +69,8 @@ int main(int argc, char** argv) {
   dialwright::MainWindow window(program);
   window.offer(appearance);
   window.show();
+  if (!arguments.screenshots.isEmpty())
+    return takeScreenshots(window, program, appearance, arguments.screenshots) ? 0 : 1;
   dialwright::Splash::show(program);
   QTimer::singleShot(0, &window, [&] { window.begin(arguments.file); });
   return QApplication::exec();
