@@ -55,7 +55,8 @@ struct Inputs {
 // its program, which must outlive it, goes on.
 struct SpareRun {
   Inputs inputs;  // what it was made from
-  bool anew;      // its drawing is to stand in the place of what the sheet holds, not on top of it
+  bool anew =
+      false;  // its drawing is to stand in the place of what the sheet holds, not on top of it
   Panel panel;
   DialParams params;
   SheetPlot sheet;

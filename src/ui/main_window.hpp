@@ -75,11 +75,11 @@ class MainWindow : public QMainWindow {
   Runner* runner_;
   Menus* menus_;
   InputPanel* panel_;
-  QTabWidget* tabs_;
-  QSplitter* split_;
+  QTabWidget* tabs_ = nullptr;
+  QSplitter* split_ = nullptr;
   SheetPart sheet_;
   ProgressBox* progress_;
-  QLabel* under_;  // what lies under the cursor on the sheet
+  QLabel* under_ = nullptr;  // what lies under the cursor on the sheet
 };
 
 }  // namespace dialwright

@@ -11,7 +11,7 @@ namespace dialwright {
 
 // The sheet, and how it is told that the drawing is new.
 struct SheetPart {
-  QWidget* widget;
+  QWidget* widget = nullptr;
   std::function<void()> refresh;
   std::function<void()> showFit;
   std::function<void()> exportAs;
