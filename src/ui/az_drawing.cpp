@@ -21,7 +21,6 @@ constexpr QPointF kOther{148, kFace};  // and where it does for the same angle o
 constexpr QPointF kSun{184, 343};      // on the line from there through the plumb line
 constexpr double kArc = 84;            // radius of the angle
 constexpr double kSunRadius = 15;
-constexpr double kBaseline = 34;  // of the measures a and b, from what they measure
 
 // The colours of one painting.
 struct Inks {

@@ -2,7 +2,6 @@
 #include "ui/desktop_colours.hpp"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
@@ -24,19 +23,24 @@ DesktopColours::DesktopColours(QObject* parent) : QObject(parent) {
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   bus.connect(kService, kPath, kInterface, "SettingChanged", this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+              SLOT(settingChanged(QDBusMessage)));
   QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kInterface, "Read");
   question << QString(kGroup) << QString(kKey);
   auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* call) {
     const QDBusPendingReply<QDBusVariant> reply = *call;
-    if (reply.isValid()) settingChanged(kGroup, kKey, reply.value());
+    if (reply.isValid()) hear(kGroup, kKey, reply.value());
     call->deleteLater();
   });
 }
 
-void DesktopColours::settingChanged(const QString& group, const QString& key,
-                                    const QDBusVariant& value) {
+void DesktopColours::settingChanged(const QDBusMessage& message) {
+  const QVariantList words = message.arguments();
+  if (words.size() != 3) return;
+  hear(words[0].toString(), words[1].toString(), words[2].value<QDBusVariant>());
+}
+
+void DesktopColours::hear(const QString& group, const QString& key, const QDBusVariant& value) {
   if (group != kGroup || key != kKey) return;
   QVariant innermost = value.variant();  // the answer of some services is a variant in a variant
   while (innermost.canConvert<QDBusVariant>())

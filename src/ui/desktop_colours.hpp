@@ -1,6 +1,7 @@
 // What the desktop says of light and dark.
 #pragma once
 
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QObject>
 #include <QString>
@@ -20,7 +21,10 @@ class DesktopColours : public QObject {
   void told(bool dark);
 
  private slots:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+  void settingChanged(const QDBusMessage& message);
+
+ private:
+  void hear(const QString& group, const QString& key, const QDBusVariant& value);
 };
 
 }  // namespace dialwright

@@ -61,7 +61,7 @@ struct Span {
 // The pixels between which all but the stray ink lies.
 Span spanOf(const std::vector<double>& ink) {
   const double stray = kStray * std::accumulate(ink.begin(), ink.end(), 0.0);
-  const auto from = [stray](auto at, auto end) {
+  const auto from = [stray](auto at, const auto& end) {
     for (double seen = 0; at != end && (seen += *at) <= stray; ++at) {
     }
     return at;

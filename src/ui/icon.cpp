@@ -25,7 +25,7 @@ constexpr std::array kHours = {QPointF{10, 24}, QPointF{13, 46}, QPointF{32, 53}
 
 struct Face {
   std::array<QPointF, 3> corners;
-  const char* colour;
+  const char* colour = nullptr;
 };
 constexpr std::array kFaces = {Face{{kCentre, QPointF{19, 52}, QPointF{27, 54}}, kShadow},
                                Face{{kCentre, QPointF{32, 40}, QPointF{46, 34}}, kStyle}};
