@@ -1,6 +1,7 @@
 // Judging a point of the drawing by rays.
 #include "proof/scene.hpp"
 
+#include <cmath>
 #include <limits>
 
 namespace dialwright::proof {
@@ -14,6 +15,12 @@ constexpr double kGrazing = -1e-8;
 constexpr double kMinute = kPi / 720;  // of time, as an hour angle
 // A way on the drawing that takes no time worth asking for, metres.
 constexpr double kNoWay = 1e-7;
+// The search for the sun that a point tells: directions that are the same.
+constexpr double kSameDirection = 1e-13;
+constexpr int kMostRounds = 100;
+// Two shadows cross where they are so near to one another, metres.
+constexpr double kMeeting = 1e-8;
+constexpr int kMostCrossings = 8;
 
 // Fills in what a sun leaves open.
 Sun completed(const Sun& sun, const Sun& told) {
@@ -22,6 +29,14 @@ Sun completed(const Sun& sun, const Sun& told) {
 }
 
 double distance(Punto a, Punto b) { return std::hypot(a.x - b.x, a.y - b.y); }
+
+// Where two straight lines through two points each cross.
+std::optional<Punto> crossing(Punto a0, Punto a1, Punto b0, Punto b1) {
+  const double ax = a1.x - a0.x, ay = a1.y - a0.y, bx = b1.x - b0.x, by = b1.y - b0.y;
+  const double part = ((b0.x - a0.x) * by - (b0.y - a0.y) * bx) / (ax * by - ay * bx);
+  if (!std::isfinite(part)) return std::nullopt;
+  return Punto{a0.x + part * ax, a0.y + part * ay};
+}
 
 }  // namespace
 
@@ -38,33 +53,70 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   if (!place) return judgement;
   const Casters& of = castersOf(family);
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
-    // Twice: the nearest point of a caster depends on the sun itself.
-    for (int i = 0; i < 2; ++i) {
-      const Vec guess = sky.towards(completed(sun, {0, 0}));
-      const auto through = of.all.front()->nearest(place->at, guess);
-      if (!through) return judgement;
-      sun = completed(sun, sky.of(*through - place->at));
-    }
+    const auto told = sunThrough(of, place->at, sun);
+    if (!told) return judgement;
+    sun = *told;
   }
   const Vec sunwards = sky.towards(sun);
   judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
                   (!alsoLit || alsoLit(*place, sunwards));
-  judgement.miss = judgement.minutes = 0;
-  for (const auto& caster : of.all) {
-    const auto through = caster->nearest(place->at, sunwards);
-    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
-    const double miss = shadow ? distance(*shadow, spot) : kInfinity;
-    if (miss <= judgement.miss) continue;
-    judgement.miss = miss;
-    judgement.minutes = shadow ? 0 : kInfinity;
-    if (!shadow) continue;
-    judgement.shadow = *shadow;
-    if (miss < kNoWay) continue;
-    const auto later =
-        surface->shadow(*through, sky.towards({sun.hourAngle + kMinute, sun.declination}));
-    judgement.minutes = later ? miss / distance(*shadow, *later) : kInfinity;
+  const auto shadow = shadowOf(of, spot, sunwards);
+  if (!shadow) {
+    // Where two shadows do not cross, nothing is there to be read.
+    judgement.lit = judgement.lit && of.all.size() == 1;
+    return judgement;
   }
+  judgement.shadow = *shadow;
+  judgement.miss = distance(*shadow, spot);
+  judgement.minutes = 0;
+  if (judgement.miss < kNoWay) return judgement;
+  const auto later = shadowOf(of, *shadow, sky.towards({sun.hourAngle + kMinute, sun.declination}));
+  judgement.minutes = later ? judgement.miss / distance(*shadow, *later) : kInfinity;
   return judgement;
+}
+
+std::optional<Sun> Scene::sunThrough(const Casters& of, Vec place, const Sun& sun) const {
+  Sun told = completed(sun, {0, 0});
+  for (int round = 0; round < kMostRounds; ++round) {
+    const Vec before = sky.towards(told);
+    Vec through = before;
+    for (const auto& caster : of.all) {
+      const auto nearest = caster->nearest(place, through);
+      if (!nearest) return std::nullopt;
+      through = unit(*nearest - place);
+    }
+    told = completed(sun, sky.of(through));
+    if (length(sky.towards(told) - before) < kSameDirection) break;
+  }
+  return told;
+}
+
+std::optional<Punto> Scene::shadowOf(const Casters& of, Punto spot, Vec sunwards) const {
+  // The nearest point of one caster's shadow.
+  const auto nearest = [&](const auto& caster, Punto from) -> std::optional<Punto> {
+    const auto place = surface->place(from);
+    const auto through = place ? caster->nearest(place->at, sunwards) : std::nullopt;
+    return through ? surface->shadow(*through, sunwards) : std::nullopt;
+  };
+  const auto& first = of.all.front();
+  if (of.all.size() == 1) return nearest(first, spot);
+  // To one shadow and the other, twice; the two chords point to where they cross.
+  const auto& second = of.all.back();
+  for (int round = 0; round < kMostCrossings; ++round) {
+    const auto a0 = nearest(first, spot);
+    const auto b0 = a0 ? nearest(second, *a0) : std::nullopt;
+    if (!b0) return std::nullopt;
+    if (distance(*a0, *b0) < kMeeting) return b0;
+    const auto a1 = nearest(first, *b0);
+    const auto b1 = a1 ? nearest(second, *a1) : std::nullopt;
+    if (!b1) return std::nullopt;
+    // Two shadows that stay apart: one of them has ended.
+    const double apart = distance(*a1, *b1);
+    if (apart < kMeeting) return b1;
+    if (distance(*b0, *b1) < kMeeting * apart) return std::nullopt;
+    spot = crossing(*a0, *a1, *b0, *b1).value_or(*b1);
+  }
+  return std::nullopt;
 }
 
 }  // namespace dialwright::proof

@@ -38,6 +38,13 @@ struct Scene {
   const Casters& castersOf(CurveFamily family) const;
   // Of a sun that leaves one of its numbers open, the one that the point itself tells is taken.
   Judgement judge(Punto spot, CurveFamily family, Sun sun) const;
+
+ private:
+  // The sun behind the casters as a place sees them, with what is known of it; nothing where they
+  // can't be seen.
+  std::optional<Sun> sunThrough(const Casters& of, Vec place, const Sun& sun) const;
+  // The shadow's point nearest to a spot; nothing where there is no shadow, or two do not cross.
+  std::optional<Punto> shadowOf(const Casters& of, Punto spot, Vec sunwards) const;
 };
 
 }  // namespace dialwright::proof

@@ -106,7 +106,8 @@ void Drawing::legend(const Instant& moment) {
 void Drawing::BallAnalemma() {
   const double sinLat = std::sin(run_.params.LatRad), cosLat = std::cos(run_.params.LatRad);
   Tracer tracer(run_);
-  const Ink ink{palette(7), sheet_.layer("analemma")};
+  const Ink ink{
+      .colour = palette(7), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma};
   tracer.analemma(ink, [&](const Trig& H, const Trig& delta, Punto& point) {
     // Towards the sun: to the East, to the South, upwards.
     const double sx = -H.sine * delta.cosine;

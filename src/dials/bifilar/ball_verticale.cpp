@@ -128,7 +128,9 @@ void Drawing::all() {
   curves();
   for (const Family& hours : kOtherHours) tracer_.draw(hours, anywhere());
   if (run_.on(Field::ck_Lemniscate))
-    tracer_.analemma({palette(13), sheet_.layer("analemma")}, anywhere());
+    tracer_.analemma(
+        {.colour = palette(13), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma},
+        anywhere());
   substyle();
   demonstration();
   readUsaLongitudine(run_);

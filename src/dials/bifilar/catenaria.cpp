@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <optional>
 #include <span>
 
@@ -234,7 +235,13 @@ void Drawing::substyle(Tracer& tracer) {
   double H = 0;
   assign(H, arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
   if (Sgn(std::sin(H)) != Sgn(sine)) H += p_.PiGreco;
-  tracer.draw({.hours = only(p_.degrees(H)), .colour = palette(15), .layer = "sus"}, place());
+  const double substyleHour = hourOfSubstyle(p_);
+  const Trig drawn(run_.trueShadows() ? substyleHour : p_.radians(p_.degrees(H)));
+  tracer.draw({.hours = only(p_.degrees(substyleHour)), .colour = palette(15), .layer = "sus"},
+              [&](const Trig&, const Trig& delta, Punto& point) {
+                PuntoCatenaria(wires_, sky_, drawn, delta, point);
+                return true;
+              });
 }
 
 // The chain itself. A point that is not below the hanging points only places the pen.
@@ -273,13 +280,15 @@ void Drawing::legend() {
 // negative, by the circle constant, but the angle is not beyond the quarter.
 void Drawing::CatenariaAnalemma() {
   const double D = p_.DeclRad;
-  const double side = Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
+  const double side =
+      run_.trueShadows() ? 1 : Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
   Tracer tracer(run_, Pen::kNoLimit);
-  tracer.analemma({palette(13), sheet_.layer("analemma")},
-                  [&](const Trig& H, const Trig& delta, Punto& point) {
-                    PuntoCatenaria(wires_, sky_, H, Trig(side * delta.angle), point);
-                    return true;
-                  });
+  tracer.analemma(
+      {.colour = palette(13), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma},
+      [&](const Trig& H, const Trig& delta, Punto& point) {
+        PuntoCatenaria(wires_, sky_, H, Trig(side * delta.angle), point);
+        return true;
+      });
 }
 
 // The wires from above: the wall upright, the distances across it.
@@ -296,6 +305,15 @@ void Drawing::CatenariaSezione() {
   sheet_.xLine(sag / 10, 0.9 * sag, 0, sag, palette(12));
 }
 
+// The hour angle at which the sun stands in an azimuth (from the South, West positive), midnight
+// where that day's sun never does: cos A*sin H - sin(lat)*sin A*cos H = -cos(lat)*sin A*tan(delta).
+// The other solution is the opposite azimuth's.
+double hourInAzimuth(double azimuth, double sinLat, double cosLat, double tanDelta) {
+  const double across = std::cos(azimuth), along = sinLat * std::sin(azimuth);
+  const double sine = over(cosLat * std::sin(azimuth) * tanDelta, std::hypot(across, along));
+  return std::abs(sine) <= 1 ? std::atan2(along, across) - std::asin(sine) : std::numbers::pi;
+}
+
 // The suns that stand in the azimuth of a holy place, for a chain of its own whose sag is txtAO.
 // The sun in azimuth A: sin H - sin(lat)*tan A*cos H = -cos(lat)*tan A*tan(delta).
 void Drawing::CatenariaQibla() {
@@ -309,18 +327,21 @@ void Drawing::CatenariaQibla() {
     azimuth += azimuth < 0 ? p_.PiGreco : -p_.PiGreco;
   assign(B, arctan(sinLat * tangent));
 
-  const Fili wires{wires_.d1, wires_.d2, chainOf(Field::txtAO)};
+  const bool onlyTrue = run_.trueShadows();
+  const Fili wires{wires_.d1, wires_.d2, chainOf(onlyTrue ? Field::txtV1 : Field::txtAO)};
   const Window window(run_);
+  const Ink ink{.colour = palette(2), .family = CurveFamily::Qibla};
   Punto point;
   double w = 0, H = 0;
   for (const double degrees : kYear.in(run_)) {
     const Trig delta(p_.radians(degrees));
     const double tanDelta = delta.sine / delta.cosine;
+    const double overThePlace = hourInAzimuth(azimuth, sinLat, cosLat, tanDelta);
     assign(w, p_.LatRad == 0 ? tanDelta : over(tanDelta * std::sin(B), std::tan(p_.LatRad)));
-    if (!(std::abs(w) <= 1)) continue;
-    assign(H, B - p_.ArcSin(w));
+    if (!onlyTrue && !(std::abs(w) <= 1)) continue;
+    assign(H, onlyTrue ? overThePlace : B - p_.ArcSin(w));
     PuntoCatenaria(wires, sky_, Trig(H), delta, point);
-    if (window.holds(point)) dot(sheet_, point, palette(2));
+    if (window.holds(point)) dot(sheet_, point, ink, {overThePlace, delta.angle});
   }
   sheet_.Dati("", 0.9, -0.3);
   sheet_.Dati(run_.T("Qibla: azimuth ") + textOf(truncated(p_.degrees(azimuth), 5)) + "°");

@@ -181,7 +181,9 @@ void Drawing::FontanaAnalemma() {
   Punto point;
   forEachDay(run_, [&](const SunOfDay& sun, bool) {
     const Trig H(sun.equationOfTime - run_.params.CorrFuso);
-    if (BifPuntoFontana(H, Trig(sun.declination), point)) dot(sheet_, point, palette(12));
+    if (BifPuntoFontana(H, Trig(sun.declination), point))
+      dot(sheet_, point, {.colour = palette(12), .family = CurveFamily::Analemma},
+          {H.angle, sun.declination});
   });
 }
 
