@@ -53,7 +53,7 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   if (!place) return judgement;
   const Casters& of = castersOf(family);
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
-    const auto told = sunThrough(of, place->at, sun);
+    const auto told = sunThrough(of, *place, sun);
     if (!told) return judgement;
     sun = *told;
   }
@@ -75,18 +75,21 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   return judgement;
 }
 
-std::optional<Sun> Scene::sunThrough(const Casters& of, Vec place, const Sun& sun) const {
-  Sun told = completed(sun, {0, 0});
+// From the casters to what is known of the sun and back, until the direction stands.
+std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, const Sun& sun) const {
+  Sun told;
+  Vec direction = place.normal;
   for (int round = 0; round < kMostRounds; ++round) {
-    const Vec before = sky.towards(told);
-    Vec through = before;
+    Vec through = direction;
     for (const auto& caster : of.all) {
-      const auto nearest = caster->nearest(place, through);
+      const auto nearest = caster->nearest(place.at, through);
       if (!nearest) return std::nullopt;
-      through = unit(*nearest - place);
+      through = unit(*nearest - place.at);
     }
     told = completed(sun, sky.of(through));
-    if (length(sky.towards(told) - before) < kSameDirection) break;
+    through = sky.towards(told);
+    if (length(through - direction) < kSameDirection) break;
+    direction = through;
   }
   return told;
 }

@@ -140,11 +140,12 @@ void Drawing::all() {
 }
 
 void Drawing::curves() {
-  tracer_.draw(kEquinoctial, [this](const Trig& H, const Trig& delta, Punto& point) {
+  const auto inLight = [this](const Trig& H, const Trig& delta, Punto& point) {
     return lit(H, delta, point);
-  });
+  };
+  tracer_.draw(kEquinoctial, inLight);
   const auto beyond = [this](const Trig& H, const Trig& delta, Punto& point) {
-    return overEquator(H, delta, point);
+    return run_.trueShadows() ? lit(H, delta, point) : overEquator(H, delta, point);
   };
   tracer_.draw(kFreeLine, beyond);
   for (const Family& curve : kCurves) tracer_.draw(curve, beyond);

@@ -182,7 +182,7 @@ void forEachDay(Run& run, Day&& day) {
 void numeral(Run& run, Punto at, int hour);
 
 // The numerals of the hours from six to six in the declination of txtLineofdeclination, in the time
-// of the hour lines; `place` as above, and it alone decides which stand.
+// of the hour lines; `place` as above, and it and the sheet's judge decide which stand.
 template <class Place>
 void numerals(Run& run, Place&& place);
 
@@ -313,7 +313,10 @@ void numerals(Run& run, Place&& place) {
   const Trig delta(p.radians(Amount(Field::txtLineofdeclination).in(run)));
   Punto point;
   for (const double t : run.sweep(-90, 90, 15)) {
-    if (!place(Trig(hourAngle(p, HourRule::Zone, t, 0)), delta, point)) continue;
+    const Trig H(hourAngle(p, HourRule::Zone, t, 0));
+    if (!place(H, delta, point)) continue;
+    ShadowJudge* judge = run.sheet.judge();
+    if (judge && !judge->isShadow(point, CurveFamily::Hours, {H.angle, delta.angle})) continue;
     const int hour = static_cast<int>(12 + t / 15);
     numeral(run, point, hour > 12 ? hour - 12 : hour);
   }

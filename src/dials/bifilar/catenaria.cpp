@@ -19,7 +19,6 @@ namespace bifilar {
 
 namespace {
 
-constexpr int kSolverSteps = 12;
 constexpr double kSolverStart = 7;
 
 double Cosh(double v) { return CosIperbolico(v); }
@@ -28,12 +27,12 @@ double Cosh(double v) { return CosIperbolico(v); }
 
 double Catena::height(double x) const { return f * Cosh(over(x, f)) - sag - f; }
 
-Catena RisolviCatena(double halfSpan, double sag) {
+Catena RisolviCatena(double halfSpan, double sag, int steps) {
   Catena chain{.halfSpan = halfSpan, .sag = sag};
   assign(chain.K, over(sag, halfSpan));
   chain.a = kSolverStart;
   double u = 0;
-  for (int step = 0; step < kSolverSteps; ++step) {
+  for (int step = 0; step < steps; ++step) {
     assign(u, chain.K * chain.a + 1);
     assign(chain.a, logarithm(u + root(u * u - 1)));
   }
@@ -55,6 +54,7 @@ namespace {
 
 using namespace bifilar;
 
+constexpr int kAllSteps = 60;         // that change the chain's solution in any digit
 constexpr double kChainStep = 0.002;  // metres
 constexpr double kChainLeft = -1;     // where the picture of a wider chain begins, metres
 constexpr Range kFullTurn = {-179, 179, 0.05};
@@ -163,7 +163,8 @@ class Drawing {
  private:
   double read(Field field) const { return Amount(field).in(run_); }
   Catena chainOf(Field sag) const {
-    return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)));
+    return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)),
+                         run_.trueShadows() ? kAllSteps : kChainSteps);
   }
   auto place() {
     return [this](const Trig& H, const Trig& delta, Punto& point) {

@@ -124,6 +124,12 @@ Drawing::Drawing(Run& run)
   assign(r, over(s_, root(1 - C * C)));
   delta_r_ = -r0_ + r;
   assign(sigma_, arctan(slope_));
+  if (run.trueShadows()) {
+    // Two wires at one distance; a wall that faces North; the equator, where no slope is.
+    if (Q == 0) xx_ = yy_ = 1, xy_ = 0;
+    delta_r_ *= Sgn(cosD_);
+    sigma_ = std::atan2(sinD_, tanLat_);
+  }
   vertex_ = {delta_r_ * std::sin(sigma_), -delta_r_ * std::cos(sigma_)};
 }
 
@@ -162,12 +168,12 @@ void Drawing::straightEquinoctial() {
 }
 
 // The samples of a day that lie above the equinoctial for a negative declination, and below it for
-// the others.
+// the others; for a drawing of true shadows its judge alone tells.
 void Drawing::dayCurve(const Family& curve) {
   tracer_.draw(curve, [this](const Trig& H, const Trig& delta, Punto& point) {
     PuntoEquiangolare(H, delta, point);
     const double above = point.y - slope_ * (point.x - vertex_.x) - vertex_.y;
-    return delta.angle < 0 ? above > 0 : above < 0;
+    return run_.trueShadows() || (delta.angle < 0 ? above > 0 : above < 0);
   });
 }
 
