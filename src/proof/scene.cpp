@@ -38,6 +38,19 @@ std::optional<Punto> crossing(Punto a0, Punto a1, Punto b0, Punto b1) {
   return Punto{a0.x + part * ax, a0.y + part * ay};
 }
 
+// A spot's neighbour along the shadow whose nearest point is `own`, at a part of a distance: square
+// to the way there, or for a spot on that shadow towards the other one's nearest point.
+Punto along(Punto spot, Punto own, Punto other, double distanceOff) {
+  const double dx = own.x - spot.x, dy = own.y - spot.y;
+  const double way = std::hypot(dx, dy);
+  const double step = 0.1;
+  if (way > kMeeting) {
+    const double scale = step * distanceOff / way;
+    return {spot.x - scale * dy, spot.y + scale * dx};
+  }
+  return {spot.x + step * (other.x - spot.x), spot.y + step * (other.y - spot.y)};
+}
+
 }  // namespace
 
 const Casters& Scene::castersOf(CurveFamily family) const {
@@ -95,29 +108,23 @@ std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, cons
 }
 
 std::optional<Punto> Scene::shadowOf(const Casters& of, Punto spot, Vec sunwards) const {
-  // The nearest point of one caster's shadow.
-  const auto nearest = [&](const auto& caster, Punto from) -> std::optional<Punto> {
+  const auto nearest = [&](std::size_t caster, Punto from) -> std::optional<Punto> {
     const auto place = surface->place(from);
-    const auto through = place ? caster->nearest(place->at, sunwards) : std::nullopt;
+    const auto through = place ? of.all[caster]->nearest(place->at, sunwards) : std::nullopt;
     return through ? surface->shadow(*through, sunwards) : std::nullopt;
   };
-  const auto& first = of.all.front();
-  if (of.all.size() == 1) return nearest(first, spot);
-  // To one shadow and the other, twice; the two chords point to where they cross.
-  const auto& second = of.all.back();
+  if (of.all.size() == 1) return nearest(0, spot);
+  // To where the straight lines through two points of each shadow cross, until that is on both.
   for (int round = 0; round < kMostCrossings; ++round) {
-    const auto a0 = nearest(first, spot);
-    const auto b0 = a0 ? nearest(second, *a0) : std::nullopt;
-    if (!b0) return std::nullopt;
-    if (distance(*a0, *b0) < kMeeting) return b0;
-    const auto a1 = nearest(first, *b0);
-    const auto b1 = a1 ? nearest(second, *a1) : std::nullopt;
-    if (!b1) return std::nullopt;
-    // Two shadows that stay apart: one of them has ended.
-    const double apart = distance(*a1, *b1);
-    if (apart < kMeeting) return b1;
-    if (distance(*b0, *b1) < kMeeting * apart) return std::nullopt;
-    spot = crossing(*a0, *a1, *b0, *b1).value_or(*b1);
+    const auto a = nearest(0, spot), b = nearest(1, spot);
+    if (!a || !b) return std::nullopt;
+    const double offA = distance(*a, spot), offB = distance(*b, spot);
+    const double off = std::fmax(offA, offB);
+    if (off < kMeeting) return spot;
+    const auto a1 = nearest(0, along(spot, *a, *b, off)), b1 = nearest(1, along(spot, *b, *a, off));
+    const auto cross = a1 && b1 ? crossing(*a, *a1, *b, *b1) : std::nullopt;
+    if (!cross) return std::nullopt;
+    spot = *cross;
   }
   return std::nullopt;
 }
