@@ -306,13 +306,22 @@ void Drawing::CatenariaSezione() {
   sheet_.xLine(sag / 10, 0.9 * sag, 0, sag, palette(12));
 }
 
-// The hour angle at which the sun stands in an azimuth (from the South, West positive), midnight
-// where that day's sun never does: cos A*sin H - sin(lat)*sin A*cos H = -cos(lat)*sin A*tan(delta).
-// The other solution is the opposite azimuth's.
-double hourInAzimuth(double azimuth, double sinLat, double cosLat, double tanDelta) {
-  const double across = std::cos(azimuth), along = sinLat * std::sin(azimuth);
-  const double sine = over(cosLat * std::sin(azimuth) * tanDelta, std::hypot(across, along));
-  return std::abs(sine) <= 1 ? std::atan2(along, across) - std::asin(sine) : std::numbers::pi;
+// The hour angles at which a day's sun stands in an azimuth (from the South, West positive): two
+// for a sun that turns back, as it does between the tropics. Midnight stands for what does not
+// come. Both solve cos A*sin H - sin(lat)*sin A*cos H = -cos(lat)*sin A*tan(delta), as do those of
+// the opposite azimuth.
+std::array<double, 2> hoursInAzimuth(double azimuth, double sinLat, double cosLat,
+                                     double tanDelta) {
+  const double sine = std::sin(azimuth), cosine = std::cos(azimuth);
+  const double turn = std::atan2(sinLat * sine, cosine);
+  const double way = over(cosLat * sine * tanDelta, std::hypot(cosine, sinLat * sine));
+  const auto orMidnight = [&](double H) {
+    const double south = sinLat * std::cos(H) - cosLat * tanDelta;
+    return std::sin(H) * sine + south * cosine > 0 ? H : std::numbers::pi;
+  };
+  if (!(std::abs(way) <= 1)) return {std::numbers::pi, std::numbers::pi};
+  const double aside = std::asin(way);
+  return {orMidnight(turn - aside), orMidnight(turn + std::numbers::pi + aside)};
 }
 
 // The suns that stand in the azimuth of a holy place, for a chain of its own whose sag is txtAO.
@@ -333,16 +342,26 @@ void Drawing::CatenariaQibla() {
   const Window window(run_);
   const Ink ink{.colour = palette(2), .family = CurveFamily::Qibla};
   Punto point;
+  const auto mark = [&](double hour, const Trig& delta, double hourOfPlace) {
+    PuntoCatenaria(wires, sky_, Trig(hour), delta, point);
+    if (window.holds(point)) dot(sheet_, point, ink, {hourOfPlace, delta.angle});
+  };
   double w = 0, H = 0;
   for (const double degrees : kYear.in(run_)) {
     const Trig delta(p_.radians(degrees));
     const double tanDelta = delta.sine / delta.cosine;
-    const double overThePlace = hourInAzimuth(azimuth, sinLat, cosLat, tanDelta);
+    const auto hours = hoursInAzimuth(azimuth, sinLat, cosLat, tanDelta);
+    if (onlyTrue) {
+      for (const double hour : hours) mark(hour, delta, hour);
+      continue;
+    }
     assign(w, p_.LatRad == 0 ? tanDelta : over(tanDelta * std::sin(B), std::tan(p_.LatRad)));
-    if (!onlyTrue && !(std::abs(w) <= 1)) continue;
-    assign(H, onlyTrue ? overThePlace : B - p_.ArcSin(w));
-    PuntoCatenaria(wires, sky_, Trig(H), delta, point);
-    if (window.holds(point)) dot(sheet_, point, ink, {overThePlace, delta.angle});
+    if (!(std::abs(w) <= 1)) continue;
+    assign(H, B - p_.ArcSin(w));
+    const auto off = [&](double hour) {
+      return std::abs(std::remainder(hour - H, 2 * p_.PiGreco));
+    };
+    mark(H, delta, off(hours[0]) <= off(hours[1]) ? hours[0] : hours[1]);
   }
   sheet_.Dati("", 0.9, -0.3);
   sheet_.Dati(run_.T("Qibla: azimuth ") + textOf(truncated(p_.degrees(azimuth), 5)) + "°");
