@@ -6,6 +6,7 @@
 #include "dials/bifilar/equiangolare.hpp"
 #include "dials/bifilar/fontana.hpp"
 #include "numerics/numbers.hpp"
+#include "support/mean_sun.hpp"
 #include "support/proved_dial.hpp"
 
 namespace dialwright {
@@ -305,6 +306,32 @@ TEST(BifilarProof, LinesStandForTheSunsOfTheirNames) {
             100u);
 }
 
+// Every sun of a layer's analemma is the mean noon of the zone.
+TEST(BifilarProof, AnalemmasAreTheYearsMeanNoon) {
+  Fountain fountain;
+  BallOver ball;
+  HalfBall half;
+  Catenary chain(30);
+  fountain.set(Field::y2txt, "0");  // the window does not cut its points
+  for (const auto& [dial, layer] : {std::pair{static_cast<Dial*>(&fountain), "0"},
+                                    {&ball, "analemma"},
+                                    {&half, "analemma"},
+                                    {&chain, "analemma"}}) {
+    dial->draw();
+    double northern = 0, southern = 0;
+    const std::size_t count = dial->everySun(layer, CurveFamily::Analemma, [&](double H, double d) {
+      northern = std::max(northern, d);
+      southern = std::min(southern, d);
+      return sky::secondsFromEquationOfTime(proof::radians(H) + dial->params.CorrFuso,
+                                            proof::radians(d)) < 30;
+    });
+    EXPECT_GE(count, 365u);
+    EXPECT_NEAR(northern, 23.446, 0.001);
+    EXPECT_NEAR(southern, -23.446, 0.001);
+    EXPECT_EQ(dial->params.LonAbs, dial->params.CorrFuso);
+  }
+}
+
 // The first and the last babylonian line: the hours are counted one ahead.
 TEST(BifilarProof, BabylonianHoursRunFromOneToThirteen) {
   Fountain dial;
@@ -334,6 +361,14 @@ TEST(BifilarProof, LinesOfWireAndChainStandForTheSunsOfTheirNames) {
       };
       dial.everySun("0", hours(0));
       dial.everySun("mezze", hours(7.5));
+      // The first line of each loop is left out; the last one, half a turn on, draws it.
+      const auto& lines = dial.sheet.list().lines;
+      const auto half = std::find_if(lines.begin(), lines.end(), [&](const LineRecord& line) {
+        return line.layer == dial.sheet.layer("mezze");
+      });
+      const Meaning meaning =
+          dial.sheet.list().meaningOfLine(static_cast<std::size_t>(half - lines.begin()));
+      EXPECT_NEAR(proof::degrees(meaning.first.hourAngle), -157.5, kAngle);
       dial.everySun("midi", [](double H, double) { return H == 0; });
       // The days swap on northern walls.
       const double side = declination > 90 ? -1 : 1;
@@ -394,6 +429,96 @@ TEST(BifilarProof, LinesOfEqualAnglesStandForTheSunsOfTheirNames) {
   };
   EXPECT_GT(dial.everySun("Ita", italic(22, 5.01)), 100u);
   EXPECT_GT(dial.everySun("Ita2", italic(1, 24)), 500u);
+}
+
+// --- Figures that no sun stands for
+
+// One degree for a degree of the sun, half a turn and more about the centre.
+TEST(BifilarProof, EqualHoursStandAtEqualAngles) {
+  for (const auto& [latitude, declination] :
+       {std::pair{kLatitude, -14.57}, {62.0, 37.0}, {8.0, 10.0}, {kLatitude, 120.0}}) {
+    Equiangular dial(latitude, declination);
+    dial.draw();
+    const double sense = std::abs(declination) > 90 ? -1 : 1;
+    const CircleRecord centre = dial.sheet.list().circles.at(0);
+    std::optional<double> zero;
+    const std::vector<LineRecord> lines = dial.sheet.list().lines;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const Meaning meaning = dial.sheet.list().meaningOfLine(i);
+      if (lines[i].layer != dial.sheet.layer("oreemezze")) continue;
+      const double H = proof::degrees(meaning.first.hourAngle);
+      EXPECT_EQ(lines[i].colour, palette(std::abs(H) < 1e-3 ? 12 : 15));
+      const double angle =
+          proof::degrees(std::atan2(lines[i].y1 - centre.y, lines[i].x1 - centre.x)) + sense * H;
+      if (!zero) zero = angle;
+      ASSERT_LT(offGrid(angle - *zero, 180), 1e-4) << H;
+    }
+    // The horizon: where the rising and setting sun throws the crossing.
+    const std::vector<LineRecord> horizon = dial.linesOf("Hor");
+    ASSERT_GT(horizon.size(), 100u);
+    const double slope = horizon.back().y1 / horizon.back().x1;
+    for (const double day : {-20.0, -5.0, 10.0}) {
+      for (const double side : {-1.0, 1.0}) {
+        const Sun sun{side * proof::radians(dial.arc(day)), proof::radians(day)};
+        const proof::Judgement there = dial.scene().judge({}, CurveFamily::None, sun);
+        if (!(there.miss < 5)) continue;
+        EXPECT_NEAR(-there.shadow.y, slope * there.shadow.x, 1e-7);
+      }
+    }
+  }
+}
+
+TEST(BifilarProof, NumeralsStandAtTheirSuns) {
+  Fountain fountain;
+  Catenary chain(kLatitude, 30, {});
+  for (Dial* dial : {static_cast<Dial*>(&fountain), static_cast<Dial*>(&chain)}) {
+    dial->clearBoxes();
+    dial->panel.setState(Field::ckRomani, true);
+    dial->set(Field::txtLineofdeclination, "-10");
+    dial->widen("0.9");
+    dial->check(Field::ckFunction);
+    dial->draw();
+    const std::size_t literal = dial->entities();
+    for (double H = -60; H < 61; H += 15) {
+      const Sun sun{proof::radians(H), proof::radians(-10)};
+      const proof::Judgement there = dial->scene().judge({0, -0.1}, CurveFamily::None, sun);
+      if (!there.lit || std::hypot(there.shadow.x, there.shadow.y) > 0.8) continue;
+      double nearest = 1;
+      for (const LineRecord& stroke : dial->sheet.list().lines) {
+        nearest = std::min(nearest, std::hypot((stroke.x1 + stroke.x2) / 2 - there.shadow.x,
+                                               -(stroke.y1 + stroke.y2) / 2 - there.shadow.y));
+      }
+      EXPECT_LT(nearest, 0.03) << H;
+    }
+    dial->draw(true);
+    EXPECT_EQ(dial->entities() < literal, dial == &chain) << "none for a sun behind the wall";
+  }
+}
+
+// The proof ends and stays sound whatever the fields hold.
+TEST(BifilarProof, TakesAnyInput) {
+  Fountain fountain;
+  BallOver ball;
+  HalfBall half;
+  Equiangular wires;
+  Catenary chain;
+  for (Dial* dial :
+       {static_cast<Dial*>(&fountain), static_cast<Dial*>(&ball), static_cast<Dial*>(&half),
+        static_cast<Dial*>(&wires), static_cast<Dial*>(&chain)}) {
+    dial->clearBoxes();
+    for (const Field box : {Field::ck_Lemniscate, Field::ck_Sustilare, Field::CkQibla})
+      dial->panel.setState(box, true);
+    for (const Field field : {Field::txtLAT, Field::txtDecl, Field::TxtStilo, Field::TxtRadius,
+                              Field::txtD1, Field::txtV1}) {
+      const std::string before = dial->panel.text(field);
+      for (const char* text : {"", "-0.1", "90", "1e9", "1e308"}) {
+        dial->set(field, text);
+        const proof::LayerProof all = dial->prove(true).total();
+        EXPECT_EQ(all.ghosts + all.strays, 0u) << rowOf(field).name << '=' << text;
+      }
+      dial->set(field, before);
+    }
+  }
 }
 
 }  // namespace

@@ -32,15 +32,15 @@ class ProvedDial : public DialCase {
     sheet.list().keepMeanings(true);
     panel.setState(Field::ckTrue, onlyTrue);
     scene_ = proof::sceneOf(panel);
-    proof::SceneJudge judge(*scene_);
-    if (onlyTrue) sheet.judge(&judge);
+    std::optional<proof::SceneJudge> judge;
+    if (onlyTrue && scene_) sheet.judge(&judge.emplace(*scene_));
     run();
     sheet.judge(nullptr);
   }
-  // The same, and its proof.
+  // The same, and its proof; an empty one for fields that make no scene.
   const proof::Proof& prove(bool onlyTrue = false) {
     draw(onlyTrue);
-    return proof_ = proof::prove(sheet.list(), *scene_);
+    return proof_ = scene_ ? proof::prove(sheet.list(), *scene_) : proof::Proof{};
   }
 
   // A layer's row, of zeros for one without strokes.
@@ -52,18 +52,26 @@ class ProvedDial : public DialCase {
   }
 
   // What a layer's strokes stand for: fits(hour angle, declination), degrees, of both ends of each
-  // line. Gives how many lines there are.
+  // line and of each point; of one family alone when it is named. Gives how many strokes there are.
   template <class Fits>
   std::size_t everySun(std::string_view layer, Fits fits) {
+    return everySun(layer, CurveFamily::None, fits);
+  }
+  template <class Fits>
+  std::size_t everySun(std::string_view layer, CurveFamily family, Fits fits) {
     std::size_t count = 0, wrong = 0;
-    const DisplayList& list = sheet.list();
-    for (std::size_t i = 0; i < list.lines.size(); ++i) {
-      if (list.lines[i].layer != sheet.layer(layer)) continue;
-      const Meaning meaning = list.meaningOfLine(i);
+    const LayerId id = sheet.layer(layer);
+    const auto look = [&](LayerId its, const Meaning& meaning) {
+      if (its != id || (family != CurveFamily::None && meaning.family != family)) return;
       ++count;
       for (const Sun& sun : {meaning.first, meaning.second})
         wrong += !fits(proof::degrees(sun.hourAngle), proof::degrees(sun.declination));
-    }
+    };
+    const DisplayList& list = sheet.list();
+    for (std::size_t i = 0; i < list.lines.size(); ++i)
+      look(list.lines[i].layer, list.meaningOfLine(i));
+    for (std::size_t i = 0; i < list.points.size(); ++i)
+      look(list.points[i].layer, list.meaningOfPoint(i));
     EXPECT_EQ(wrong, 0u) << "of " << count << " on " << layer << " at " << panel.text(Field::txtLAT)
                          << " on " << panel.text(Field::txtDecl);
     return count;
