@@ -28,6 +28,11 @@ Sun completed(const Sun& sun, const Sun& told) {
           std::isnan(sun.declination) ? told.declination : sun.declination};
 }
 
+// The judgement of a point off the surface.
+Judgement nowhere(Punto spot) {
+  return {.lit = false, .miss = kInfinity, .minutes = kInfinity, .shadow = spot, .sunwards = {}};
+}
+
 double distance(Punto a, Punto b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 // Where two straight lines through two points each cross.
@@ -61,29 +66,34 @@ const Casters& Scene::castersOf(CurveFamily family) const {
 }
 
 Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
-  Judgement judgement{.lit = false, .miss = kInfinity, .minutes = kInfinity, .shadow = spot};
-  const std::optional<Place> place = surface->place(spot);
-  if (!place) return judgement;
-  const Casters& of = castersOf(family);
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
-    const auto told = sunThrough(of, *place, sun);
-    if (!told) return judgement;
+    const std::optional<Place> place = surface->place(spot);
+    const auto told = place ? sunThrough(castersOf(family), *place, sun) : std::nullopt;
+    if (!told) return nowhere(spot);
     sun = *told;
   }
-  const Vec sunwards = sky.towards(sun);
+  return judge(spot, family, sky.towards(sun));
+}
+
+Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
+  const std::optional<Place> place = surface->place(spot);
+  if (!place) return nowhere(spot);
+  Judgement judgement{.shadow = spot, .sunwards = sunwards};
   judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
                   (!alsoLit || alsoLit(*place, sunwards));
+  const Casters& of = castersOf(family);
   const auto shadow = shadowOf(of, spot, sunwards);
   if (!shadow) {
+    judgement.miss = judgement.minutes = kInfinity;
     // Where two shadows do not cross, nothing is there to be read.
     judgement.lit = judgement.lit && of.all.size() == 1;
     return judgement;
   }
   judgement.shadow = *shadow;
   judgement.miss = distance(*shadow, spot);
-  judgement.minutes = 0;
   if (judgement.miss < kNoWay) return judgement;
-  const auto later = shadowOf(of, *shadow, sky.towards({sun.hourAngle + kMinute, sun.declination}));
+  const Vec west = cross(sunwards, sky.pole());
+  const auto later = shadowOf(of, *shadow, unit(sunwards + kMinute * west));
   judgement.minutes = later ? judgement.miss / distance(*shadow, *later) : kInfinity;
   return judgement;
 }

@@ -37,12 +37,12 @@ TEST(Scene, KnowsTheShadowAndHowFarAPointIsOff) {
   for (const double H : {-1.0, 0.0, 0.7}) {
     for (const double day : {kWinter, 0.0, kSummer}) {
       const Punto shadow = shadowOfStyle({H, day});
-      const Judgement on = scene.judge(shadow, CurveFamily::Hours, {H, day});
+      const Judgement on = scene.judge(shadow, CurveFamily::Hours, Sun{H, day});
       EXPECT_TRUE(on.lit);
       EXPECT_LT(on.miss, 1e-12);
       EXPECT_EQ(on.minutes, 0);
       const Judgement off =
-          scene.judge({shadow.x + 0.003, shadow.y - 0.004}, CurveFamily::Hours, {H, day});
+          scene.judge({shadow.x + 0.003, shadow.y - 0.004}, CurveFamily::Hours, Sun{H, day});
       EXPECT_TRUE(off.lit);
       EXPECT_NEAR(off.miss, 0.005, 1e-12);
       EXPECT_NEAR(off.shadow.x, shadow.x, 1e-12);
@@ -54,36 +54,36 @@ TEST(Scene, KnowsTheShadowAndHowFarAPointIsOff) {
 
 TEST(Scene, KnowsNightAndTheBackOfTheWall) {
   const Scene scene = styleOnWall();
-  EXPECT_FALSE(scene.judge({}, CurveFamily::Hours, {radians(100), kWinter}).lit) << "night";
-  EXPECT_FALSE(scene.judge({}, CurveFamily::Hours, {radians(100), kSummer}).lit) << "behind";
-  EXPECT_EQ(scene.judge({}, CurveFamily::Hours, {radians(100), kSummer}).miss, HUGE_VAL);
-  EXPECT_TRUE(scene.judge({}, CurveFamily::Hours, {radians(60), kSummer}).lit);
+  EXPECT_FALSE(scene.judge({}, CurveFamily::Hours, Sun{radians(100), kWinter}).lit) << "night";
+  EXPECT_FALSE(scene.judge({}, CurveFamily::Hours, Sun{radians(100), kSummer}).lit) << "behind";
+  EXPECT_EQ(scene.judge({}, CurveFamily::Hours, Sun{radians(100), kSummer}).miss, HUGE_VAL);
+  EXPECT_TRUE(scene.judge({}, CurveFamily::Hours, Sun{radians(60), kSummer}).lit);
   // Six o'clock of the equinox grazes both the horizon and the wall.
-  EXPECT_TRUE(scene.judge({}, CurveFamily::Hours, {kPi / 2, 0}).lit);
+  EXPECT_TRUE(scene.judge({}, CurveFamily::Hours, Sun{kPi / 2, 0}).lit);
 
   Scene shaded = scene;
   shaded.alsoLit = [](const Place& place, Vec) { return place.at.x < 0; };
-  EXPECT_TRUE(shaded.judge({-0.1, 0}, CurveFamily::Hours, {0, 0}).lit);
-  EXPECT_FALSE(shaded.judge({0.1, 0}, CurveFamily::Hours, {0, 0}).lit);
+  EXPECT_TRUE(shaded.judge({-0.1, 0}, CurveFamily::Hours, Sun{0, 0}).lit);
+  EXPECT_FALSE(shaded.judge({0.1, 0}, CurveFamily::Hours, Sun{0, 0}).lit);
 }
 
 TEST(Scene, TakesWhatASunLeavesOpenFromThePoint) {
   const Sun sun{0.6, 0.2};
   const Punto shadow = shadowOfStyle(sun);
   const Scene scene = styleOnWall();
-  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, {0.6, Sun::kOpen}).miss, 1e-12);
-  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, {Sun::kOpen, 0.2}).miss, 1e-12);
-  EXPECT_GT(scene.judge(shadow, CurveFamily::Hours, {0.61, Sun::kOpen}).miss, 0.001);
-  EXPECT_GT(scene.judge(shadow, CurveFamily::Hours, {Sun::kOpen, 0.21}).miss, 0.001);
+  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, Sun{0.6, Sun::kOpen}).miss, 1e-12);
+  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, Sun{Sun::kOpen, 0.2}).miss, 1e-12);
+  EXPECT_GT(scene.judge(shadow, CurveFamily::Hours, Sun{0.61, Sun::kOpen}).miss, 0.001);
+  EXPECT_GT(scene.judge(shadow, CurveFamily::Hours, Sun{Sun::kOpen, 0.21}).miss, 0.001);
   // Above the horizon line only suns below the horizon throw a shadow.
-  EXPECT_FALSE(scene.judge({0, 0.1}, CurveFamily::Hours, {kNoon, Sun::kOpen}).lit);
+  EXPECT_FALSE(scene.judge({0, 0.1}, CurveFamily::Hours, Sun{kNoon, Sun::kOpen}).lit);
   // On a northern wall as well, which noon never lights.
   Scene north = styleOnWall();
   north.surface = std::make_shared<Plane>(Plane::facing(kPi, 0));
   north.casters = {{CurveFamily::None, {std::make_shared<Tip>(Vec{0, 0.2, 0})}}};
   const Vec s = north.sky.towards({1.8, kSummer});
   const Punto evening{0.2 * s.x / s.y, -0.2 * s.z / s.y};
-  const Judgement told = north.judge(evening, CurveFamily::Declinations, {Sun::kOpen, kSummer});
+  const Judgement told = north.judge(evening, CurveFamily::Declinations, Sun{Sun::kOpen, kSummer});
   EXPECT_TRUE(told.lit);
   EXPECT_LT(told.miss, 1e-12);
 }
@@ -115,7 +115,7 @@ TEST(Scene, ReadsNothingWhereTwoShadowsDoNotMeet) {
   for (const double H : {-1.2, -0.3, 0.3, 1.2}) {
     const Vec s = sky.towards({H, 0});
     const double across = -0.1 * s.x / s.y;  // where the light of the crossing passes the wire
-    EXPECT_EQ(scene.judge({}, CurveFamily::Hours, {H, 0}).lit, std::abs(across) < 0.1) << H;
+    EXPECT_EQ(scene.judge({}, CurveFamily::Hours, Sun{H, 0}).lit, std::abs(across) < 0.1) << H;
   }
 }
 
@@ -123,8 +123,8 @@ TEST(Scene, HasCastersOfAFamily) {
   Scene scene = styleOnWall();
   scene.casters.push_back({CurveFamily::Analemma, {std::make_shared<Tip>(Vec{0, -0.4, 0})}});
   const Punto shadow = shadowOfStyle({0, 0});
-  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, {0, 0}).miss, 1e-12);
-  EXPECT_NEAR(scene.judge(shadow, CurveFamily::Analemma, {0, 0}).miss, 0.2, 1e-12);
+  EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, Sun{0, 0}).miss, 1e-12);
+  EXPECT_NEAR(scene.judge(shadow, CurveFamily::Analemma, Sun{0, 0}).miss, 0.2, 1e-12);
 }
 
 // --- The judge
