@@ -13,7 +13,9 @@ struct SceneRow {
 };
 
 constexpr SceneRow kScenes[] = {
-    {Item::mnuUni, universalDial},
+    {Item::mnuUni, universalDial},       {Item::mnuFontana_H3, fountain},
+    {Item::mnuBifvert, equiangularDial}, {Item::mnucatenaria, wireAndChain},
+    {Item::mnuBall, levelBall},          {Item::mnuBall_v, uprightBall},
 };
 
 }  // namespace

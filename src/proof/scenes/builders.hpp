@@ -8,5 +8,10 @@ namespace dialwright::proof {
 using SceneMaker = std::optional<Scene> (*)(const Panel&);
 
 std::optional<Scene> universalDial(const Panel& panel);
+std::optional<Scene> fountain(const Panel& panel);
+std::optional<Scene> equiangularDial(const Panel& panel);
+std::optional<Scene> wireAndChain(const Panel& panel);
+std::optional<Scene> levelBall(const Panel& panel);
+std::optional<Scene> uprightBall(const Panel& panel);
 
 }  // namespace dialwright::proof
