@@ -2,6 +2,7 @@
 #include "proof/judge.hpp"
 
 #include <algorithm>
+#include <limits>
 
 namespace dialwright::proof {
 
@@ -9,11 +10,19 @@ namespace {
 
 // How far the middle of a chord may lie from a bent line, as a part of the chord's length.
 constexpr double kBend = 0.02;
+// A chord whose middle sun stands nearer to one of its ends, as a part of its length, is a jump:
+// the shadow goes the other way round.
+constexpr double kJump = 0.02;
 
 bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 
 bool same(const Sun& a, const Sun& b) {
   return same(a.hourAngle, b.hourAngle) && same(a.declination, b.declination);
+}
+
+// True of a chord with an end that stands for no sun, such as where the pen starts.
+bool fromNowhere(const Meaning& meaning) {
+  return !meaning.first.known() || !meaning.second.known();
 }
 
 // Half way from one sun to the other, the shorter way round.
@@ -25,8 +34,8 @@ Sun middle(const Sun& a, const Sun& b) {
 double distanceToChord(Punto p, Punto a, Punto b) {
   const double dx = b.x - a.x, dy = b.y - a.y;
   const double square = dx * dx + dy * dy;
-  const double along =
-      square > 0 ? std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / square, 0.0, 1.0) : 0;
+  double along = square > 0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / square : 0.5;
+  if (!(std::abs(along - 0.5) <= 0.5 - kJump)) along = 0.5;
   return std::hypot(a.x + along * dx - p.x, a.y + along * dy - p.y);
 }
 
@@ -49,7 +58,7 @@ bool SceneJudge::isShadow(Punto at, CurveFamily family, const Sun& sun) {
 }
 
 bool SceneJudge::isTrack(Punto from, Punto to, const Meaning& meaning) {
-  return strayOfMiddle(from, to, meaning) <= within_;
+  return !fromNowhere(meaning) && strayOfMiddle(from, to, meaning) <= within_;
 }
 
 double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const {
@@ -62,6 +71,10 @@ double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) c
 }
 
 StrokeFinding SceneJudge::find(Punto from, Punto to, const Meaning& meaning) {
+  if (fromNowhere(meaning)) {
+    return {Finding::Stray, std::hypot(to.x - from.x, to.y - from.y),
+            std::numeric_limits<double>::infinity()};
+  }
   const Judgement first = judge(from, meaning.family, meaning.first);
   const Judgement second = judge(to, meaning.family, meaning.second);
   if (!first.lit || !second.lit) return {.finding = Finding::Ghost};

@@ -37,18 +37,26 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   const std::optional<Place> place = surface->place(spot);
   if (!place) return judgement;
   const Casters& of = castersOf(family);
+  const auto isLit = [&](Vec sunwards) {
+    return sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
+           (!alsoLit || alsoLit(*place, sunwards));
+  };
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
+    const Sun claimed = sun;
+    sun = completed(claimed, {0, 0});
     // Twice: the nearest point of a caster depends on the sun itself.
     for (int i = 0; i < 2; ++i) {
-      const Vec guess = sky.towards(completed(sun, {0, 0}));
+      const Vec guess = sky.towards(sun);
       const auto through = of.all.front()->nearest(place->at, guess);
       if (!through) return judgement;
-      sun = completed(sun, sky.of(*through - place->at));
+      const Vec told = unit(*through - place->at);
+      // What looks up to the caster without being lit is no shadow of any hour or day.
+      if (i == 1 && !isLit(told)) return judgement;
+      sun = completed(claimed, sky.of(told));
     }
   }
   const Vec sunwards = sky.towards(sun);
-  judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
-                  (!alsoLit || alsoLit(*place, sunwards));
+  judgement.lit = isLit(sunwards);
   judgement.miss = judgement.minutes = 0;
   for (const auto& caster : of.all) {
     const auto through = caster->nearest(place->at, sunwards);

@@ -56,13 +56,15 @@ void CilSezione(Run& run);
 
 // The cylinder of a curve.
 struct Cilindro {
-  // side is +1 for a style on a convex surface, -1 in a concave one.
-  Cilindro(const DialParams& p, double side);
+  // side is +1 for a style on a convex surface, -1 in a concave one. With `everywhere` its shadows
+  // are found on every side of the meridian, of the wall and of the cylinder's axis.
+  Cilindro(const DialParams& p, double side, bool everywhere);
 
   Trig latitude;
   double radius, style, side;
   double declination;  // of the tangent plane in G, radians
   bool facesSouth;     // by its declination in degrees
+  bool everywhere;
   double PiGreco;
 };
 

@@ -13,8 +13,11 @@ constexpr double kFootStep = 0.0001;   // from dot to dot, and from row to row
 
 }  // namespace
 
-double hourOfSubstyle(const DialParams& p) {
-  if (std::abs(p.DeclGradi) == 90) return (p.PiGreco / 2) * Sgn(p.DeclGradi);
+double hourOfSubstyle(const Run& run) {
+  const DialParams& p = run.params;
+  const bool sixOClock =
+      std::abs(p.DeclGradi) == 90 || (p.LatRad == 0 && run.trueShadows());
+  if (sixOClock) return (p.PiGreco / 2) * Sgn(p.DeclGradi);
   return arctan(over(std::tan(p.DeclRad), std::sin(p.LatRad)));
 }
 

@@ -22,8 +22,8 @@ inline Sweep dots(Run& run, double first, double last) {
 }
 
 // The hour angle (radians) whose line is the substyle; a fault on the equator, unless the wall
-// looks East or West.
-double hourOfSubstyle(const DialParams& p);
+// looks East or West or the true shadows are asked for.
+double hourOfSubstyle(const Run& run);
 
 // The foot of the style as a circle with its centre.
 void footCircle(Run& run);

@@ -178,7 +178,7 @@ void Drawing::ParamEquinoziale() {
 
 // Of the plane in the foot: everywhere the hour of its substyle.
 void Drawing::ParamSustilare() {
-  const double H = hourOfSubstyle(p_);
+  const double H = hourOfSubstyle(run_);
   trace([&] { plot(hourOrdinate(H), 9); });
 }
 

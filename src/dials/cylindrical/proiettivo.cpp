@@ -151,7 +151,7 @@ void Drawing::ProiettivoSustilare() {
 
 // The zone's noon of the mean sun, while the sun is before the plane.
 void Drawing::ProiettivoAnalemma() {
-  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const Cilindro cylinder(p_, p_.SegnoCilindro, run_.trueShadows());
   const double tilt = p_.radians(obliquity(47));
   Ombra shadow;
   for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {

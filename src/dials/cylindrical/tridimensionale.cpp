@@ -171,7 +171,7 @@ void Drawing::Cil3DSustilare() {
 // --- The analemma of a whole hour of the zone, on the half of the surface that is developed
 
 void Drawing::Cil3DAnalemma(double hour) {
-  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const Cilindro cylinder(p_, p_.SegnoCilindro, run_.trueShadows());
   const double tilt = p_.radians(obliquity(47));
   Ombra shadow;
   for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {

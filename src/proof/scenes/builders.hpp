@@ -9,4 +9,9 @@ using SceneMaker = std::optional<Scene> (*)(const Panel&);
 
 std::optional<Scene> universalDial(const Panel& panel);
 
+std::optional<Scene> dottedCylinder(const Panel& panel);
+std::optional<Scene> parabolicCylinder(const Panel& panel);
+std::optional<Scene> sphericalCylinder(const Panel& panel);
+std::optional<Scene> filteringHat(const Panel& panel);
+
 }  // namespace dialwright::proof
