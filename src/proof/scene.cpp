@@ -60,7 +60,8 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   judgement.miss = judgement.minutes = 0;
   for (const auto& caster : of.all) {
     const auto through = caster->nearest(place->at, sunwards);
-    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    if (shadow) shadow = surface->imageNear(spot, *shadow);
     const double miss = shadow ? distance(*shadow, spot) : kInfinity;
     if (miss <= judgement.miss) continue;
     judgement.miss = miss;
@@ -70,7 +71,8 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
     if (miss < kNoWay) continue;
     const auto later =
         surface->shadow(*through, sky.towards({sun.hourAngle + kMinute, sun.declination}));
-    judgement.minutes = later ? miss / distance(*shadow, *later) : kInfinity;
+    judgement.minutes =
+        later ? miss / distance(*shadow, surface->imageNear(*shadow, *later)) : kInfinity;
   }
   return judgement;
 }
