@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "dials/sun.hpp"
+
 namespace dialwright {
 
 namespace {
@@ -19,6 +21,16 @@ double hourOfSubstyle(const Run& run) {
       std::abs(p.DeclGradi) == 90 || (p.LatRad == 0 && run.trueShadows());
   if (sixOClock) return (p.PiGreco / 2) * Sgn(p.DeclGradi);
   return arctan(over(std::tan(p.DeclRad), std::sin(p.LatRad)));
+}
+
+Sun sunOfTurnedHorizon(const DialParams& p, double turn, double side, const Sun& behindTip) {
+  const double altitude = std::sin(p.LatRad) * std::sin(behindTip.declination) +
+                          std::cos(p.LatRad) * std::cos(behindTip.declination) *
+                              std::cos(behindTip.hourAngle);
+  const double semiArc =
+      semiDiurnalArc(p, cosineOfSemiArc(p.LatRad, behindTip.declination));
+  if (altitude < 0 || !sound(semiArc)) return behindTip;
+  return {turn + side * semiArc, behindTip.declination};
 }
 
 void footCircle(Run& run) {
