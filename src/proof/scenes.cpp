@@ -13,12 +13,9 @@ struct SceneRow {
 };
 
 constexpr SceneRow kScenes[] = {
-    {Item::mnuUni, universalDial},
-    {Item::M_Param, dottedCylinder},
-    {Item::M_CILINDRICI, dottedCylinder},
-    {Item::M_Parabolico, parabolicCylinder},
-    {Item::mnuCircp, dottedCylinder},
-    {Item::mnuCCs, sphericalCylinder},
+    {Item::mnuUni, universalDial},        {Item::M_Param, dottedCylinder},
+    {Item::M_CILINDRICI, dottedCylinder}, {Item::M_Parabolico, parabolicCylinder},
+    {Item::mnuCircp, dottedCylinder},     {Item::mnuCCs, sphericalCylinder},
     {Item::mnuChapeau, filteringHat},
 };
 

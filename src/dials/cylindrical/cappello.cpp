@@ -74,8 +74,7 @@ constexpr OldHours kCappelloBabiloniche{
 constexpr OldHours kCappelloItaliche{
     Field::ck_Italiche, 10, 24, 12, "ita1", "ita2", kEastRight, CurveFamily::Italic, italicHour};
 constexpr OldHours kCappelloTemporarie{
-    Field::ckTemp,          0,            12, 11, "temp1", "temp2", kEastRight,
-    CurveFamily::Temporary, temporaryHour};
+    Field::ckTemp, 0, 12, 11, "temp1", "temp2", kEastRight, CurveFamily::Temporary, temporaryHour};
 
 // Where the light falls, and what it was found by; what fails in a sample keeps the value of the
 // sample before.
@@ -123,9 +122,9 @@ class Drawing {
   DialParams& p_;
   SheetPlot& sheet_;
   const bool trueShadows_;
-  double R_ = 0, R2_ = 0;  // radii of the cylinder and of the hat
-  double g_ = 0;           // how far the hat stands out: the style
-  double longitude_ = 0;   // degrees from the clock's meridian, West positive
+  double R_ = 0, R2_ = 0;     // radii of the cylinder and of the hat
+  double g_ = 0;              // how far the hat stands out: the style
+  double longitude_ = 0;      // degrees from the clock's meridian, West positive
   double zoneLongitude_ = 0;  // and from the zone's
   double vertex_ = 0;         // ordinate of the lowest point
   Trig latitude_{0};
@@ -183,8 +182,7 @@ void Drawing::PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& 
     light.azimuth = azimuth(latitude_, hour, sun);
   } else {
     assign(light.azimuth, azimuthByTangent(latitude_, hour, sun));
-    if (onOtherSide(hour, light.azimuth))
-      light.azimuth += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
+    if (onOtherSide(hour, light.azimuth)) light.azimuth += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
   }
   assign(light.altitude, p_.ArcSin(sineOfAltitude(latitude_, hour, sun)));
   assign(light.point, {side * R_ * light.azimuth, -g_ * std::tan(light.altitude)});
@@ -195,8 +193,8 @@ Verdict Drawing::verdict(const Light& light, bool notFirst) const {
   return drawIf(notFirst && (!on(Field::ck_Orizzonte) || light.aboveHorizon()));
 }
 
-// A curve's pen. No true line crosses half the development: those that seem to do so leave it at one
-// end and come in at the other.
+// A curve's pen. No true line crosses half the development: those that seem to do so leave it at
+// one end and come in at the other.
 Pen Drawing::pen(double gap) const {
   const double half = p_.PiGreco * R_;
   return Pen(sheet_, trueShadows_ && half < gap ? half : gap, Stroke::FromPrevious);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
@@ -32,6 +33,13 @@ void LeggiCilindro(Run& run) {
   p.SegnoCilindro = convex ? 1 : -1;
   p.CodiceCilindro = convex ? 2 : 1;
   assign(p.Stilo, run.number(Field::TxtStilo));
+}
+
+void LeggiSitoCilindro(Run& run) {
+  constexpr double kAlmostEquator = 1e-8;  // radians
+  LeggiParametriSito(run);
+  LeggiCilindro(run);
+  if (run.trueShadows() && run.params.LatRad == 0) run.params.LatRad = kAlmostEquator;
 }
 
 void leggiSegnoCurva(Run& run) { run.params.SegnoCurva = run.on(Field::Optconcave) ? -1 : 1; }
@@ -289,12 +297,12 @@ namespace {
 // plan.
 bool shadowEverywhere(const Cilindro& c, const Trig& hour, const SunDeclination& sun,
                       Ombra& shadow) {
-  shadow.A = c.declination + std::remainder(azimuth(c.latitude, hour, sun) - c.declination,
-                                            2 * c.PiGreco);
+  shadow.A =
+      c.declination + std::remainder(azimuth(c.latitude, hour, sun) - c.declination, 2 * c.PiGreco);
   if (!meetSurface(c, shadow)) return false;
   const double reach = c.radius + c.side * c.style;
-  const double way = root(reach * reach + c.radius * c.radius -
-                          2 * reach * c.radius * std::cos(shadow.theta));
+  const double way =
+      root(reach * reach + c.radius * c.radius - 2 * reach * c.radius * std::cos(shadow.theta));
   assign(shadow.h, arcsineByTangent(sineOfAltitude(c.latitude, hour, sun)));
   assign(shadow.point.y, -way * std::tan(shadow.h));
   return true;

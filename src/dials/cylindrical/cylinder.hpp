@@ -15,6 +15,10 @@ namespace dialwright {
 // SegnoCilindro and CodiceCilindro from OptConvex, and the style's length.
 void LeggiCilindro(Run& run);
 
+// The record of a driver's run: LeggiParametriSito and LeggiCilindro. True shadows on the equator
+// are those of a latitude so small that it moves nothing, for much has no form there.
+void LeggiSitoCilindro(Run& run);
+
 // SegnoCurva, the copy of the sign that the curves work with: -1 with Optconcave selected, else +1.
 void leggiSegnoCurva(Run& run);
 

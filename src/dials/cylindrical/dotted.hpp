@@ -23,8 +23,8 @@ inline Sweep dots(Run& run, double first, double last) {
 }
 
 // The hour angle (radians) whose line is the substyle; a fault on the equator, unless the wall
-// looks East or West or the true shadows are asked for.
-double hourOfSubstyle(const Run& run);
+// looks East or West.
+double hourOfSubstyle(const DialParams& p);
 
 // --- What a dot stands for, by the sun behind the tip as it is seen from there
 

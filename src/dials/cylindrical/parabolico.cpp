@@ -67,7 +67,6 @@ class Drawing {
 };
 
 void Drawing::read() {
-  LeggiCilindro(run_);
   assign(p_.DeclGradi, run_.number(Field::txtDecl));
   assign(p_.DeclRad, p_.radians(p_.DeclGradi));
   readUsaLongitudine(run_);
@@ -92,7 +91,7 @@ void Drawing::ParabolicoCurve() {
   trace(CurveFamily::Equinoctial, {Sun::kOpen, 0},
         [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
   const double substyle = over(tanD_, latitude_.sine);
-  trace(CurveFamily::Hours, {hourOfSubstyle(run_)},
+  trace(CurveFamily::Hours, {hourOfSubstyle(p_)},
         [&](LevelWay way) { return hourOrdinate(latitude_, way, substyle); });
   sheet_.xLine(-x1_, -sheet_.ShiftY(), -x1_, sheet_.ShiftY(), palette(1));
   sheet_.xLine(x2_, -sheet_.ShiftY(), x2_, sheet_.ShiftY(), palette(4));
@@ -185,7 +184,7 @@ void QuadranteParabolico(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of parabolic cross-section : 3D method"));
-  LeggiParametriSito(run);
+  LeggiSitoCilindro(run);
   if (run.on(Field::ck_Orizzonte)) CilOrizzonte(run);
   Drawing drawing(run);
   drawing.ParabolicoCurve();

@@ -194,7 +194,7 @@ void Drawing::ParamEquinoziale() {
 
 // Of the plane in the foot: everywhere the hour of its substyle.
 void Drawing::ParamSustilare() {
-  const double H = hourOfSubstyle(run_);
+  const double H = hourOfSubstyle(p_);
   const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
   trace([&] { plot(hourOrdinate(H), ink, {H}); });
 }

@@ -80,7 +80,11 @@ void Drawing::all() {
 
 void Drawing::ProiettivoPiano() {
   const double sine = std::cos(p_.LatRad) * std::cos(p_.DeclRad);
-  assign(p_.ElevStilo, arctan(over(sine, root(1 - sine * sine))));
+  // Near the equator the square of the sine leaves too few digits for a style square to the wall.
+  const double cosine = run_.trueShadows() ? std::hypot(std::sin(p_.DeclRad),
+                                                        std::sin(p_.LatRad) * std::cos(p_.DeclRad))
+                                           : root(1 - sine * sine);
+  assign(p_.ElevStilo, arctan(over(sine, cosine)));
   assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
   assign(p_.OrarioSustilare, -arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
   assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
@@ -99,8 +103,8 @@ void Drawing::project(Punto plane, const Ink& ink, const Sun& sun) {
   const double X = over(-b - c * Sgn(u) * std::sqrt(square), 2 * a);
   const double way = u == 0 ? 1 : X / u;  // from the tip, in ways to the plane
   // The central angle by the abscissa alone folds what lies beyond the axis.
-  const double angle = run_.trueShadows() ? std::atan2(X, r - c * s * (way - 1))
-                                          : p_.ArcSin(over(X, r));
+  const double angle =
+      run_.trueShadows() ? std::atan2(X, r - c * s * (way - 1)) : p_.ArcSin(over(X, r));
   const Punto point{r * angle, u == 0 ? plane.y : plane.y / u * X};
   if (sound(point.x) && sound(point.y)) dot(sheet_, point, ink, sun);
 }
@@ -170,7 +174,7 @@ void Drawing::ProiettivoEquinoziale() {
 void Drawing::ProiettivoSustilare() {
   const double slope = std::tan(p_.Sustilare);
   const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
-  const Sun sun{hourOfSubstyle(run_)};
+  const Sun sun{hourOfSubstyle(p_)};
   for (const double u : radii(1)) project({u, over(-u, slope)}, ink, sun);
 }
 
@@ -209,8 +213,7 @@ void QuadranteProiettivo(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : projective method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -59,7 +59,8 @@ constexpr double italicHour(double pi, double k, double a) { return k * pi / 12 
 constexpr double babylonianHour(double pi, double k, double a) { return k * pi / 12 - a; }
 constexpr double temporaryHour(double, double k, double a) { return a * (k / 6 - 1); }
 constexpr OldHours kCilItaliche{Field::ck_Italiche, 5, 23, 12, CurveFamily::Italic, italicHour};
-constexpr OldHours kCilBabiloniche{Field::ck_babiloniche, 1, 18, 13, CurveFamily::Babylonian, babylonianHour};
+constexpr OldHours kCilBabiloniche{Field::ck_babiloniche, 1, 18, 13, CurveFamily::Babylonian,
+                                   babylonianHour};
 constexpr OldHours kCilTemporarie{Field::ckTemp, 1, 12, 6, CurveFamily::Temporary, temporaryHour};
 
 // A curve routine's cylinder, shadow and pen.
@@ -301,12 +302,12 @@ void Drawing::CilLineaDecl() {
 // --- Lines across the days
 
 void Drawing::CilSustilare() {
-  if (p_.LatRad == 0 && !run_.trueShadows()) return;
+  if (p_.LatRad == 0) return;
   leggiSegnoCurva(run_);
   Curve curve(run_, kHourGap);
   curve.dip({.colour = palette(4), .family = CurveFamily::Hours});
   double H = 0;
-  assign(H, hourOfSubstyle(run_));
+  assign(H, hourOfSubstyle(p_));
   const Trig hour(H);
   for (const double declination : run_.sweep(-kSolstice, kLastDay, kStep)) {
     p_.DeclSole = declination;
@@ -340,8 +341,7 @@ void QuadranteCilindricoSferico(Run& run) {
   run.hourglass(true);
   run.sheet.Messaggio(
       run.T("Cylindrical sundial of circular cross-section : Spherical trigonometric method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

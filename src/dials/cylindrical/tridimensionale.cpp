@@ -177,13 +177,15 @@ void Drawing::Cil3DEquinoziale() {
   trace(
       place, {.colour = palette(9), .family = CurveFamily::Equinoctial},
       [this](LevelWay way) { return equatorOrdinate(latitude_, way); },
-      [](const Sun&) { return Sun{Sun::kOpen, 0}; });
+      [](const Sun&) {
+        return Sun{Sun::kOpen, 0};
+      });
 }
 
 // The ordinate runs, for the line is steep: upright on a wall that looks South.
 void Drawing::Cil3DSustilare() {
   const double slope = over(std::sin(p_.DeclRad), std::tan(p_.LatRad));
-  const double H = hourOfSubstyle(run_);
+  const double H = hourOfSubstyle(p_);
   const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
   for (const double y : dots(run_, -1, 1)) {
     const double x = p_.Raggio * p_.ArcSin(over(-y * slope, p_.Raggio));
@@ -220,8 +222,7 @@ void QuadranteCilindrico3D(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : 3D method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -20,9 +20,9 @@ Scene tipOnWall(const Panel& panel, const Wall& wall) {
 std::optional<Scene> tipOnCylinder(const Panel& panel, bool outside) {
   const double radius = numberIn(panel, Field::TxtRadius);
   if (!(radius > 0)) return std::nullopt;
-  return tipOnWall(
-      panel, RoundWall(radius, outside ? RoundWall::Side::Outside : RoundWall::Side::Inside,
-                       radians(numberIn(panel, Field::txtDecl))));
+  return tipOnWall(panel,
+                   RoundWall(radius, outside ? RoundWall::Side::Outside : RoundWall::Side::Inside,
+                             radians(numberIn(panel, Field::txtDecl))));
 }
 
 }  // namespace
@@ -51,9 +51,8 @@ std::optional<Scene> filteringHat(const Panel& panel) {
   Scene scene;
   scene.sky = Sky(radians(numberIn(panel, Field::txtLAT)));
   scene.surface = std::make_shared<RoundWall>(radius, RoundWall::Side::Outside, 0);
-  scene.casters = {
-      {CurveFamily::None,
-       {std::make_shared<Brim>(Vec{0, radius, 0}, numberIn(panel, Field::txt_R2))}}};
+  scene.casters = {{CurveFamily::None,
+                    {std::make_shared<Brim>(Vec{0, radius, 0}, numberIn(panel, Field::txt_R2))}}};
   return scene;
 }
 

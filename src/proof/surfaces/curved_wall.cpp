@@ -124,9 +124,9 @@ std::optional<double> ParabolicWall::unroll(double arcLength) const {
 }
 
 CurvedWall::Crossings ParabolicWall::crossings(Vec through, Vec along) const {
-  Crossings found = rootsOf(
-      along.x * along.x / (2 * parameter_),
-      (along.x * (slope_ + through.x / parameter_) - along.y) / 2, northOf(through.x) - through.y);
+  Crossings found = rootsOf(along.x * along.x / (2 * parameter_),
+                            (along.x * (slope_ + through.x / parameter_) - along.y) / 2,
+                            northOf(through.x) - through.y);
   for (std::optional<double>& w : found) {
     if (w) w = through.x + *w * along.x;
   }
