@@ -27,7 +27,7 @@ class ProvenDial : public DialCase {
  public:
   using DialCase::DialCase;
 
-  // Runs anew; a dial that refuses has no strokes.
+  // Runs anew; a dial that refuses, or that has no scene, has no strokes.
   ProvenDial& prove(bool trueOnly) {
     sheet.Clear();
     strokes.clear();
@@ -35,6 +35,10 @@ class ProvenDial : public DialCase {
     DisplayList& list = sheet.list();
     list.keepMeanings(true);
     const std::optional<proof::Scene> scene = proof::sceneOf(panel);
+    if (!scene) {
+      run();
+      return *this;
+    }
     proof::SceneJudge judge(*scene);
     sheet.judge(trueOnly ? &judge : nullptr);
     run();
