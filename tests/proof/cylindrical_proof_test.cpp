@@ -432,5 +432,52 @@ TEST(CylindricalProof, TrueNumeralsStandInTheLight) {
   }
 }
 
+// --- The frame, which is that of noon
+
+// The polar style runs from N up to the tip: as long across as the way from the tip to N, rising by
+// the latitude. The equinox's noon sun stands square to it.
+TEST(CylindricalProof, TheFrameIsThePlaneOfNoon) {
+  for (const Kind* kind : {&kTangents, &kSpace, &kProjection, &kSpherical}) {
+    for (const Wall& wall : {Wall{}, Wall{.convex = false}, Wall{60, 25, true, 0.3, 0.25}}) {
+      SCOPED_TRACE(name(*kind, wall));
+      Cylinder dial(*kind, wall);
+      dial.boxes({Field::ck_Triangolo}).run();
+      const proof::Scene scene = *proof::sceneOf(dial.panel);
+      const auto tip = scene.casters.front().all.front()->nearest({}, {});
+      const Punto noon = *scene.surface->shadow(*tip, scene.sky.towards({0, 0}));
+      const double way = -noon.y * std::tan(radians(wall.latitude));
+      const int noonColour = kind == &kTangents ? 9 : kind == &kSpherical ? 12 : 4;
+      std::vector<LineRecord> upright = dial.linesIn(palette(noonColour)), slope;
+      std::erase_if(upright, [](const LineRecord& l) { return l.x1 != l.x2; });
+      ASSERT_EQ(upright.size(), 1u);
+      EXPECT_NEAR(upright[0].x1, noon.x, 1e-9);
+      slope = dial.linesIn(palette(9));
+      std::erase_if(slope, [](const LineRecord& l) { return l.x1 == l.x2; });
+      ASSERT_EQ(slope.size(), 1u);
+      EXPECT_NEAR(slope[0].x1, noon.x, 1e-9);
+      EXPECT_NEAR(std::abs(slope[0].x2 - slope[0].x1), way, 1e-9);
+      EXPECT_NEAR(-slope[0].y1, way * std::tan(radians(wall.latitude)), 1e-9);
+      const auto style = dial.linesIn(palette(13));
+      ASSERT_EQ(style.size(), 1u);
+      EXPECT_NEAR(style[0].y2, -wall.style, 1e-12);
+    }
+  }
+  EXPECT_TRUE(
+      Cylinder(kSpherical, {45, 90}).boxes({Field::ck_Triangolo}).linesIn(palette(9)).empty());
+}
+
+TEST(CylindricalProof, TheParabolasGeneratorsAreNoonAndTheVertex) {
+  for (const Wall& wall : {Wall{}, Wall{.convex = false}, Wall{60, 25, true, 0.3, 0.25}}) {
+    Cylinder dial(kParabola, wall);
+    dial.run();
+    const proof::Scene scene = *proof::sceneOf(dial.panel);
+    const auto tip = scene.casters.front().all.front()->nearest({}, {});
+    const auto noon = dial.linesIn(palette(4)), vertex = dial.linesIn(palette(1));
+    ASSERT_EQ(noon.size() + vertex.size(), 2u);
+    EXPECT_NEAR(noon[0].x1, scene.surface->shadow(*tip, scene.sky.towards({0, 0}))->x, 1e-8);
+    EXPECT_NEAR(scene.surface->place({vertex[0].x1, 0})->normal.y, -1, 1e-12);
+  }
+}
+
 }  // namespace
 }  // namespace dialwright
