@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "app/data_folder.hpp"
 #include "cli/errors.hpp"
 #include "numerics/numbers.hpp"
 
@@ -94,7 +95,7 @@ std::unique_ptr<Program> startProgram(const Request& request) {
   ProgramConfig config;
   config.workingFolder =
       request.folder.empty() ? configurationFolder() : std::filesystem::path(request.folder);
-  config.dataFolder = DIALWRIGHT_DATA_DIR;
+  config.dataFolder = dataFolder();
   config.language = request.language;
   auto program = std::make_unique<Program>(std::move(config));
   // What the sheet's buttons ask for in a window is said beforehand on a command line.
