@@ -391,6 +391,10 @@ TEST(CylindricalProof, TheHatsTrueNoonAndZone) {
   EXPECT_EQ(tropics.prove(false).tally(CurveFamily::Hours).ghosts, 231u);
   const std::size_t literal = tropics.tally(CurveFamily::Hours).genuine;
   EXPECT_GT(tropics.prove(true).tally(CurveFamily::Hours).genuine, literal + 100);
+  // A day that passes North runs across the whole strip.
+  Cylinder south(kHat, {.latitude = -35});
+  south.boxes({Field::Ck_DayLightCurves, Field::ck_Orizzonte}).prove(false);
+  EXPECT_EQ(south.tally(CurveFamily::Declinations).strays, 1u);
   for (const auto& [zone, left] : {std::pair{"0", 0.0}, {"-1", 0.1}}) {
     Cylinder dial(kHat);
     dial.boxes({Field::ck_Lemniscate, Field::ck_Orizzonte}).set(Field::TxtFuso, zone);
