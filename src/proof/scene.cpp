@@ -65,6 +65,11 @@ const Casters& Scene::castersOf(CurveFamily family) const {
   return casters.front();
 }
 
+bool Scene::isLit(const Place& place, Vec sunwards) const {
+  return sunwards.z >= kGrazing && dot(place.normal, sunwards) >= kGrazing &&
+         (!alsoLit || alsoLit(place, sunwards));
+}
+
 Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
     const std::optional<Place> place = surface->place(spot);
@@ -79,8 +84,7 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
   const std::optional<Place> place = surface->place(spot);
   if (!place) return nowhere(spot);
   Judgement judgement{.shadow = spot, .sunwards = sunwards};
-  judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
-                  (!alsoLit || alsoLit(*place, sunwards));
+  judgement.lit = isLit(*place, sunwards);
   const Casters& of = castersOf(family);
   const auto shadow = shadowOf(of, spot, sunwards);
   if (!shadow) {
@@ -101,7 +105,7 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
 // From the casters to what is known of the sun and back, until the direction stands.
 std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, const Sun& sun) const {
   Sun told;
-  Vec direction = place.normal;
+  Vec direction = place.normal, seen = direction;
   for (int round = 0; round < kMostRounds; ++round) {
     Vec through = direction;
     for (const auto& caster : of.all) {
@@ -109,11 +113,14 @@ std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, cons
       if (!nearest) return std::nullopt;
       through = unit(*nearest - place.at);
     }
+    seen = through;
     told = completed(sun, sky.of(through));
     through = sky.towards(told);
     if (length(through - direction) < kSameDirection) break;
     direction = through;
   }
+  // What looks up to the casters without being lit is no shadow of any hour or day.
+  if (!isLit(place, seen)) return std::nullopt;
   return told;
 }
 
@@ -121,7 +128,9 @@ std::optional<Punto> Scene::shadowOf(const Casters& of, Punto spot, Vec sunwards
   const auto nearest = [&](std::size_t caster, Punto from) -> std::optional<Punto> {
     const auto place = surface->place(from);
     const auto through = place ? of.all[caster]->nearest(place->at, sunwards) : std::nullopt;
-    return through ? surface->shadow(*through, sunwards) : std::nullopt;
+    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    if (!shadow) return std::nullopt;
+    return surface->imageNear(from, *shadow);
   };
   if (of.all.size() == 1) return nearest(0, spot);
   // To where the straight lines through two points of each shadow cross, until that is on both.

@@ -48,6 +48,7 @@ struct Scene {
   std::optional<Sun> sunThrough(const Casters& of, const Place& place, const Sun& sun) const;
   // The shadow's point nearest to a spot; nothing where there is no shadow, or two do not cross.
   std::optional<Punto> shadowOf(const Casters& of, Punto spot, Vec sunwards) const;
+  bool isLit(const Place& place, Vec sunwards) const;
 };
 
 }  // namespace dialwright::proof

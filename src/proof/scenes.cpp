@@ -12,11 +12,22 @@ struct SceneRow {
   SceneMaker make;
 };
 
+// clang-format off: a row a line
 constexpr SceneRow kScenes[] = {
-    {Item::mnuUni, universalDial},       {Item::mnuFontana_H3, fountain},
-    {Item::mnuBifvert, equiangularDial}, {Item::mnucatenaria, wireAndChain},
-    {Item::mnuBall, levelBall},          {Item::mnuBall_v, uprightBall},
+    {Item::mnuUni, universalDial},
+    {Item::mnuFontana_H3, fountain},
+    {Item::mnuBifvert, equiangularDial},
+    {Item::mnucatenaria, wireAndChain},
+    {Item::mnuBall, levelBall},
+    {Item::mnuBall_v, uprightBall},
+    {Item::M_Param, dottedCylinder},
+    {Item::M_CILINDRICI, dottedCylinder},
+    {Item::M_Parabolico, parabolicCylinder},
+    {Item::mnuCircp, dottedCylinder},
+    {Item::mnuCCs, sphericalCylinder},
+    {Item::mnuChapeau, filteringHat},
 };
+// clang-format on
 
 }  // namespace
 

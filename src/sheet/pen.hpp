@@ -80,7 +80,7 @@ class Pen {
   }
 
   void segment(Punto from, Punto to, const Meaning& meaning) {
-    const bool known = meaning.first.known();
+    const bool known = meaning.first.known() || meaning.second.known();
     if (known && judge_ != nullptr && !judge_->isTrack(from, to, meaning)) return;
     sheet_.xLine(from.x, sheetY(from.y), to.x, sheetY(to.y), colour_, style_);
     if (known && sheet_.list().keepsMeanings()) sheet_.list().meanLine(meaning);

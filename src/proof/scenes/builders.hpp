@@ -14,4 +14,9 @@ std::optional<Scene> wireAndChain(const Panel& panel);
 std::optional<Scene> levelBall(const Panel& panel);
 std::optional<Scene> uprightBall(const Panel& panel);
 
+std::optional<Scene> dottedCylinder(const Panel& panel);
+std::optional<Scene> parabolicCylinder(const Panel& panel);
+std::optional<Scene> sphericalCylinder(const Panel& panel);
+std::optional<Scene> filteringHat(const Panel& panel);
+
 }  // namespace dialwright::proof
