@@ -20,15 +20,23 @@ bool isUpright(const Run& run) { return run.panel[Item::mnuVertSph].checked; }
 
 bool isLevel(const Run& run) { return !isUpright(run) && std::abs(run.params.ReclinGradi) == 90; }
 
-// Only the universal dial takes its reclination to these curves.
+// Only the universal dial takes its reclination to these curves; with true shadows every dial that
+// has one.
 void readReclination(Run& run) {
   DialParams& p = run.params;
-  p.ReclinRad = run.panel[Item::mnuUni].checked ? p.radians(p.ReclinGradi) : 0;
+  const bool takes = run.trueShadows() ? !isUpright(run) : run.panel[Item::mnuUni].checked;
+  p.ReclinRad = takes ? p.radians(p.ReclinGradi) : 0;
 }
 
-double horizonOf(const DialParams& p) { return p.Stilo * std::tan(p.ReclinRad); }
+double horizonOf(const Run& run) {
+  return horizonLimit(run, run.params.Stilo * std::tan(run.params.ReclinRad));
+}
 
 }  // namespace
+
+double horizonLimit(const Run& run, double height) {
+  return run.trueShadows() ? HUGE_VAL : height;
+}
 
 Piano planeOf(const DialParams& p) {
   return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad};
@@ -44,17 +52,26 @@ void CurvaAsr(Run& run) {
   const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
   const double s = signOrOne(p.LatRad);
   const bool level = isLevel(run);
-  double altitude = 0, H = 0;
+  // The hour angle of the prayer on a day whose noon sun stands so far from the zenith; a fault
+  // where the sun does not get there.
+  const auto prayer = [&](double fromZenith, double d) {
+    const double altitude = arctan(over(1, 1 + std::tan(fromZenith)));
+    return p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s;
+  };
+  double H = 0;
   Punto point;
   for (const double degrees : run.sweep(-kSolstice, kSolstice, 0.05)) {
     const double d = p.radians(degrees);
-    assign(altitude, arctan(over(1, 1 + std::tan((p.LatRad - d) * s))));
-    assign(H, p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s);
+    const double fromZenith = (p.LatRad - d) * s;
+    // North of the zenith the noon shadow's length comes out negative.
+    const double own = prayer(std::abs(fromZenith), d);
+    assign(H, run.trueShadows() || fromZenith >= 0 ? own : prayer(fromZenith, d));
     assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
+    const Sun sun{sound(own) ? own : p.PiGreco, d};
     // A level plane, whose horizon is infinitely far, has its points in any case.
-    const auto mark = [&] { dot(run.sheet, {s * point.x, s * point.y}, kAsrInk, {H, d}); };
-    if (s * point.y <= s * p.LimiteOrizzonte) mark();
-    if (level) mark();
+    const auto mark = [&] { dot(run.sheet, {s * point.x, s * point.y}, kAsrInk, sun); };
+    if (s * point.y <= s * horizonLimit(run, p.LimiteOrizzonte)) mark();
+    if (level && !run.trueShadows()) mark();
   }
 }
 
@@ -72,15 +89,20 @@ class Qibla {
         window_(run),
         project_(planeOf(p_)),
         s_(signOrOne(p_.LatRad)),
-        horizon_(horizonOf(p_)),
+        horizon_(horizonOf(run)),
         level_(isLevel(run)) {
     const double away = p_.radians(run.number(Field::txtQlon) - run.number(Field::txtLON));
     const double target = p_.radians(run.number(Field::txtQlat));
     const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
+    const double southward = sinLat * std::cos(away) - cosLat * std::tan(target);
     double tangent = 0;
-    assign(tangent, over(std::sin(away), sinLat * std::cos(away) - cosLat * std::tan(target)));
-    azimuth_ = p_.degrees(arctan(tangent));
+    assign(tangent, over(std::sin(away), southward));
     b_ = arctan(sinLat * tangent);
+    // The whole circle tells a place in the North from the direction opposite to it.
+    const double azimuth = std::atan2(std::sin(away), southward);
+    own_ = std::atan2(sinLat * std::sin(azimuth), std::cos(azimuth));
+    if (run.trueShadows()) b_ = own_;
+    azimuth_ = p_.degrees(run.trueShadows() ? azimuth : arctan(tangent));
     sinB_ = std::sin(b_);
     tanLat_ = std::tan(p_.LatRad);
   }
@@ -118,7 +140,9 @@ class Qibla {
     const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
     if (!(std::abs(g) <= 1)) return;
     const double H = s_ * (b_ - p_.ArcSin(g));
-    const Sun sun{H, p_.radians(degrees)};
+    // The sun over the place itself; of the opposite direction's arc the other end of it.
+    const Sun sun{std::cos(own_ - b_) < 0 ? H + p_.PiGreco + 2 * s_ * p_.ArcSin(g) : H,
+                  p_.radians(degrees)};
     assign(point_, project_(std::sin(H), std::cos(H), tangent));
     if (!window_.holds(point_)) return;
     const bool sunUp = s_ * point_.y <= s_ * horizon_;
@@ -141,6 +165,7 @@ class Qibla {
   bool level_;
   double azimuth_ = 0;  // of the Qibla, degrees from the South, West positive
   double b_ = 0, sinB_ = 0, tanLat_ = 0;
+  double own_ = 0;  // b of the place's own direction
   Punto point_;
 };
 
@@ -160,10 +185,12 @@ void LineeAzimut(Run& run) {
   assign(p.DeclGradi, run.number(Field::txtDecl));
   wrapDeclination(p);
   readReclination(run);
-  if (p.LatRad == 0 || !run.on(Field::ckAz)) return;
+  // Those of the northern half, and those of the equator, are for true shadows alone.
+  const bool all = run.trueShadows();
+  if ((p.LatRad == 0 && !all) || !run.on(Field::ckAz)) return;
   const Window window(run);
   const Projection project(planeOf(p));
-  const double horizon = horizonOf(p);
+  const double horizon = horizonOf(run);
   const double sinLat = std::sin(p.LatRad), tanLat = std::tan(p.LatRad);
   Pen pen(run.sheet);
   pen.dip(
@@ -171,9 +198,10 @@ void LineeAzimut(Run& run) {
   SolarDays days(p, p.LatRad);
   double H = 0;
   Punto point;
-  for (const double azimuth : run.sweep(-90, 90, 15)) {
-    const double b = arctan(sinLat * std::tan(p.radians(azimuth)));
-    const double slope = over(std::sin(b), tanLat);
+  for (const double azimuth : all ? run.sweep(-165, 180, 15) : run.sweep(-90, 90, 15)) {
+    const double A = p.radians(azimuth), tanA = std::tan(A);
+    const double b = all ? std::atan2(sinLat * std::sin(A), std::cos(A)) : arctan(sinLat * tanA);
+    const double slope = p.LatRad == 0 ? std::copysign(tanA, std::sin(A)) : over(std::sin(b), tanLat);
     for (const SolarDay& day : days.of(run.sweep(-kSolstice, kSolstice, 0.05))) {
       assign(H, b - p.ArcSin(day.tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), day.tangent));
@@ -196,9 +224,10 @@ void CurveAlmucantarat(Run& run) {
   if (p.LatRad < 0) return;
   const Window window(run);
   const Projection project(planeOf(p));
-  const double horizon = horizonOf(p);
+  const double horizon = horizonOf(run);
   const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
-  const double highest = 90 - run.number(Field::txtLAT) + kSolstice;
+  double highest = 90 - run.number(Field::txtLAT) + kSolstice;
+  if (run.trueShadows()) highest = std::min(highest, 89.9);
   const double step = 0.005 * run.number(Field::txt_Definition);
   Pen pen(run.sheet, kSkyGap);
   pen.dip({.colour = palette(7),
