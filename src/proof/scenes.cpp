@@ -13,12 +13,9 @@ struct SceneRow {
 };
 
 constexpr SceneRow kScenes[] = {
-    {Item::M_Light, wallDial},
-    {Item::M_Inclinati, reclinedDial},
-    {Item::M_Proiettivo, reclinedDial},
-    {Item::M_nProiettivo, reclinedDial},
-    {Item::M_Frinter, wallDial},
-    {Item::mnuVertSph, wallDial},
+    {Item::M_Light, wallDial},          {Item::M_Inclinati, reclinedDial},
+    {Item::M_Proiettivo, reclinedDial}, {Item::M_nProiettivo, reclinedDial},
+    {Item::M_Frinter, wallDial},        {Item::mnuVertSph, wallDial},
     {Item::mnuUni, universalDial},
 };
 

@@ -60,8 +60,24 @@ class PlaneSuns {
   bool asked_;
 };
 
+// A stretch whose suns are lit: one stroke where the sun half way between those of its ends is half
+// way along it, else halves, since the sun may run unevenly.
+template <class SunAt>
+void litStretch(SheetPlot& sheet, ShadowJudge& judge, Punto from, Punto to, const Ink& ink,
+                SunAt sunAt, int depth) {
+  constexpr int kMostHalvings = 6;
+  const Sun first = sunAt(from), second = sunAt(to);
+  if (depth == kMostHalvings || judge.isTrack(from, to, {ink.family, first, second})) {
+    line(sheet, from, to, ink, first, second);
+    return;
+  }
+  const Punto half{(from.x + to.x) / 2, (from.y + to.y) / 2};
+  litStretch(sheet, judge, from, half, ink, sunAt, depth + 1);
+  litStretch(sheet, judge, half, to, ink, sunAt, depth + 1);
+}
+
 // The part of a straight line that shadows follow. Without a judge it is the whole line; with one,
-// each stretch of it whose suns are lit, as one stroke. `sunAt` tells the sun of a point.
+// each stretch of it whose suns are lit. `sunAt` tells the sun of a point.
 template <class SunAt>
 void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt) {
   ShadowJudge* judge = sheet.judge();
@@ -87,7 +103,7 @@ void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt
   };
   double begin = -1, last = -1;  // of the stretch of the moment, as parts of the line
   const auto draw = [&](double end) {
-    if (end > begin) line(sheet, at(begin), at(end), ink, sunAt(at(begin)), sunAt(at(end)));
+    if (end > begin) litStretch(sheet, *judge, at(begin), at(end), ink, sunAt, 0);
     begin = -1;
   };
   for (int i = 0; i <= kPieces; ++i) {

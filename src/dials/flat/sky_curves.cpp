@@ -34,9 +34,7 @@ double horizonOf(const Run& run) {
 
 }  // namespace
 
-double horizonLimit(const Run& run, double height) {
-  return run.trueShadows() ? HUGE_VAL : height;
-}
+double horizonLimit(const Run& run, double height) { return run.trueShadows() ? HUGE_VAL : height; }
 
 Piano planeOf(const DialParams& p) {
   return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad};
@@ -201,7 +199,8 @@ void LineeAzimut(Run& run) {
   for (const double azimuth : all ? run.sweep(-165, 180, 15) : run.sweep(-90, 90, 15)) {
     const double A = p.radians(azimuth), tanA = std::tan(A);
     const double b = all ? std::atan2(sinLat * std::sin(A), std::cos(A)) : arctan(sinLat * tanA);
-    const double slope = p.LatRad == 0 ? std::copysign(tanA, std::sin(A)) : over(std::sin(b), tanLat);
+    const double slope =
+        p.LatRad == 0 ? std::copysign(tanA, std::sin(A)) : over(std::sin(b), tanLat);
     for (const SolarDay& day : days.of(run.sweep(-kSolstice, kSolstice, 0.05))) {
       assign(H, b - p.ArcSin(day.tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), day.tangent));

@@ -74,8 +74,8 @@ class Drawing : PanelDrawing {
   }
 
   void trace(Pen& pen, Punto point, bool pastStart, const Sun& sun) const {
-    pen.visit(point, TracciaCurva(window_, horizonLimit(run_, p_.LimiteOrizzonte), point, pastStart),
-              sun);
+    pen.visit(point,
+              TracciaCurva(window_, horizonLimit(run_, p_.LimiteOrizzonte), point, pastStart), sun);
   }
 
   void ImpostaUniversale();
@@ -326,8 +326,8 @@ void Drawing::styleInWindow(const PolarStyle& style, Punto tip) {
   if (const auto substyle = clippedLine({0, 0}, pole, window_))
     line(sheet_, substyle->b, substyle->a, {palette(12), sheet_.layer("sottostilo")});
   const Punto way{style.centre.x - tip.x, style.centre.y - tip.y};
-  const auto laid = style.hasCentre() ? clippedLine(tip, way, window_, 0, 1)
-                                      : clippedLine(tip, pole, window_);
+  const auto laid =
+      style.hasCentre() ? clippedLine(tip, way, window_, 0, 1) : clippedLine(tip, pole, window_);
   if (laid) line(sheet_, laid->b, laid->a, {palette(15), sheet_.layer("assostilo")});
 }
 

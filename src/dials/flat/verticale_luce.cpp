@@ -56,9 +56,7 @@ class Drawing : PanelDrawing {
   void conicHours(double side, const Ink& ink);
 
   void OreAstronomiche();
-  double hourAngle(double H) const {
-    return p_.radians(H) - p_.CorrFuso * p_.UsaLongitudine;
-  }
+  double hourAngle(double H) const { return p_.radians(H) - p_.CorrFuso * p_.UsaLongitudine; }
   Punto hourPoint(double H, double f);
   void LineeOrarie();
   void CurveDeclinazione();
@@ -140,14 +138,13 @@ void Drawing::StiloConico() {
   writeEccentricity(run_);
   if (p_.LatGradi == 0 || p_.LatGradi == 90) return;
   if (on(Field::ck_Italiche)) {
-    conicHours(-1, {.colour = kItalicPink,
-                    .layer = sheet_.layer("ita"),
-                    .family = CurveFamily::Italic});
+    conicHours(
+        -1, {.colour = kItalicPink, .layer = sheet_.layer("ita"), .family = CurveFamily::Italic});
   }
   if (on(Field::ck_babiloniche)) {
-    conicHours(+1, {.colour = palette(13),
-                    .layer = sheet_.layer("bab"),
-                    .family = CurveFamily::Babylonian});
+    conicHours(
+        +1,
+        {.colour = palette(13), .layer = sheet_.layer("bab"), .family = CurveFamily::Babylonian});
   }
 }
 

@@ -311,9 +311,8 @@ void Drawing::LineaEquinoxV() {
   constexpr double kFirstDrawn = -90;
   const SolarDay day = solarDay(p_, p_.LatRad, 0);
   Pen pen(sheet_, kDayGap);
-  pen.dip({.colour = palette(9),
-           .layer = sheet_.layer("equinox"),
-           .family = CurveFamily::Equinoctial});
+  pen.dip(
+      {.colour = palette(9), .layer = sheet_.layer("equinox"), .family = CurveFamily::Equinoctial});
   UprightShadow shadow(run_);
   for (const double t : declinations(-kReach, kReach)) {
     const double H = p_.radians(t);
