@@ -5,6 +5,7 @@
 
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
+#include "dials/trig.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
 
@@ -97,10 +98,8 @@ class Qibla {
     assign(tangent, over(std::sin(away), southward));
     b_ = arctan(sinLat * tangent);
     // The whole circle tells a place in the North from the direction opposite to it.
-    const double azimuth = std::atan2(std::sin(away), southward);
-    own_ = std::atan2(sinLat * std::sin(azimuth), std::cos(azimuth));
-    if (run.trueShadows()) b_ = own_;
-    azimuth_ = p_.degrees(run.trueShadows() ? azimuth : arctan(tangent));
+    towards_ = Trig(std::atan2(std::sin(away), southward));
+    azimuth_ = p_.degrees(run.trueShadows() ? towards_.angle : arctan(tangent));
     sinB_ = std::sin(b_);
     tanLat_ = std::tan(p_.LatRad);
   }
@@ -137,10 +136,24 @@ class Qibla {
     const double tangent = std::tan(p_.radians(degrees));
     const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
     if (!(std::abs(g) <= 1)) return;
-    const double H = s_ * (b_ - p_.ArcSin(g));
-    // The sun over the place itself; of the opposite direction's arc the other end of it.
-    const Sun sun{std::cos(own_ - b_) < 0 ? H + p_.PiGreco + 2 * s_ * p_.ArcSin(g) : H,
-                  p_.radians(degrees)};
+    // A day's sun meets the vertical plane of the direction twice.
+    const double H = s_ * (b_ - p_.ArcSin(g)), other = s_ * (b_ + p_.PiGreco + p_.ArcSin(g));
+    if (!run_.trueShadows()) {
+      mark(H, {isOver(H, tangent) ? H : other, p_.radians(degrees)}, tangent);
+      return;
+    }
+    for (const double each : {H, other}) {
+      if (isOver(each, tangent)) mark(each, {each, p_.radians(degrees)}, tangent);
+    }
+  }
+
+  // True when the sun stands over the place and not opposite to it.
+  bool isOver(double H, double tangent) const {
+    const double southward = std::sin(p_.LatRad) * std::cos(H) - std::cos(p_.LatRad) * tangent;
+    return std::sin(H) * towards_.sine + southward * towards_.cosine > 0;
+  }
+
+  void mark(double H, const Sun& sun, double tangent) {
     assign(point_, project_(std::sin(H), std::cos(H), tangent));
     if (!window_.holds(point_)) return;
     const bool sunUp = s_ * point_.y <= s_ * horizon_;
@@ -163,7 +176,7 @@ class Qibla {
   bool level_;
   double azimuth_ = 0;  // of the Qibla, degrees from the South, West positive
   double b_ = 0, sinB_ = 0, tanLat_ = 0;
-  double own_ = 0;  // b of the place's own direction
+  Trig towards_;  // the direction of the place in the whole circle
   Punto point_;
 };
 
@@ -202,11 +215,12 @@ void LineeAzimut(Run& run) {
     const double slope =
         p.LatRad == 0 ? std::copysign(tanA, std::sin(A)) : over(std::sin(b), tanLat);
     for (const SolarDay& day : days.of(run.sweep(-kSolstice, kSolstice, 0.05))) {
-      assign(H, b - p.ArcSin(day.tangent * slope));
+      // A day whose sun does not come there has the hour of the day before; midnight stands for it.
+      const bool comes = assign(H, b - p.ArcSin(day.tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), day.tangent));
       pen.visit(point,
                 drawIf(point.y <= horizon && window.holds(point) && day.degrees > -kSolstice),
-                {H, day.radians});
+                {comes ? H : p.PiGreco, day.radians});
     }
   }
 }
@@ -225,8 +239,7 @@ void CurveAlmucantarat(Run& run) {
   const Projection project(planeOf(p));
   const double horizon = horizonOf(run);
   const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
-  double highest = 90 - run.number(Field::txtLAT) + kSolstice;
-  if (run.trueShadows()) highest = std::min(highest, 89.9);
+  const double highest = 90 - run.number(Field::txtLAT) + kSolstice;
   const double step = 0.005 * run.number(Field::txt_Definition);
   Pen pen(run.sheet, kSkyGap);
   pen.dip({.colour = palette(7),

@@ -224,8 +224,16 @@ void Drawing::LineeOrarie() {
   const double top = std::abs(p_.DeclGradi) > kSideWall ? 1 : centre_.y;
   const double elevationSine = std::sin(p_.ElevStilo);
   const double reach = over(-p_.Stilo, std::cos(p_.ElevStilo));
+  // A side wall on the equator has level lines.
+  const bool level = run_.trueShadows() && p_.LatGradi == 0 && !hasCentre(p_);
+  const Projection project(planeOf(p_));
   double a = 0, foot = 0, x0 = 0, m = 0;
   for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
+    if (level) {
+      const Retta hour = project.hourLine(hourAngle(H));
+      hourStroke({-1, hour.yAt(-1)}, {1, hour.yAt(1)}, hourAngle(H), palette(hourInk(H)));
+      continue;
+    }
     const double t = std::tan(-p_.OrarioSustilare - w - p_.radians(H));
     assign(a, -(elevationSine * t));
     assign(foot, reach * t);
@@ -310,6 +318,7 @@ std::vector<MeanNoon> Drawing::yearOfNoons() {
   // measured with it.
   p_.PiGreco = kAnalemmaPi;
   const double tilt = p_.radians(obliquity(47));
+  const Projection project(planeOf(p_));
   std::vector<MeanNoon> year;
   MeanNoon noon;
   ConicSet conic;
@@ -318,10 +327,14 @@ std::vector<MeanNoon> Drawing::yearOfNoons() {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     if (equator && facesPole) {
       noonAtEquator(sun, noon);
-    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v)) {
+    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v) && !run_.trueShadows()) {
       continue;
     }
-    noon.sun = {sun.equationOfTime - p_.CorrFuso, sun.declination};
+    const double H = sun.equationOfTime - p_.CorrFuso;
+    noon.sun = {H, sun.declination};
+    // The conics of a side wall on the equator have no such meeting.
+    if (run_.trueShadows() && equator)
+      assign(noon.at, project(std::sin(H), std::cos(H), std::tan(sun.declination)));
     year.push_back(noon);
   }
   return year;
