@@ -29,6 +29,7 @@ groups[check]="
   clang-tidy-19         # the linter, of a version that reads all of C++20
   python3               # the checks that look at the program from outside
   python3-ezdxf         # an independent reader of our DXF
+  python3-ephem         # an independent almanac
   librsvg2-bin          # an independent reader of our SVG
   poppler-utils         # an independent reader of our PDF
 "

@@ -206,6 +206,10 @@ std::string Program::viewer() const {
   return line;
 }
 
+Board Program::openBoard() {
+  return Board(panel_, [this](std::string_view text) { return T(text); });
+}
+
 void Program::DisegnaCampionario() {
   const Ports all = portsOfRun();
   Run run(panel_, params_, sheet_, all);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/drivers.hpp"
+#include "board/board.hpp"
 #include "persist/dizionario.hpp"
 #include "persist/parametri.hpp"
 #include "persist/project.hpp"
@@ -54,6 +55,7 @@ class Program {
   Program& operator=(const Program&) = delete;
 
   Panel& panel() { return panel_; }
+  const Panel& panel() const { return panel_; }
   DialParams& params() { return params_; }
   SheetPlot& sheet() { return sheet_; }
   const SheetPlot& sheet() const { return sheet_; }
@@ -109,6 +111,9 @@ class Program {
   // The viewer of exported drawings: the first line of "viewer.txt" in the working folder; empty
   // without one.
   std::string viewer() const;
+
+  // A utility board on this program's panel, in its language. The program must outlive it.
+  Board openBoard();
 
   // Draws the specimen of the lettering instead of a dial.
   void DisegnaCampionario();

@@ -10,6 +10,7 @@
 #include "cli/errors.hpp"
 #include "cli/manual.hpp"
 #include "cli/request.hpp"
+#include "cli/shadow.hpp"
 #include "cli/words.hpp"
 
 namespace dialwright {
@@ -105,6 +106,14 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   addPresses(open, request);
   addOutputs(open, request);
 
+  CLI::App& board =
+      add("board", "the utility board: sun, equation of time, sunrise, a wall's declination",
+          commandBoard);
+  board.add_option("NAME=VALUE", request.words,
+                   "the board's fields, from left to right; without a date it is today at 0 h UT");
+  board.add_flag("--now", request.now, "the present date and UT, which assignments may change");
+  board.add_flag("--json", request.json, "the figures by name, as JSON");
+
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
   pages.add_option("ITEM", request.item, "menu item or program number")->required();
   pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
@@ -129,6 +138,21 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   prove.add_flag("--json", request.json, "as JSON");
   addPresses(prove, request);
   addOutputs(prove, request);
+
+  CLI::App& shadow =
+      add("shadow", "the shadow on a dial at a moment, or at a row of moments", commandShadow);
+  shadow.add_option("ITEM", request.item, "menu item or program number")->required();
+  shadow.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+  shadow.add_option("--date", request.date, "the day, as in 2026-06-21")->type_name("D");
+  shadow.add_option("--time", request.time, "the time of the zone's clock, as in 10:30")
+      ->type_name("T");
+  shadow.add_option("--from", request.from, "the first time of a day, or the first day of a year")
+      ->type_name("D|T");
+  shadow.add_option("--to", request.to, "the last one")->type_name("D|T");
+  shadow.add_option("--step", request.step, "minutes from time to time, or days from day to day")
+      ->type_name("N");
+  addPresses(shadow, request);
+  addOutputs(shadow, request);
 
   CLI::App& save = add("save", "write a project", commandSave);
   save.add_option("ITEM", request.item, "menu item or program number")->required();

@@ -58,11 +58,16 @@ void openProject(Program& program, const std::string& path) {
 
 }  // namespace
 
-void commandRun(const Request& request) {
-  const Item dial = dialOf(request.item);
-  const std::vector<Output> outputs = outputsOf(request);
-  const auto program = startDial(dial, request.words, request);
+std::unique_ptr<Program> drawnDial(const Request& request) {
+  auto program = startDial(dialOf(request.item), request.words, request);
   runAndPress(*program, request);
+  return program;
+}
+
+void commandRun(const Request& request) {
+  dialOf(request.item);  // a wrong word is told before anything else
+  const std::vector<Output> outputs = outputsOf(request);
+  const auto program = drawnDial(request);
   writeOutputs(*program, outputs, request);
 }
 
@@ -99,10 +104,9 @@ void commandProve(const Request& request) {
 }
 
 void commandPages(const Request& request) {
-  const Item dial = dialOf(request.item);
+  dialOf(request.item);
   requirePdf(request.outputs);
-  const auto program = startDial(dial, request.words, request);
-  runAndPress(*program, request);
+  const auto program = drawnDial(request);
   PagesOptions options;
   options.numbers = request.pages;
   if (request.colour) options.inks = Inks::Paper;

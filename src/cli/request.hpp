@@ -35,8 +35,12 @@ struct Request {
   bool colour = false;
   bool dark = false;
   bool json = false;
+  bool now = false;
   bool bash = false;
   bool mark = false;
+  std::string date, time;             // of the clock
+  std::string from, to;               // a row of moments
+  double step = 0;                    // minutes or days
   double within = 0.05;               // millimetres
   const CLI::App* grammar = nullptr;  // the command line's own
 };

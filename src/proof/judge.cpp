@@ -16,12 +16,6 @@ bool same(const Sun& a, const Sun& b) {
   return same(a.hourAngle, b.hourAngle) && same(a.declination, b.declination);
 }
 
-// Half way from one sun to the other, the shorter way round.
-Sun middle(const Sun& a, const Sun& b) {
-  const double turn = std::remainder(b.hourAngle - a.hourAngle, 2 * kPi);
-  return {a.hourAngle + turn / 2, (a.declination + b.declination) / 2};
-}
-
 double distanceToChord(Punto p, Punto a, Punto b) {
   const double dx = b.x - a.x, dy = b.y - a.y;
   const double square = dx * dx + dy * dy;
@@ -52,10 +46,11 @@ bool SceneJudge::isTrack(Punto from, Punto to, const Meaning& meaning) {
   return strayOfMiddle(from, to, meaning) <= within_;
 }
 
-double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const {
+double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) {
   const Punto half{(from.x + to.x) / 2, (from.y + to.y) / 2};
-  const Judgement judgement =
-      scene_.judge(half, meaning.family, middle(meaning.first, meaning.second));
+  const Vec sunwards = unit(judge(from, meaning.family, meaning.first).sunwards +
+                            judge(to, meaning.family, meaning.second).sunwards);
+  const Judgement judgement = scene_.judge(half, meaning.family, sunwards);
   if (!(judgement.miss < HUGE_VAL)) return judgement.miss;
   const double bend = kBend * std::hypot(to.x - from.x, to.y - from.y);
   return std::max(0.0, distanceToChord(judgement.shadow, from, to) - bend);

@@ -40,9 +40,9 @@ class SceneJudge : public ShadowJudge {
 
   // The judgement of a sample; neighbouring strokes share an end, which is judged once.
   Judgement judge(Punto at, CurveFamily family, const Sun& sun);
-  // How far the shadow of the middle sun lies from a chord, less what a chord of a bent line is
-  // allowed, metres.
-  double strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const;
+  // How far the shadow of the sun half way between those of the ends lies from a chord, less what a
+  // chord of a bent line is allowed, metres.
+  double strayOfMiddle(Punto from, Punto to, const Meaning& meaning);
 
   Scene scene_;
   double within_;

@@ -21,6 +21,11 @@ Sun completed(const Sun& sun, const Sun& told) {
           std::isnan(sun.declination) ? told.declination : sun.declination};
 }
 
+// The judgement of a point off the surface.
+Judgement nowhere(Punto spot) {
+  return {.lit = false, .miss = kInfinity, .minutes = kInfinity, .shadow = spot, .sunwards = {}};
+}
+
 double distance(Punto a, Punto b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 }  // namespace
@@ -33,24 +38,29 @@ const Casters& Scene::castersOf(CurveFamily family) const {
 }
 
 Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
-  Judgement judgement{.lit = false, .miss = kInfinity, .minutes = kInfinity, .shadow = spot};
-  const std::optional<Place> place = surface->place(spot);
-  if (!place) return judgement;
-  const Casters& of = castersOf(family);
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
+    const std::optional<Place> place = surface->place(spot);
+    if (!place) return nowhere(spot);
     // Twice: the nearest point of a caster depends on the sun itself.
+    Sun told;
     for (int i = 0; i < 2; ++i) {
-      const Vec guess = sky.towards(completed(sun, {0, 0}));
-      const auto through = of.all.front()->nearest(place->at, guess);
-      if (!through) return judgement;
-      sun = completed(sun, sky.of(*through - place->at));
+      const Vec guess = sky.towards(completed(sun, completed(told, {0, 0})));
+      const auto through = castersOf(family).all.front()->nearest(place->at, guess);
+      if (!through) return nowhere(spot);
+      told = sky.of(*through - place->at);
     }
+    sun = completed(sun, told);
   }
-  const Vec sunwards = sky.towards(sun);
+  return judge(spot, family, sky.towards(sun));
+}
+
+Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
+  const std::optional<Place> place = surface->place(spot);
+  if (!place) return nowhere(spot);
+  Judgement judgement{.shadow = spot, .sunwards = sunwards};
   judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
                   (!alsoLit || alsoLit(*place, sunwards));
-  judgement.miss = judgement.minutes = 0;
-  for (const auto& caster : of.all) {
+  for (const auto& caster : castersOf(family).all) {
     const auto through = caster->nearest(place->at, sunwards);
     const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
     const double miss = shadow ? distance(*shadow, spot) : kInfinity;
@@ -60,8 +70,8 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
     if (!shadow) continue;
     judgement.shadow = *shadow;
     if (miss < kNoWay) continue;
-    const auto later =
-        surface->shadow(*through, sky.towards({sun.hourAngle + kMinute, sun.declination}));
+    const Vec west = cross(sunwards, sky.pole());
+    const auto later = surface->shadow(*through, unit(sunwards + kMinute * west));
     judgement.minutes = later ? miss / distance(*shadow, *later) : kInfinity;
   }
   return judgement;

@@ -19,6 +19,7 @@ struct Judgement {
   double miss = 0;     // metres from the shadow on the drawing; infinity where there is none
   double minutes = 0;  // that the shadow needs for the way
   Punto shadow;        // where the shadow is, when there is one
+  Vec sunwards;        // towards the sun that was asked for
 };
 
 // A point belongs to a shadow where each of the casters of its family hides the sun: one for most
@@ -38,6 +39,8 @@ struct Scene {
   const Casters& castersOf(CurveFamily family) const;
   // Of a sun that leaves one of its numbers open, the one that the point itself tells is taken.
   Judgement judge(Punto spot, CurveFamily family, Sun sun) const;
+  // The same for a direction of length 1.
+  Judgement judge(Punto spot, CurveFamily family, Vec sunwards) const;
 };
 
 }  // namespace dialwright::proof

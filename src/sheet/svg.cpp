@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <numbers>
 #include <numeric>
 #include <string>
@@ -245,7 +246,12 @@ ArcShape shapeOf(double startAngle, double endAngle) {
 class SvgWriter {
  public:
   SvgWriter(const SheetPlot& sheet, const Sink& sink, const SvgOptions& options)
-      : sheet_(sheet), list_(sheet.list()), dark_(options.dark), out_(sink), inks_(options.dark) {}
+      : sheet_(sheet),
+        list_(sheet.list()),
+        options_(options),
+        dark_(options.dark),
+        out_(sink),
+        inks_(options.dark) {}
 
   void write() {
     open();
@@ -259,6 +265,7 @@ class SvgWriter {
  private:
   void open();
   void layer(const ItemsByLayer& items, std::size_t n);
+  void turnOf(const std::string& name);
   void texts();
   void text(const TextRecord& record);
 
@@ -285,6 +292,7 @@ class SvgWriter {
 
   const SheetPlot& sheet_;
   const DisplayList& list_;
+  const SvgOptions& options_;
   bool dark_;
   OutputBuffer out_;
   Inks inks_;
@@ -318,9 +326,28 @@ void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
   openGroup("layer" + std::to_string(n + 1), list_.name(id));
   if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
+  turnOf(list_.name(id));
   items.visit(n, [this](const Item& item) { drawItem(item); });
   joiner_.close();
   out_ << "</g>\n";
+}
+
+// Shows a layer that takes turns in its own time only, with its name in the sheet's corner.
+void SvgWriter::turnOf(const std::string& name) {
+  const auto& all = options_.takeTurns;
+  const auto at = std::find(all.begin(), all.end(), name);
+  if (at == all.end()) return;
+  const auto whole = static_cast<double>(all.size());
+  const double begin = static_cast<double>(at - all.begin()) / whole, end = begin + 1 / whole;
+  std::array<char, 256> text{};
+  std::snprintf(text.data(), text.size(),
+                "<animate attributeName=\"visibility\" values=\"%s;visible;hidden\" "
+                "keyTimes=\"0;%.6f;%.6f\" calcMode=\"discrete\" dur=\"%.3fs\" "
+                "repeatCount=\"indefinite\"/>\n",
+                begin > 0 ? "hidden" : "visible", begin, std::min(end, 0.999999),
+                options_.secondsEach * whole);
+  out_ << text.data() << "<text x=\"10\" y=\"20\" font-family=\"DejaVu Sans\" font-size=\"12\" "
+       << "stroke=\"none\" fill=\"" << inks_.of(kWhite) << "\">" << escaped(name) << "</text>\n";
 }
 
 void SvgWriter::drawItem(const Item& item) {

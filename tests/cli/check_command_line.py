@@ -11,6 +11,7 @@ import stat
 import subprocess
 import sys
 import tempfile
+import time
 import xml.etree.ElementTree as ElementTree
 
 PROGRAM = sys.argv[2]
@@ -94,6 +95,23 @@ def usage_errors():
         done = run(*arguments, status=2)
         expect(word in done.stderr, f"{arguments} should name {word}: {done.stderr}")
         expect(done.stdout == "", f"{arguments}: nothing on standard output")
+
+
+def board():
+    moment = ("txtDay=21", "TXTMONTH=6", "txtYear=2024", "txtHH=12")
+    text = run("board", *moment).stdout
+    expect(text.startswith("Sun's Azimuth   ") and "\r" not in text, "the results, in this system's lines")
+    told = json.loads(run("board", *moment, "txtLatG=30", "cmdSignLON=+", "ckDst=1", "--json").stdout)
+    expect(f"{told['fields']['txtLAT'][:6]} {told['fields']['txtLON']}" == "30.743 7.6438", "the notations follow")
+    expect(told["fields"]["ckDst"] is True and 23.43 < told["figures"]["declination"] < 23.44, "figures")
+    expect(float(told["panel"]["txtDelta"]) - told["figures"]["declination"] < 1e-9, "what the panel receives")
+    expect("TxtDate" in json.loads(run("board", "--json").stdout)["panel"], "today at 0 h tells the transit")
+    expect("altezza del Sole" in run("board", "--lang", "it").stdout, "--lang")
+    for word, near in (("txtLatt=3", "txtLAT"), ("ckDst=x", "1 or 0"), ("cmdSignLAT=3", "+ or -"), ("3", "NAME=VALUE")):
+        expect(near in run("board", word, status=2).stderr, f"board {word} should name {near}")
+    before = time.time()
+    now = json.loads(run("board", "--now", "--json").stdout)["figures"]["julianDay"]
+    expect(before - 2 < (now - 2440587.5) * 86400 < time.time() + 2, "--now")
 
 
 def refusals_and_files():
@@ -206,14 +224,55 @@ def viewer():
     expect(os.path.exists(os.path.join(FOLDER, "seen")), "a configured viewer is started")
 
 
+def proof_and_shadow():
+    literal = {row["layer"]: row for row in json.loads(run("prove", "7", "--json").stdout)}
+    every = literal["all"]
+    expect(every["ghosts"] > 0 and every["strays"] == 0, f"program 7 has ghosts and no strays: {every}")
+    expect(every["strokes"] == every["true"] + every["ghosts"], "each stroke has one finding")
+    true = json.loads(run("prove", "7", "--json", "--true").stdout)[-1]
+    expect(true["strokes"] == true["true"] == every["true"], f"--true keeps the true ones alone: {true}")
+    expect(len(run("prove", "7").stdout.splitlines()) == len(literal) + 1, "a row a layer and a head")
+    run("prove", "7", "--mark", "-o", "marked.csv")
+    grey = sum(row["colour"] == "8421504" for row in rows_of(read("marked.csv")))
+    expect(grey >= every["ghosts"], "ghosts are marked in grey")
+    said = run("run", "7", "-o", "g.csv").stderr
+    expect(f"{every['ghosts']} of {every['strokes']} strokes are no shadows; --true" in said, f"remark: {said}")
+    expect(run("run", "7", "-q", "-o", "h.csv").stderr == "", "--quiet silences the remark")
+    expect(run("run", "7", "--true", "-o", "h.csv").stderr == "", "nothing to remark with --true")
+    run("prove", "mnuBall2", status=1)
+    run("prove", "7", "--within", "0", status=2)
+
+    moment = ["shadow", "7", "-q", "--date", "2026-06-21", "--time", "10:30"]
+    told = run(*moment, "-o", "s.csv").stdout
+    expect(told.startswith("2026-06-21 10:30  the dial reads 09:59  sun 56.89"), f"shadow: {told}")
+    expect(any(row["layer"] == "shadow" for row in rows_of(read("s.csv"))), "the shadow is drawn")
+    night = run("shadow", "7", "-q", "--date", "2026-06-21", "--time", "23:00").stdout
+    expect("the sun is down" in night, "no shadow at night")
+    day = ["shadow", "7", "-q", "--date", "2026-03-21", "--from", "9:00", "--to", "11:00", "--step", "30"]
+    told = run(*day, "-o", "day.svg", "-o", "day.csv").stdout.splitlines()
+    expect(len(told) == 5, f"a row a moment: {told}")
+    svg = ElementTree.parse(os.path.join(FOLDER, "day.svg"))
+    expect(len(svg.findall(".//{http://www.w3.org/2000/svg}animate")) == 5, "an animation of five moments")
+    expect(os.path.exists(os.path.join(FOLDER, "day-20260321-0930.csv")), "a file a moment")
+    year = run("shadow", "7", "-q", "--from", "2026-01-31", "--to", "2026-03-02", "--step", "10", "--time", "12:00")
+    expect([line[:10] for line in year.stdout.splitlines()] ==
+           ["2026-01-31", "2026-02-10", "2026-02-20", "2026-03-02"], "from day to day")
+    for wrong in (["--date", "2026-02-30", "--time", "12:00"], ["--date", "2026-02-03", "--time", "25:00"],
+                  ["--date", "2026-02-03"], ["--date", "2026-02-03", "--from", "9:00", "--to", "10:00"],
+                  ["--date", "2026-02-03", "--from", "0:00", "--to", "24:00", "--step", "0.001"]):
+        run("shadow", "7", *wrong, status=2)
+
+
 lists()
 drawing()
 usage_errors()
+board()
 refusals_and_files()
 any_input()
 projects_and_settings()
 paper()
 viewer()
+proof_and_shadow()
 for sentence in failures:
     print(sentence)
 sys.exit(1 if failures else 0)

@@ -10,6 +10,7 @@
 #include <regex>
 #include <string>
 
+#include "board/board_fields.hpp"
 #include "persist/dizionario.hpp"
 #include "shell/clicks.hpp"
 
@@ -44,6 +45,14 @@ Texts textsOfThePanel() {
   return texts;
 }
 
+// Of the utility board: its table.
+void addBoard(Texts& texts) {
+  for (const BoardRow& row : boardTable()) {
+    if (row.kind != FieldKind::Text) texts.emplace(row.text, row.name);
+    texts.emplace(row.tip, row.name);
+  }
+}
+
 // The literals in calls of T, one argument in one or more pieces.
 void addCalls(Texts& texts, const fs::path& source) {
   static const std::regex kCall(R"re(\bT\(\s*((?:"(?:[^"\\\n]|\\.)*"\s*)+))re");
@@ -64,6 +73,7 @@ void addCalls(Texts& texts, const fs::path& source) {
 TEST(Texts, StandInEveryDictionary) {
   Texts texts = textsOfThePanel();
   const std::size_t ofPanel = texts.size();
+  addBoard(texts);
   for (const auto& entry : fs::recursive_directory_iterator(DIALWRIGHT_SOURCE_DIR "/src")) {
     if (entry.path().extension() == ".cpp") addCalls(texts, entry.path());
   }

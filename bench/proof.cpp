@@ -1,0 +1,65 @@
+// Proving program 7 with every box on, against drawing it.
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+#include "app/program.hpp"
+
+namespace {
+
+using namespace dialwright;
+
+// A program of the universal dial with all its boxes checked but for `ckTrue`.
+struct Universal {
+  Universal() : program({std::filesystem::temp_directory_path(), DIALWRIGHT_DATA_DIR, "en"}) {
+    program.click(Item::mnuUni);
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+      const Field field = fieldAt(i);
+      if (rowOf(field).kind == FieldKind::Check && field != Field::ckTrue &&
+          field != Field::ckFunction)
+        program.panel().setState(field, program.panel()[field].visible);
+    }
+  }
+  Program program;
+};
+
+// The yard-stick.
+void drawing(benchmark::State& state) {
+  Universal universal;
+  for (auto _ : state) {
+    universal.program.sheet().Clear();
+    universal.program.CmdRun_Click();
+  }
+}
+BENCHMARK(drawing);
+
+void drawingTrueShadowsOnly(benchmark::State& state) {
+  Universal universal;
+  universal.program.panel().setState(Field::ckTrue, true);
+  for (auto _ : state) {
+    universal.program.sheet().Clear();
+    universal.program.CmdRun_Click();
+  }
+}
+BENCHMARK(drawingTrueShadowsOnly);
+
+void drawingWithMeanings(benchmark::State& state) {
+  Universal universal;
+  universal.program.sheet().list().keepMeanings(true);
+  for (auto _ : state) {
+    universal.program.sheet().Clear();
+    universal.program.CmdRun_Click();
+  }
+}
+BENCHMARK(drawingWithMeanings);
+
+void proving(benchmark::State& state) {
+  Universal universal;
+  universal.program.sheet().list().keepMeanings(true);
+  universal.program.CmdRun_Click();
+  for (auto _ : state) benchmark::DoNotOptimize(universal.program.prove());
+  state.counters["strokes"] = static_cast<double>(universal.program.prove()->total().strokes);
+}
+BENCHMARK(proving);
+
+}  // namespace
