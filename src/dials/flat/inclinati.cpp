@@ -426,8 +426,14 @@ void Drawing::styleByItsSlope(Punto tip, double angle, double elevation) {
   }
 }
 
+// On the equator it stands over the tip's Y; along Y that is for true shadows only.
 void Drawing::Equinoziale() {
   Trace trace;
+  if (!isX() && p_.LatRad == 0 && run_.trueShadows()) {
+    const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
+    for (const double w : swept()) mark(trace, {space_.y0, w}, ink, [](Punto) { return kEquinox; });
+    return;
+  }
   row(
       trace, swept(), {.colour = palette(9), .family = CurveFamily::Equinoctial},
       [&](double s) { return formulas_.equinoctial(space_, s); }, [](Punto) { return kEquinox; });
