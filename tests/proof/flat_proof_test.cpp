@@ -164,6 +164,49 @@ TEST(FlatProof, LinesStandForWhatTheyAreCalled) {
   }
 }
 
+// The traced hours of the day's length are these, and their segments are short.
+TEST(FlatProof, DayLongHoursInTheirRanges) {
+  const struct {
+    const FlatDial* dial;
+    Field box;
+    CurveFamily family;
+    double first, last;
+  } rows[] = {{&kLight, Field::ck_Italiche, CurveFamily::Italic, 8, 20},
+              {&kLight, Field::ck_babiloniche, CurveFamily::Babylonian, 8, 20},
+              {&kLight, Field::ckTemp, CurveFamily::Temporary, 1, 12},
+              {&kSpherical, Field::ck_Italiche, CurveFamily::Italic, 6, 24},
+              {&kSpherical, Field::ck_babiloniche, CurveFamily::Babylonian, 0, 18},
+              {&kSpherical, Field::ckTemp, CurveFamily::Temporary, 1, 12},
+              {&kUniversal, Field::ck_Italiche, CurveFamily::Italic, 5, 23},
+              {&kUniversal, Field::ck_babiloniche, CurveFamily::Babylonian, 1, 13},
+              {&kUniversal, Field::ckTemp, CurveFamily::Temporary, 0, 12}};
+  for (const auto& row : rows) {
+    std::set<long> drawn;
+    for (const FlatPanel& at : {FlatPanel{62, -60}, {62, 60}, {62, 150}}) {
+      FlatProof wall(*row.dial, at);
+      wall.boxes({row.box}).set(Field::TxtInizio, "8").set(Field::TxtFine, "20");
+      wall.set(Field::x1txt, "-3").set(Field::x2txt, "3");
+      wall.prove(false);
+      for (const ProvenStroke& stroke : wall.strokes) {
+        if (stroke.meaning.family != row.family) continue;
+        EXPECT_LT(std::hypot(stroke.to.x - stroke.from.x, stroke.to.y - stroke.from.y), 0.01);
+        const Sun& sun = stroke.meaning.first;
+        const double arc =
+            degrees(std::acos(-std::tan(radians(at.latitude)) * std::tan(sun.declination)));
+        const double H = degrees(sun.hourAngle);
+        drawn.insert(std::lround(row.family == CurveFamily::Italic       ? (H - arc) / 15 + 24
+                                 : row.family == CurveFamily::Babylonian ? (H + arc) / 15
+                                                                         : (H / arc + 1) * 6));
+      }
+    }
+    // An hour at either end may be the horizon itself, or the night's.
+    EXPECT_GE(*drawn.begin(), row.first);
+    EXPECT_LE(*drawn.begin(), row.first + 2);
+    EXPECT_GE(*drawn.rbegin(), row.last - 3);
+    EXPECT_LE(*drawn.rbegin(), row.last);
+  }
+}
+
 // --- What is no shadow
 
 TEST(FlatProof, KnownGhostsAndStrays) {
