@@ -451,9 +451,9 @@ TEST(FlatProof, PlacesWithoutAFormOfTheirOwn) {
 TEST(FlatProof, TheStylesFigures) {
   FlatProof south(kUniversal, {45.7438, 0, 0});
   south.boxes({Field::ck_Triangolo, Field::ck_Sustilare}).prove(true);
-  const std::vector<LineRecord> below = south.linesOf("sottostilo");
-  ASSERT_EQ(below.size(), 1u);
-  EXPECT_EQ(std::pair(below[0].x1, below[0].x2), std::pair(0.0, 0.0));
+  const std::vector<LineRecord> substyle = south.linesOf("sottostilo");
+  ASSERT_EQ(substyle.size(), 1u);
+  EXPECT_EQ(std::pair(substyle[0].x1, substyle[0].x2), std::pair(0.0, 0.0));
   EXPECT_EQ(south.linesIn(palette(15)).size(), 2u) << "the style and the substyle of the other box";
 
   for (const double latitude : {0.0, 20.0, 45.0, 70.0}) {
@@ -479,9 +479,17 @@ TEST(FlatProof, TheStylesFigures) {
     }
   }
 
-  FlatProof level(kSpaceX, {45.7438, 0, 0});
-  level.boxes({Field::ck_Sustilare}).prove(true);
-  for (const PointRecord& p : level.pointsIn(palette(9))) EXPECT_EQ(p.x, 0);
+  for (const auto& [dial, colour] :
+       {std::pair{&kLight, 3}, {&kSpaceX, 9}, {&kFormer, 9}, {&kSpherical, 12}}) {
+    FlatProof upright(*dial, {45.7438, 0, 0});
+    upright.boxes({Field::ck_Sustilare, Field::ck_Triangolo}).prove(true);
+    std::size_t below = 0;
+    for (const PointRecord& p : upright.pointsIn(palette(colour))) below += p.x == 0 && p.y > 0.1;
+    for (const LineRecord& l : upright.linesIn(palette(colour))) {
+      below += l.x1 == 0 && l.x2 == 0 && std::max(l.y1, l.y2) > 0.1;
+    }
+    EXPECT_GT(below, 0u) << dial->name;
+  }
   FlatProof side(kSpherical, {45.7438, 90, 0});
   side.boxes({Field::CkConic, Field::ck_Triangolo}).prove(true);
   for (const LineRecord& line : side.sheet.list().lines) EXPECT_LT(std::abs(line.y2), 10);

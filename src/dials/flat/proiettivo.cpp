@@ -199,6 +199,13 @@ void Drawing::LineaPolare() {
 }
 
 void Drawing::Sustilare() {
+  if (run_.trueShadows()) {
+    // An arcsine mirrors it where the axis points down on the plane.
+    const Punto pole = poleAlong(StylePlane(p_));
+    for (const double k : run_.sweep(-kPlaneLineReach, kPlaneLineReach, kSweepStep))
+      dot(sheet_, {k * pole.x, k * pole.y}, palette(9));
+    return;
+  }
   const double a = p_.ArcSin(over(std::sin(p_.DeclRad) * cosF_, std::cos(p_.ElevStilo)));
   if (!(a != 0)) return;
   const double slope = over(-1, std::tan(a));

@@ -13,6 +13,7 @@
 #include "dials/flat/gnomonic_scheme.hpp"
 #include "dials/flat/plane_suns.hpp"
 #include "dials/flat/sky_curves.hpp"
+#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
 #include "dials/site.hpp"
@@ -417,6 +418,12 @@ void Drawing::LineaEquinoziale() {
 }
 
 void Drawing::LineaSustilare() {
+  if (run_.trueShadows()) {
+    // Also an upright one, which has no slope.
+    const auto chord = clippedLine({0, 0}, poleAlong(StylePlane(p_)), window_, -1, 1);
+    if (chord) line(sheet_, chord->a, chord->b, palette(3));
+    return;
+  }
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(3)});
   const double slope = std::tan(p_.Sustilare);

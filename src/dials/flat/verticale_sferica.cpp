@@ -421,8 +421,10 @@ void Drawing::styleTriangle(Punto centre, Punto tip, double S, double E) {
   if (!sideWall() && window_.holdsX(centre.x)) {
     line(sheet_, {centre.x, window_.y1}, {centre.x, window_.y2}, {palette(8), sheet_.layer("12h")});
   }
-  const Chord chord = clippedSubstyle(S, window_);
-  line(sheet_, chord.b, chord.a, {palette(12), sheet_.layer("sottostilo")});
+  // For true shadows an upright one is upright.
+  const auto chord = run_.trueShadows() ? clippedLine({0, 0}, poleAlong(StylePlane(p_)), window_)
+                                        : std::optional(clippedSubstyle(S, window_));
+  if (chord) line(sheet_, chord->b, chord->a, {palette(12), sheet_.layer("sottostilo")});
 
   const double T = std::tan(S + E);
   const auto styleLine = [&](double y) {
