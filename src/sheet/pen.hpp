@@ -118,6 +118,15 @@ inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, const S
   line(sheet, from, to, ink);
   if (sheet.list().keepsMeanings()) sheet.list().meanLine(meaning);
 }
+// False for a mark or a numeral of a sun whose shadow, as a judge finds, does not fall there.
+inline bool isShown(const SheetPlot& sheet, Punto at, CurveFamily family, const Sun& sun) {
+  return sheet.judge() == nullptr || sheet.judge()->isShadow(at, family, sun);
+}
+// True when someone asks which suns the strokes stand for: what is dear to work out can wait for
+// that.
+inline bool asksForSuns(const SheetPlot& sheet) {
+  return sheet.judge() != nullptr || sheet.list().keepsMeanings();
+}
 inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) {
   line(sheet, from, to, Ink{colour});
 }

@@ -7,6 +7,9 @@ namespace dialwright::proof {
 
 using SceneMaker = std::optional<Scene> (*)(const Panel&);
 
+// The flat dials: upright walls, reclined planes, any plane.
+std::optional<Scene> wallDial(const Panel& panel);
+std::optional<Scene> reclinedDial(const Panel& panel);
 std::optional<Scene> universalDial(const Panel& panel);
 std::optional<Scene> fountain(const Panel& panel);
 std::optional<Scene> equiangularDial(const Panel& panel);
