@@ -40,12 +40,14 @@ double constantOf(CurveFamily family, const Sky& sky, const Sun& sun) {
   }
 }
 
-// False of a chord from one line of a family to another.
+// False of a chord from one line of a family to another. The plane of an hour is that of the hour
+// twelve hours later, too: a plane's line of it runs through both.
 bool onOneLine(const Sky& sky, const Meaning& meaning) {
   constexpr double kApart = 1e-4;
   const double apart = constantOf(meaning.family, sky, meaning.second) -
                        constantOf(meaning.family, sky, meaning.first);
-  return !(std::abs(std::remainder(apart, 2 * kPi)) > kApart);
+  const double round = meaning.family == CurveFamily::Hours ? kPi : 2 * kPi;
+  return !(std::abs(std::remainder(apart, round)) > kApart);
 }
 
 // Half way from one sun to the other along the line of their family, the shorter way round. (Half

@@ -324,6 +324,8 @@ double leastShare(const FlatDial& dial, const FlatPanel& at) {
   const bool usual = at.latitude > 30 && at.latitude < 55 && std::abs(at.declination) < 45;
   if (leans(dial) && &dial != &kUniversal) return usual ? 0.7 : 0;
   if (at.latitude == 0) return 0.6;
+  // Long steps, whose chords leave a bent line by more than a millimetre, are left out.
+  if (&dial == &kPlane) return at.latitude < 30 ? 0.5 : 0.85;
   return at.latitude < 60 ? 0.95 : 0.75;
 }
 

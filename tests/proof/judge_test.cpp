@@ -129,7 +129,7 @@ TEST(Scene, HasCastersOfAFamily) {
 
 // --- The judge
 
-Meaning meaning(const Sun& a, const Sun& b) { return {CurveFamily::Declinations, a, b}; }
+Meaning meaning(const Sun& a, const Sun& b) { return {CurveFamily::Marks, a, b}; }
 
 TEST(SceneJudge, LetsPassWhatLiesWithin) {
   SceneJudge judge(styleOnWall());
