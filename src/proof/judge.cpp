@@ -91,11 +91,10 @@ bool SceneJudge::isTrack(Punto from, Punto to, const Meaning& meaning) {
 
 double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const {
   const Punto half{(from.x + to.x) / 2, (from.y + to.y) / 2};
-  const Judgement judgement =
-      scene_.judge(half, meaning.family, middle(meaning.first, meaning.second));
-  if (!(judgement.miss < HUGE_VAL)) return judgement.miss;
+  const auto shadow = scene_.shadow(half, meaning.family, middle(meaning.first, meaning.second));
+  if (!shadow) return HUGE_VAL;
   const double bend = std::min(kMostBend, kBend * std::hypot(to.x - from.x, to.y - from.y));
-  return std::max(0.0, distanceToChord(judgement.shadow, from, to) - bend);
+  return std::max(0.0, distanceToChord(*shadow, from, to) - bend);
 }
 
 StrokeFinding SceneJudge::find(Punto from, Punto to, const Meaning& meaning) {

@@ -70,31 +70,35 @@ bool Scene::isLit(const Place& place, Vec sunwards) const {
          (!alsoLit || alsoLit(place, sunwards));
 }
 
-Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
-  if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
-    const std::optional<Place> place = surface->place(spot);
-    const auto told = place ? sunThrough(castersOf(family), *place, sun) : std::nullopt;
-    if (!told) return nowhere(spot);
-    sun = *told;
-  }
-  return judge(spot, family, sky.towards(sun));
+std::optional<Vec> Scene::sunwardsAt(Punto spot, CurveFamily family, const Sun& sun) const {
+  if (!std::isnan(sun.hourAngle) && !std::isnan(sun.declination)) return sky.towards(sun);
+  const std::optional<Place> place = surface->place(spot);
+  const auto told = place ? sunThrough(castersOf(family), *place, sun) : std::nullopt;
+  return told ? std::optional(sky.towards(*told)) : std::nullopt;
+}
+
+Judgement Scene::judge(Punto spot, CurveFamily family, const Sun& sun) const {
+  const std::optional<Vec> sunwards = sunwardsAt(spot, family, sun);
+  return sunwards ? judge(spot, family, *sunwards) : nowhere(spot);
+}
+
+std::optional<Punto> Scene::shadow(Punto spot, CurveFamily family, const Sun& sun) const {
+  const std::optional<Vec> sunwards = sunwardsAt(spot, family, sun);
+  return sunwards ? shadowOf(castersOf(family), spot, *sunwards) : std::nullopt;
 }
 
 Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
   const std::optional<Place> place = surface->place(spot);
   if (!place) return nowhere(spot);
-  Judgement judgement{.shadow = spot, .sunwards = sunwards};
-  judgement.lit = isLit(*place, sunwards);
+  const bool lit = isLit(*place, sunwards);
   const Casters& of = castersOf(family);
-  const auto shadow = shadowOf(of, spot, sunwards);
+  const auto shadow = of.all.size() == 1 ? shadowOf(*of.all[0], spot, *place, sunwards)
+                                         : shadowOf(of, spot, sunwards);
+  // Where two shadows do not cross, nothing is there to be read.
   if (!shadow) {
-    judgement.miss = judgement.minutes = kInfinity;
-    // Where two shadows do not cross, nothing is there to be read.
-    judgement.lit = judgement.lit && of.all.size() == 1;
-    return judgement;
+    return {lit && of.all.size() == 1, kInfinity, kInfinity, spot, sunwards};
   }
-  judgement.shadow = *shadow;
-  judgement.miss = distance(*shadow, spot);
+  Judgement judgement{lit, distance(*shadow, spot), 0, *shadow, sunwards};
   if (judgement.miss < kNoWay) return judgement;
   const Vec west = cross(sunwards, sky.pole());
   const auto later = shadowOf(of, *shadow, unit(sunwards + kMinute * west));
@@ -124,13 +128,17 @@ std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, cons
   return told;
 }
 
+std::optional<Punto> Scene::shadowOf(const Caster& caster, Punto spot, const Place& place,
+                                     Vec sunwards) const {
+  const auto through = caster.nearest(place.at, sunwards);
+  const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+  return shadow ? std::optional(surface->imageNear(spot, *shadow)) : std::nullopt;
+}
+
 std::optional<Punto> Scene::shadowOf(const Casters& of, Punto spot, Vec sunwards) const {
-  const auto nearest = [&](std::size_t caster, Punto from) -> std::optional<Punto> {
+  const auto nearest = [&](std::size_t caster, Punto from) {
     const auto place = surface->place(from);
-    const auto through = place ? of.all[caster]->nearest(place->at, sunwards) : std::nullopt;
-    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
-    if (!shadow) return std::nullopt;
-    return surface->imageNear(from, *shadow);
+    return place ? shadowOf(*of.all[caster], from, *place, sunwards) : std::nullopt;
   };
   if (of.all.size() == 1) return nearest(0, spot);
   // To where the straight lines through two points of each shadow cross, until that is on both.

@@ -38,16 +38,23 @@ struct Scene {
 
   const Casters& castersOf(CurveFamily family) const;
   // Of a sun that leaves one of its numbers open, the one that the point itself tells is taken.
-  Judgement judge(Punto spot, CurveFamily family, Sun sun) const;
+  Judgement judge(Punto spot, CurveFamily family, const Sun& sun) const;
   // The same for a direction of length 1.
   Judgement judge(Punto spot, CurveFamily family, Vec sunwards) const;
+  // Of such a judgement only where the shadow is, whatever the light; nothing where there is none.
+  std::optional<Punto> shadow(Punto spot, CurveFamily family, const Sun& sun) const;
 
  private:
+  // Towards a sun; what it leaves open is taken from the point.
+  std::optional<Vec> sunwardsAt(Punto spot, CurveFamily family, const Sun& sun) const;
   // The sun behind the casters as a place sees them, with what is known of it; nothing where they
   // can't be seen.
   std::optional<Sun> sunThrough(const Casters& of, const Place& place, const Sun& sun) const;
   // The shadow's point nearest to a spot; nothing where there is no shadow, or two do not cross.
   std::optional<Punto> shadowOf(const Casters& of, Punto spot, Vec sunwards) const;
+  // The same for one caster, of a spot with its place.
+  std::optional<Punto> shadowOf(const Caster& caster, Punto spot, const Place& place,
+                                Vec sunwards) const;
   bool isLit(const Place& place, Vec sunwards) const;
 };
 
