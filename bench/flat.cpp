@@ -84,7 +84,7 @@ BENCHMARK(projectWithProj)->Unit(benchmark::kMillisecond);
 
 // --- Whole runs
 
-// A dial with every box on, run again and again on an emptied sheet.
+// A dial with every box but that of true shadows on, run again and again on an emptied sheet.
 void runDial(benchmark::State& state, Item item, Driver driver) {
   Panel panel;
   DialParams params;
@@ -96,7 +96,8 @@ void runDial(benchmark::State& state, Item item, Driver driver) {
   sheet.ShiftY(sheet.QuadranteH() / 3.333333);
   clickItem(panel, params, item, [](std::string_view text) { return std::string(text); });
   for (std::size_t i = 0; i < kFieldCount; ++i) {
-    if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), true);
+    const Field field = fieldAt(i);
+    if (rowOf(field).kind == FieldKind::Check) panel.setState(field, field != Field::ckTrue);
   }
   const DriverRow row{item, driver};
   for (auto _ : state) {
