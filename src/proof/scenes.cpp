@@ -13,7 +13,9 @@ struct SceneRow {
 };
 
 constexpr SceneRow kScenes[] = {
-    {Item::mnuUni, universalDial},
+    {Item::mnuUni, universalDial},      {Item::mnuCorncil, cylindricalCornice},
+    {Item::mnuCorncon, conicalCornice}, {Item::mnuCorn_flat, outerDisc},
+    {Item::mnuCorn_flat2, innerDisc},   {Item::mnuConoAntico, scaphe},
 };
 
 }  // namespace

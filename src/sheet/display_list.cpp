@@ -41,6 +41,7 @@ void DisplayList::clear() {
   texts.clear();
   lineMeanings_.clear();
   pointMeanings_.clear();
+  circleMeanings_.clear();
 }
 
 std::size_t DisplayList::bytes() const {

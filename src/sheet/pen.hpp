@@ -138,6 +138,34 @@ inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
   sheet.xCircle(centre.x, sheetY(centre.y), radius, colour, style);
 }
 
+// Points of a circle's arc, evenly from its start to its end: those that stand for it where it is
+// held against a shadow. Calls visitor(point) in dial coordinates.
+template <class Visitor>
+void alongArc(const CircleRecord& arc, Visitor visitor) {
+  constexpr int kPieces = 32;
+  for (int i = 0; i <= kPieces; ++i) {
+    const double angle = arc.startAngle + (arc.endAngle - arc.startAngle) * i / kPieces;
+    visitor(Punto{arc.x + arc.radius * std::cos(angle), -arc.y + arc.radius * std::sin(angle)});
+  }
+}
+
+// The arc of a circle that a shadow follows, which a judge may refuse.
+inline void arc(SheetPlot& sheet, Punto centre, double radius, Rgb colour, const CircleStyle& style,
+                const Meaning& meaning) {
+  if (ShadowJudge* judge = sheet.judge()) {
+    const CircleRecord record{centre.x,   sheetY(centre.y), radius,         style.aspect, colour,
+                              style.fill, style.startAngle, style.endAngle, style.layer};
+    bool all = true;
+    alongArc(record,
+             [&](Punto p) { all = all && judge->isShadow(p, meaning.family, meaning.first); });
+    if (!all) return;
+  }
+  const std::size_t before = sheet.list().circles.size();
+  circle(sheet, centre, radius, colour, style);
+  if (sheet.list().keepsMeanings() && sheet.list().circles.size() > before)
+    sheet.list().meanCircle(meaning);
+}
+
 // A line of text in a colour, which stays the sheet's ForeColor.
 inline void write(SheetPlot& sheet, std::string_view text, Rgb colour) {
   sheet.ForeColor = colour;
