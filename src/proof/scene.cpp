@@ -62,7 +62,8 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
                   (!alsoLit || alsoLit(*place, sunwards));
   for (const auto& caster : castersOf(family).all) {
     const auto through = caster->nearest(place->at, sunwards);
-    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    if (shadow) shadow = surface->alike(*shadow, spot);
     const double miss = shadow ? distance(*shadow, spot) : kInfinity;
     if (miss <= judgement.miss) continue;
     judgement.miss = miss;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "numerics/projection.hpp"
 #include "sheet/sheet_plot.hpp"
@@ -138,13 +139,15 @@ inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
   sheet.xCircle(centre.x, sheetY(centre.y), radius, colour, style);
 }
 
-// Points of a circle's arc, evenly from its start to its end: those that stand for it where it is
-// held against a shadow. Calls visitor(point) in dial coordinates.
+// Points of a circle's arc, evenly and counter-clockwise from its start to its end: those that
+// stand for it where it is held against a shadow. Calls visitor(point) in dial coordinates.
 template <class Visitor>
 void alongArc(const CircleRecord& arc, Visitor visitor) {
   constexpr int kPieces = 32;
+  const double turn = 2 * std::numbers::pi;
+  const double sweep = arc.endAngle - arc.startAngle + (arc.endAngle > arc.startAngle ? 0 : turn);
   for (int i = 0; i <= kPieces; ++i) {
-    const double angle = arc.startAngle + (arc.endAngle - arc.startAngle) * i / kPieces;
+    const double angle = arc.startAngle + sweep * i / kPieces;
     visitor(Punto{arc.x + arc.radius * std::cos(angle), -arc.y + arc.radius * std::sin(angle)});
   }
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include "dials/conical/cone.hpp"
@@ -107,7 +108,11 @@ void Drawing::all() {
 // The arc that the sun runs through from noon to its setting: half a turn where it does not set,
 // none where it does not rise.
 double Drawing::trueArc(double delta) const {
-  return std::acos(std::clamp(cosineOfSemiArc(cone_.phi, delta), -1.0, 1.0));
+  const double height = std::sin(cone_.phi) * std::sin(delta);  // of the sun at six, its sine
+  const double swing = std::abs(std::cos(cone_.phi) * std::cos(delta));
+  return swing > 0    ? std::acos(std::clamp(-height / swing, -1.0, 1.0))
+         : height > 0 ? std::numbers::pi
+                      : 0;
 }
 
 // A sun that does not rise counts as one of six hours.
@@ -177,7 +182,7 @@ void Drawing::horizonHours(const HorizonHours& hours) {
   for (const double n : run_.sweep(0, kLastHorizonHour, 1)) {
     for (const Day& day : days) {
       s.day(day);
-      const bool rises = cosineOfSemiArc(cone_.phi, p_.radians(day.degrees)) < 1;
+      const bool rises = run_.trueShadows() || cosineOfSemiArc(cone_.phi, day.radians) < 1;
       const double H = rises ? s.semiArc - p_.PiGreco / 12 * n : p_.PiGreco / 2;
       s.at(H * sinSigma_);
       const bool up = day.sine + day.cosine * std::cos(H) >= 0;
@@ -195,15 +200,16 @@ void Drawing::horizonHours(const HorizonHours& hours) {
 void Drawing::NumeriScafe() {
   if (!on(Field::ckTemp)) return;
   const double delta = p_.radians(cone_.eccentricity() >= 1 ? 25 : 30);
+  const double below = run_.trueShadows() ? 1 : cone_.side;
   double rho = 0, arc = 0;
   assign(rho, cone_.RaggioSviluppo(delta));
   assign(arc, semiArc(delta) * sinSigma_);
   for (int k = 6; k >= -5; --k) {
     const double psi = arc * k / 6;
-    const double x = cone_.side * rho * std::cos(psi), y = cone_.side * rho * std::sin(psi);
+    const double x = cone_.side * rho * std::cos(psi), y = below * rho * std::sin(psi);
     const int number = k + 6;
-    DisegnaNumeroArabo(run_, x, y, (cone_.side + 1) / 2 * 180 + p_.degrees(psi), number,
-                       number == 10 || number == 11 ? 2 : 1);
+    const double turn = (cone_.side + 1) / 2 * 180 + cone_.side * below * p_.degrees(psi);
+    DisegnaNumeroArabo(run_, x, y, turn, number, number == 10 || number == 11 ? 2 : 1);
   }
 }
 
@@ -243,8 +249,9 @@ void Drawing::dayArc(double declination) {
   assign(rho, cone_.RaggioSviluppo(delta));
   assign(psi, semiArc(delta) * sinSigma_);
   const bool turned = !run_.trueShadows() || cone_.side < 0;
-  const double middle = turned ? p_.PiGreco : 2 * p_.PiGreco;
-  arc(sheet_, {0, 0}, rho, palette(15), {.startAngle = middle - psi, .endAngle = middle + psi},
+  const double start = (turned ? 1 : 2) * p_.PiGreco - psi;
+  const double end = (turned ? p_.PiGreco : 0) + psi;
+  arc(sheet_, {0, 0}, rho, palette(15), {.startAngle = start, .endAngle = end},
       {CurveFamily::Declinations, {Sun::kOpen, delta}, {Sun::kOpen, delta}});
 }
 

@@ -17,6 +17,7 @@ namespace {
 constexpr double kHour = 15;          // degrees
 constexpr double kLastHour = 105;     // degrees either side of noon of the numerals
 constexpr double kEdgeStep = 0.0005;  // radians along the border
+constexpr double kMeeting = 1e-9;     // metres: where the two points of an hour change their parts
 constexpr int kNumeralDot = 4;        // the dot on which an afternoon numeral stands
 
 void assignEach(Vettore& target, const Vettore& value) {
@@ -79,13 +80,14 @@ bool Cornice::placeEdge(double t, Half half) {
   return own;
 }
 
-// An hour's plane touches the border in two points, and a low latitude's sun may ask for the other.
-void Cornice::turnEdge(const Vettore& ray) {
+// An hour's plane touches the border in two points, and a low latitude's sun may change their
+// parts.
+void Cornice::turnEdge(const Vettore& ray, double towards) {
   const Vettore middle = surface_.edge(theta_ + p_.PiGreco / 2);
   const Vettore other = surface_.edge(theta_ - p_.PiGreco / 2);
   const double centreX = (middle.x + other.x) / 2, centreZ = (middle.z + other.z) / 2;
   const double out = (edge_.x - centreX) * ray.x + (edge_.z - centreZ) * ray.z;
-  if (out * surface_.sideOfSun() <= 0) return;
+  if (out * surface_.sideOfSun() * towards <= kMeeting) return;
   edge_ = {2 * centreX - edge_.x, edge_.y, 2 * centreZ - edge_.z};
 }
 
@@ -100,8 +102,7 @@ void Cornice::hourLines(const HourLines& lines, Field step) {
             .family = CurveFamily::Hours});
   std::vector<Trig> suns;  // of the days, which are the same for all hours
   for (const double t : run_.sweep(lines.first, lines.last, kHour)) {
-    const bool own = placeEdge(t, lines.half);
-    if (turns_ && !own) continue;  // the other half of the day draws it where it is true
+    const double towards = placeEdge(t, lines.half) ? 1 : -1;
     const double H = p_.radians(t);
     const Trig hour(H);
     const Sweep days = run_.sweep(-kSolstice, kSolstice, lines.declinationStep, {.step = step});
@@ -111,7 +112,7 @@ void Cornice::hourLines(const HourLines& lines, Field step) {
     auto sun = suns.begin();
     for (const double declination : days) {
       const Vettore ray = VettoreSole(latitude_, hour, *sun++);
-      if (turns_) turnEdge(ray);
+      if (turns_) turnEdge(ray, towards);
       visit(ray, {H, p_.radians(declination)}, lines.half, declination > days.first());
     }
   }
@@ -125,7 +126,7 @@ void Cornice::dayLine(const DayLine& line) {
     placeEdge(t, line.half);
     const double H = p_.radians(t);
     const Vettore ray = VettoreSole(latitude_, Trig(H), day_);
-    if (turns_) turnEdge(ray);
+    if (turns_) turnEdge(ray, 1);
     visit(ray, {H, borderSun_.declination}, line.half, t > line.drawnPast && dayDrawn_);
   }
 }

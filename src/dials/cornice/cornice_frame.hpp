@@ -115,7 +115,9 @@ class Cornice {
  private:
   // False when the point lies on the half of the border that is not the hour's own.
   bool placeEdge(double t, Half half);
-  void turnEdge(const Vettore& ray);
+  // Leaves the border's point or takes the one across: that on the side of the sun that counts
+  // (towards > 0), or the other.
+  void turnEdge(const Vettore& ray, double towards);
   bool cast(const Vettore& ray, Half half) { return surface_.meet(light_, edge_, ray, half); }
   void visit(const Vettore& ray, const Sun& sun, Half half, bool draws);
   void numeralsOf(Half half, double first, double last);

@@ -13,5 +13,6 @@ std::optional<Scene> cylindricalCornice(const Panel& panel);
 std::optional<Scene> conicalCornice(const Panel& panel);
 std::optional<Scene> outerDisc(const Panel& panel);
 std::optional<Scene> innerDisc(const Panel& panel);
+std::optional<Scene> skyChart(const Panel& panel);
 
 }  // namespace dialwright::proof

@@ -10,7 +10,7 @@ namespace {
 
 constexpr Vec kEast{1, 0, 0}, kNorth{0, 1, 0}, kUp{0, 0, 1};
 
-// The lines follow one half of the rim, the shadow of a single moment all of it.
+// The lines may follow one half of the rim only, the shadow of a single moment goes round it.
 std::vector<Casters> rimOf(Vec centre, double radius, LevelRim::Half half) {
   return {{CurveFamily::None, {std::make_shared<LevelRim>(centre, radius, half)}},
           {CurveFamily::Marks, {std::make_shared<LevelRim>(centre, radius)}}};
@@ -43,7 +43,7 @@ std::optional<Scene> cylindricalCornice(const Panel& panel) {
   return scene;
 }
 
-// The same on a cone that narrows downwards.
+// The same on a cone that narrows downwards. Its hour lines follow both edges of the light's spot.
 std::optional<Scene> conicalCornice(const Panel& panel) {
   const double R = numberIn(panel, Field::TxtRadius), hole = numberIn(panel, Field::txt_R2);
   const double slope = (R - numberIn(panel, Field::TxtStilo)) / numberIn(panel, Field::txtD1);
@@ -54,7 +54,7 @@ std::optional<Scene> conicalCornice(const Panel& panel) {
   scene.surface =
       std::make_shared<Cone>(Cone::Stand{-(R / slope) * kUp, kUp, kNorth, kEast, semiAngle},
                              Cone::Sector{{0, -R / std::sin(semiAngle)}, {0, 1}, {1, 0}});
-  scene.casters = rimOf({}, hole, LevelRim::Half::ToSun);
+  scene.casters = rimOf({}, hole, LevelRim::Half::Both);
   return scene;
 }
 

@@ -7,21 +7,38 @@ namespace dialwright::proof {
 
 namespace {
 
-constexpr double kTurn = 1 + 1e-9;  // half a one, with the last digits of its edge
+constexpr double kTurn = 1 + 1e-8;  // half a one, with the last digits of its edge
 constexpr double kBack = -1e-9;     // metres: a caster on the surface itself
 
 }  // namespace
 
-std::optional<Place> Cone::place(Punto spot) const {
+Cone::Polar Cone::polar(Punto spot) const {
   const double dx = spot.x - sector_.vertex.x, dy = spot.y - sector_.vertex.y;
   const double along = dx * sector_.start.x + dy * sector_.start.y;
   const double aside = dx * sector_.quarter.x + dy * sector_.quarter.y;
-  const double round = std::atan2(aside, along) / sine_;
+  return {std::hypot(along, aside), std::atan2(aside, along)};
+}
+
+Punto Cone::spotAt(const Polar& at) const {
+  const double along = at.reach * std::cos(at.angle), aside = at.reach * std::sin(at.angle);
+  return {sector_.vertex.x + along * sector_.start.x + aside * sector_.quarter.x,
+          sector_.vertex.y + along * sector_.start.y + aside * sector_.quarter.y};
+}
+
+std::optional<Place> Cone::place(Punto spot) const {
+  const auto [rho, angle] = polar(spot);
+  const double round = angle / sine_;
   if (std::abs(round) > std::numbers::pi * kTurn) return std::nullopt;
   const Vec out = std::cos(round) * stand_.start + std::sin(round) * stand_.quarter;
-  const double rho = std::hypot(along, aside);
   return Place{stand_.vertex + rho * (cosine_ * stand_.axis + sine_ * out),
                sine_ * stand_.axis - cosine_ * out};
+}
+
+Punto Cone::alike(Punto point, Punto spot) const {
+  Polar at = polar(point);
+  if (std::abs(at.angle) * kTurn < std::numbers::pi * sine_) return point;
+  at.angle = std::copysign(at.angle, polar(spot).angle);
+  return spotAt(at);
 }
 
 // On the cone the way from the vertex and its part along the axis keep the ratio of the cosine.
@@ -44,10 +61,7 @@ std::optional<Punto> Cone::shadow(Vec point, Vec sunwards) const {
     const Vec out = (1 / radius) * (x * stand_.start + y * stand_.quarter);
     if (dot(sine_ * stand_.axis - cosine_ * out, sunwards) < 0) continue;  // from outside
     longest = k;
-    const double rho = radius / sine_, psi = std::atan2(y, x) * sine_;
-    const double along = rho * std::cos(psi), aside = rho * std::sin(psi);
-    found = Punto{sector_.vertex.x + along * sector_.start.x + aside * sector_.quarter.x,
-                  sector_.vertex.y + along * sector_.start.y + aside * sector_.quarter.y};
+    found = spotAt({radius / sine_, std::atan2(y, x) * sine_});
   }
   return found;
 }

@@ -29,8 +29,17 @@ class Cone : public Surface {
   // Nothing off the one turn of the development.
   std::optional<Place> place(Punto spot) const override;
   std::optional<Punto> shadow(Vec point, Vec sunwards) const override;
+  // A point of the seam lies on both edges of the sector.
+  Punto alike(Punto point, Punto spot) const override;
 
  private:
+  // Polar, about the vertex from the generator 0.
+  struct Polar {
+    double reach, angle;
+  };
+  Polar polar(Punto spot) const;
+  Punto spotAt(const Polar& at) const;
+
   Stand stand_;
   Sector sector_;
   double sine_, cosine_;
