@@ -71,7 +71,10 @@ bool Cornice::placeEdge(double t, Half half) {
   if (t == 0) {
     theta_ = (half == Half::Morning ? 1 : -1) * p_.PiGreco / 2;
   } else {
-    assign(theta_, angoloBordo(latitude_, p_.radians(t)));
+    const double H = p_.radians(t);
+    // On the equator all hours' planes touch the border in the East and in the West.
+    if (!assign(theta_, angoloBordo(latitude_, H)) && turns_)
+      theta_ = std::copysign(p_.PiGreco / 2, -std::tan(H));
     const double placed = surface_.edgeAngle(theta_, t, half);
     own = placed == theta_;
     assign(theta_, placed);

@@ -7,8 +7,9 @@ namespace dialwright::proof {
 
 namespace {
 
-// The sine of the angle to the sun's upright plane at which both halves of a rim meet.
-constexpr double kMeeting = 1e-7;
+// How far the halves of a rim reach over one another, as a sine: what the middle of a chord between
+// two points of their meeting asks for.
+constexpr double kMeeting = 0.01;
 
 }  // namespace
 

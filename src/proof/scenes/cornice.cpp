@@ -47,7 +47,7 @@ std::optional<Scene> cylindricalCornice(const Panel& panel) {
 std::optional<Scene> conicalCornice(const Panel& panel) {
   const double R = numberIn(panel, Field::TxtRadius), hole = numberIn(panel, Field::txt_R2);
   const double slope = (R - numberIn(panel, Field::TxtStilo)) / numberIn(panel, Field::txtD1);
-  if (!(slope > 0) || !(hole > 0) || !(R > 0)) return std::nullopt;
+  if (!(slope > 0) || !std::isfinite(slope) || !(hole > 0 && hole <= R)) return std::nullopt;
   const double semiAngle = std::atan(slope);
   Scene scene;
   scene.sky = Sky(radians(numberIn(panel, Field::txtLAT)));
