@@ -96,6 +96,40 @@ class Cornice : public ProvedDial {
     return wanted > 0 ? found / wanted : 1;
   }
 
+  // Runs with numerals so small that they are points: from 5 to 12 and from 12 to 7, with noon
+  // twice or not at all, each on the ray of its hour through the border's point, followed either
+  // way.
+  void expectNumerals(double day, bool noon) {
+    sheet.QuadranteH(15);
+    sheet.QuadranteL(15);
+    sheet.ShiftX(7.5);
+    sheet.ShiftY(7.5);
+    panel.setState(Field::ckRomani, true);
+    set(Field::txtNumbersize, "1e-9").set(Field::txtLineofdeclination, textOf(day));
+    draw();
+    std::vector<Punto> places;
+    for (const LineRecord& line : linesIn(palette(7))) {
+      if (std::hypot(line.x2 - line.x1, line.y2 - line.y1) > 1e-7) continue;
+      const Punto at{line.x1, -line.y1};
+      if (places.empty() || std::hypot(at.x - places.back().x, at.y - places.back().y) > 1e-7)
+        places.push_back(at);
+    }
+    std::vector<double> hours;
+    for (int k = -7; k <= 7; ++k) {
+      if (k != 0 || noon) hours.push_back(15 * k);
+      if (k == 0 && noon) hours.push_back(0);
+    }
+    ASSERT_EQ(places.size(), hours.size());
+    for (std::size_t i = 0; i < hours.size(); ++i) {
+      const Sun sun{radians(hours[i]), radians(day)};
+      const Vec at = scene().surface->place(places[i])->at;
+      const auto miss = [&](double side) {
+        return length(cross(scene().sky.towards(sun), at - edge(sun.hourAngle, side)));
+      };
+      EXPECT_LT(std::min(miss(-1), miss(1)), 5e-9) << hours[i];
+    }
+  }
+
   // What the strokes of the hours and of the day stand for.
   void expectMeanings() {
     for (const double half : {1.0, -1.0}) {
@@ -111,19 +145,28 @@ class Cornice : public ProvedDial {
   }
 
  private:
+  bool overWall() const {
+    return kind_.item == Item::mnuCorn_flat || kind_.item == Item::mnuCorn_flat2;
+  }
+  Vec centre() const {
+    const double R = panel.number(Field::TxtRadius), r2 = panel.number(Field::txt_R2);
+    return {0, overWall() ? -r2 : kind_.item == Item::mnuCorncil ? -R : 0, 0};
+  }
+  // The border's point where the plane of an hour, which holds the pole, touches it on a side.
+  Vec edge(double hourAngle, double side) const {
+    const Vec n = cross(scene().sky.pole(), scene().sky.towards({hourAngle, 0}));
+    const double radius = panel.number(overWall() ? Field::TxtRadius : Field::txt_R2);
+    const double k = side * radius / std::hypot(n.x, n.y);
+    return centre() + Vec{k * n.x, k * n.y, 0};
+  }
   // Where the shadow of the border's point of an hour falls on the drawing, well lit.
   std::optional<Punto> touch(const Sun& sun, double side) const {
     const proof::Scene& s = scene();
     const Vec towards = s.sky.towards(sun);
-    const Vec n = cross(s.sky.pole(), s.sky.towards({sun.hourAngle, 0}));
-    const double k = side / std::hypot(n.x, n.y);
-    const Vec out{k * n.x, k * n.y, 0};
-    if (dot(out, towards) * kind_.side < -1e-6) return std::nullopt;
-    const double R = panel.number(Field::TxtRadius), r2 = panel.number(Field::txt_R2);
-    const bool cylinder = kind_.item == Item::mnuCorncil, cone = kind_.item == Item::mnuCorncon;
-    const Vec centre{0, cylinder ? -R : cone ? 0 : -r2, 0};
-    const auto at = s.surface->shadow(centre + (cylinder || cone ? r2 : R) * out, towards);
-    const double width = cylinder || cone ? 0.9 : 0.48;
+    const Vec point = edge(sun.hourAngle, side);
+    if (dot(point - centre(), towards) * kind_.side < -1e-6) return std::nullopt;
+    const auto at = s.surface->shadow(point, towards);
+    const double width = overWall() ? 0.48 : 0.9;
     if (!at || at->y > -0.01 || at->y < -0.9 || std::abs(at->x) > width) return std::nullopt;
     const auto place = s.surface->place(*at);
     if (!place || place->at.z > -0.003 || towards.z < 0.05) return std::nullopt;
@@ -185,6 +228,21 @@ TEST(CorniceProof, DiscsOverWallsKeepAllOfTheTruth) {
         expectTrue(dial, *kind);
       }
     }
+  }
+}
+
+TEST(CorniceProof, NumeralsStandAtTheirHours) {
+  for (const auto& [kind, border, day, noon] : {std::tuple{&kCylinder, "0.5", -23.445, false},
+                                                {&kCylinder, "0.4", -23.445, true},
+                                                {&kCone, "0.45", -5.0, true},
+                                                {&kOuter, "0", -5.0, true},
+                                                {&kInner, "0", -5.0, true},
+                                                {&kOuter, "0.2", -5.0, false},
+                                                {&kInner, "0.2", -5.0, false}}) {
+    SCOPED_TRACE(testing::Message() << kind->name << ' ' << border);
+    Cornice dial(*kind, 45.7438, 20);
+    dial.set(Field::txt_R2, border);
+    dial.expectNumerals(day, noon);
   }
 }
 
