@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that Dialwright needs and that are missing.
 #
-#   tools/setup.sh [--list] [GROUP ...]     groups: program (the default), check, desktop, bench
+#   tools/setup.sh [--list] [GROUP ...]     groups: program (the default), check, desktop, bench,
+#                                           package, fuzz
 #
 # With --list it only tells what is missing.
 # It does nothing, and quickly, when all is there. It works as root, or with sudo as a plain user.
@@ -29,8 +30,12 @@ groups[check]="
   clang-tidy-19         # the linter, of a version that reads all of C++20
   python3               # the checks that look at the program from outside
   python3-ezdxf         # an independent reader of our DXF
+  python3-ephem         # an independent almanac
   librsvg2-bin          # an independent reader of our SVG
   poppler-utils         # an independent reader of our PDF
+  desktop-file-utils    # validates the menu entry
+  shared-mime-info      # reads the description of the project's type
+  appstream             # validates the software centre's page
 "
 
 # What the desktop needs besides.
@@ -44,6 +49,18 @@ groups[bench]="
   libproj-dev           # another gnomonic projection
 "
 
+# What building the Debian packages needs besides.
+groups[package]="
+  dpkg-dev              # finds the libraries that the programs need
+  file                  # tells programs from texts
+"
+
+# What the long runs of the fuzzers need besides.
+groups[fuzz]="
+  clang-19              # the compiler that has libFuzzer
+  libclang-rt-19-dev    # libFuzzer and the sanitizers
+"
+
 list=
 if [ "${1-}" = --list ]; then
   list=yes
@@ -53,7 +70,7 @@ fi
 wanted=()
 for group; do
   if [ -z "${groups[$group]-}" ]; then
-    echo "setup: there is no group '$group'; the groups are program, check, desktop, bench" >&2
+    echo "setup: there is no group '$group'; the groups are program, check, desktop, bench, package, fuzz" >&2
     exit 2
   fi
   while read -r package _; do

@@ -20,13 +20,17 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
-void addCommon(CLI::App& command, Request& request) {
+void addPlace(CLI::App& command, Request& request) {
   command
       .add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
       ->type_name("DIR");
   command.add_option("--lang", request.language, "language of this run: en, it, fr or es")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "it", "fr", "es"}));
+}
+
+void addCommon(CLI::App& command, Request& request) {
+  addPlace(command, request);
   command.add_option("--size", request.size, "sheet in metres, width x height")->type_name("LxH");
   command
       .add_option("--shift", request.shift,
@@ -106,6 +110,14 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   addPresses(open, request);
   addOutputs(open, request);
 
+  CLI::App& board =
+      add("board", "the utility board: sun, equation of time, sunrise, a wall's declination",
+          commandBoard);
+  board.add_option("NAME=VALUE", request.words,
+                   "the board's fields, from left to right; without a date it is today at 0 h UT");
+  board.add_flag("--now", request.now, "the present date and UT, which assignments may change");
+  board.add_flag("--json", request.json, "the figures by name, as JSON");
+
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
   pages.add_option("ITEM", request.item, "menu item or program number")->required();
   pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
@@ -151,6 +163,11 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   save.add_option("NAME=VALUE ... FILE", request.words,
                   "assignments and, at the end, the project's file")
       ->required();
+
+  CLI::App& desktop = *app.add_subcommand("desktop", "the desktop program");
+  addPlace(desktop, request);
+  desktop.add_option("FILE", request.item, "a project to open, .sun");
+  commands["desktop"] = commandDesktop;
 
   CLI::App& defaults =
       add("defaults", "show or store what each start begins with", commandDefaults);

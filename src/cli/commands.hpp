@@ -16,9 +16,12 @@ void commandOpen(const Request& request);
 void commandProve(const Request& request);
 void commandPages(const Request& request);
 void commandSave(const Request& request);
+void commandBoard(const Request& request);
 void commandDefaults(const Request& request);
 void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
+// Becomes the desktop program; comes back only by throwing.
+void commandDesktop(const Request& request);
 
 // A program in which the request's dial was drawn, its assignments made and its buttons pressed.
 std::unique_ptr<Program> drawnDial(const Request& request);

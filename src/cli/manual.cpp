@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "board/board_fields.hpp"
 #include "shell/catalogue.hpp"
 #include "shell/fields.hpp"
 
@@ -45,6 +46,23 @@ std::string optionsOf(const CLI::App& command) {
   return page;
 }
 
+// A field's caption, or its label's, and its tip.
+template <class Row>
+std::string fieldEntry(const Row& row) {
+  std::string text(row.kind == FieldKind::Text ? "" : row.text);
+  if (row.label != decltype(row.label)::None) text = rowOf(row.label).text;
+  if (!row.tip.empty()) text += (text.empty() ? "" : ": ") + std::string(row.tip);
+  return entry(std::string(row.name), text);
+}
+
+std::string boardNames() {
+  std::string names;
+  for (std::size_t i = 0; i < kBoardFieldCount; ++i) {
+    if (isInput(boardFieldAt(i))) names += std::string(rowOf(boardFieldAt(i)).name) + "= ";
+  }
+  return names;
+}
+
 }  // namespace
 
 std::string manualPage(const CLI::App& app) {
@@ -61,11 +79,11 @@ std::string manualPage(const CLI::App& app) {
   page += ".SH FIELDS\n";
   for (const FieldRow& row : fieldTable()) {
     if (row.kind == FieldKind::Label || row.kind == FieldKind::Frame) continue;
-    const std::string_view caption = row.label == Field::None ? row.text : rowOf(row.label).text;
-    std::string text(caption);
-    if (row.kind == FieldKind::Text && row.label == Field::None) text.clear();
-    if (!row.tip.empty()) text += (text.empty() ? "" : ": ") + std::string(row.tip);
-    page += entry(std::string(row.name), text);
+    page += fieldEntry(row);
+  }
+  page += ".SH UTILITY BOARD\n";
+  for (std::size_t i = 0; i < kBoardFieldCount; ++i) {
+    if (isInput(boardFieldAt(i))) page += fieldEntry(rowOf(boardFieldAt(i)));
   }
   page +=
       ".SH EXIT STATUS\n0 on success, 1 when a dial, a file or an input can't be worked with, 2 for a wrong word on the "
@@ -102,6 +120,11 @@ std::string bashCompletion(const CLI::App& app) {
          "' -- \"$word\"))\n"
          "  elif [[ $word = -* ]]; then\n"
          "    COMPREPLY=($(compgen -W \"$options\" -- \"$word\"))\n"
+         "  elif [ \"${COMP_WORDS[1]}\" = board ]; then\n"
+         "    compopt -o nospace\n"
+         "    COMPREPLY=($(compgen -W '" +
+         boardNames() +
+         "' -- \"$word\"))\n"
          "  elif [ \"$COMP_CWORD\" = 2 ]; then\n"
          "    COMPREPLY=($(compgen -W '" +
          dials +

@@ -35,6 +35,7 @@ struct Request {
   bool colour = false;
   bool dark = false;
   bool json = false;
+  bool now = false;
   bool bash = false;
   bool mark = false;
   std::string date, time;             // of the clock

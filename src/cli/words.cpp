@@ -14,15 +14,6 @@ bool isAssignable(FieldKind kind) {
          kind == FieldKind::Combo;
 }
 
-bool stateOf(std::string_view name, std::string_view value) {
-  if (value == "1" || equalIgnoringCase(value, "true") || equalIgnoringCase(value, "on"))
-    return true;
-  if (value == "0" || equalIgnoringCase(value, "false") || equalIgnoringCase(value, "off"))
-    return false;
-  throw UsageError("'" + std::string(name) + "' is a box or an option: it takes 1 or 0, not '" +
-                   std::string(value) + "'");
-}
-
 // The other option of a pair, which a user clicks to get rid of this one.
 Field partnerOf(Field option) {
   const OptionGroup group = rowOf(option).group;
@@ -72,14 +63,24 @@ Field fieldOf(std::string_view word) {
   throw UsageError(unknownWord("field", word, names));
 }
 
+Assignment assignmentOf(std::string_view text) {
+  const std::size_t sign = text.find('=');
+  if (sign == std::string_view::npos)
+    throw UsageError("'" + std::string(text) + "' is no assignment: it should read NAME=VALUE");
+  return {text.substr(0, sign), text.substr(sign + 1)};
+}
+
+bool stateOf(std::string_view name, std::string_view value) {
+  if (value == "1" || equalIgnoringCase(value, "true") || equalIgnoringCase(value, "on"))
+    return true;
+  if (value == "0" || equalIgnoringCase(value, "false") || equalIgnoringCase(value, "off"))
+    return false;
+  throw UsageError("'" + std::string(name) + "' is a box or an option: it takes 1 or 0, not '" +
+                   std::string(value) + "'");
+}
+
 void assignField(Program& program, std::string_view assignment) {
-  const std::size_t sign = assignment.find('=');
-  if (sign == std::string_view::npos) {
-    throw UsageError("'" + std::string(assignment) +
-                     "' is no assignment: it should read NAME=VALUE");
-  }
-  const std::string_view name = assignment.substr(0, sign);
-  const std::string_view value = assignment.substr(sign + 1);
+  const auto [name, value] = assignmentOf(assignment);
   const Field field = fieldOf(name);
   const FieldRow& row = rowOf(field);
   if (!isAssignable(row.kind)) {

@@ -20,6 +20,15 @@ Item dialOf(std::string_view word);
 // The field of a name. Throws UsageError.
 Field fieldOf(std::string_view word);
 
+// NAME=VALUE in its two parts. Throws UsageError.
+struct Assignment {
+  std::string_view name, value;
+};
+Assignment assignmentOf(std::string_view text);
+
+// The state that a box or an option is given: 1 or 0. Throws UsageError.
+bool stateOf(std::string_view name, std::string_view value);
+
 // Carries out NAME=VALUE as a user would: a text is typed, a box or an option is clicked when that
 // changes its state; ckFrame is set without its click, so that the run draws the frame. Throws
 // UsageError.

@@ -14,12 +14,34 @@ struct SceneRow {
   SceneMaker make;
 };
 
+// clang-format off: a row a line
 constexpr SceneRow kScenes[] = {
-    {Item::mnuUni, universalDial},      {Item::mnuCorncil, cylindricalCornice},
-    {Item::mnuCorncon, conicalCornice}, {Item::mnuCorn_flat, outerDisc},
-    {Item::mnuCorn_flat2, innerDisc},   {Item::mnuConoAntico, scaphe},
+    {Item::M_Light, wallDial},
+    {Item::M_Inclinati, reclinedDial},
+    {Item::M_Proiettivo, reclinedDial},
+    {Item::M_nProiettivo, reclinedDial},
+    {Item::M_Frinter, wallDial},
+    {Item::mnuVertSph, wallDial},
+    {Item::mnuUni, universalDial},
+    {Item::M_Param, dottedCylinder},
+    {Item::M_CILINDRICI, dottedCylinder},
+    {Item::M_Parabolico, parabolicCylinder},
+    {Item::mnuCircp, dottedCylinder},
+    {Item::mnuCCs, sphericalCylinder},
+    {Item::mnuChapeau, filteringHat},
+    {Item::mnuFontana_H3, fountain},
+    {Item::mnuBifvert, equiangularDial},
+    {Item::mnucatenaria, wireAndChain},
+    {Item::mnuBall, levelBall},
+    {Item::mnuBall_v, uprightBall},
+    {Item::mnuCorncil, cylindricalCornice},
+    {Item::mnuCorncon, conicalCornice},
+    {Item::mnuCorn_flat, outerDisc},
+    {Item::mnuCorn_flat2, innerDisc},
+    {Item::mnuConoAntico, scaphe},
     {Item::mnuDia, skyChart},
 };
+// clang-format on
 
 }  // namespace
 

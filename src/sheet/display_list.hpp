@@ -111,6 +111,8 @@ class DisplayList {
   Meaning meaningOfCircle(std::size_t circle) const { return meaningIn(circleMeanings_, circle); }
 
   void clear();
+  // Takes over what another list holds, behind what this one has.
+  void append(DisplayList&& other);
   std::size_t size() const { return order_.size(); }
   const std::vector<EntityKind>& order() const { return order_; }
 

@@ -11,6 +11,7 @@ import stat
 import subprocess
 import sys
 import tempfile
+import time
 import xml.etree.ElementTree as ElementTree
 
 PROGRAM = sys.argv[2]
@@ -94,6 +95,23 @@ def usage_errors():
         done = run(*arguments, status=2)
         expect(word in done.stderr, f"{arguments} should name {word}: {done.stderr}")
         expect(done.stdout == "", f"{arguments}: nothing on standard output")
+
+
+def board():
+    moment = ("txtDay=21", "TXTMONTH=6", "txtYear=2024", "txtHH=12")
+    text = run("board", *moment).stdout
+    expect(text.startswith("Sun's Azimuth   ") and "\r" not in text, "the results, in this system's lines")
+    told = json.loads(run("board", *moment, "txtLatG=30", "cmdSignLON=+", "ckDst=1", "--json").stdout)
+    expect(f"{told['fields']['txtLAT'][:6]} {told['fields']['txtLON']}" == "30.743 7.6438", "the notations follow")
+    expect(told["fields"]["ckDst"] is True and 23.43 < told["figures"]["declination"] < 23.44, "figures")
+    expect(float(told["panel"]["txtDelta"]) - told["figures"]["declination"] < 1e-9, "what the panel receives")
+    expect("TxtDate" in json.loads(run("board", "--json").stdout)["panel"], "today at 0 h tells the transit")
+    expect("altezza del Sole" in run("board", "--lang", "it").stdout, "--lang")
+    for word, near in (("txtLatt=3", "txtLAT"), ("ckDst=x", "1 or 0"), ("cmdSignLAT=3", "+ or -"), ("3", "NAME=VALUE")):
+        expect(near in run("board", word, status=2).stderr, f"board {word} should name {near}")
+    before = time.time()
+    now = json.loads(run("board", "--now", "--json").stdout)["figures"]["julianDay"]
+    expect(before - 2 < (now - 2440587.5) * 86400 < time.time() + 2, "--now")
 
 
 def refusals_and_files():
@@ -248,6 +266,7 @@ def proof_and_shadow():
 lists()
 drawing()
 usage_errors()
+board()
 refusals_and_files()
 any_input()
 projects_and_settings()

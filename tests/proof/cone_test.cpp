@@ -67,10 +67,10 @@ TEST(Cone, TheLightThroughAPointFallsOnItsShadow) {
 // A shadow on the seam lies on both edges of the sector.
 TEST(Cone, TheSeamIsTheSameOnBothEdges) {
   const Punto left = spotAt(0.7, -pi), right = spotAt(0.7, pi), near = spotAt(0.6, 3);
-  EXPECT_NEAR(kCone.alike(left, near).x, right.x, 1e-9);
-  EXPECT_NEAR(kCone.alike(right, near).x, right.x, 1e-12);
-  EXPECT_NEAR(kCone.alike(right, spotAt(0.6, -3)).x, left.x, 1e-9);
-  EXPECT_EQ(kCone.alike(spotAt(0.7, 3), left).x, spotAt(0.7, 3).x) << "not on the seam";
+  EXPECT_NEAR(kCone.imageNear(near, left).x, right.x, 1e-9);
+  EXPECT_NEAR(kCone.imageNear(near, right).x, right.x, 1e-12);
+  EXPECT_NEAR(kCone.imageNear(spotAt(0.6, -3), right).x, left.x, 1e-9);
+  EXPECT_EQ(kCone.imageNear(left, spotAt(0.7, 3)).x, spotAt(0.7, 3).x) << "not on the seam";
 }
 
 }  // namespace

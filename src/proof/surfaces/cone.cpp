@@ -34,9 +34,9 @@ std::optional<Place> Cone::place(Punto spot) const {
                sine_ * stand_.axis - cosine_ * out};
 }
 
-Punto Cone::alike(Punto point, Punto spot) const {
-  Polar at = polar(point);
-  if (std::abs(at.angle) * kTurn < std::numbers::pi * sine_) return point;
+Punto Cone::imageNear(Punto spot, Punto image) const {
+  Polar at = polar(image);
+  if (std::abs(at.angle) * kTurn < std::numbers::pi * sine_) return image;
   at.angle = std::copysign(at.angle, polar(spot).angle);
   return spotAt(at);
 }

@@ -30,7 +30,7 @@ class Cone : public Surface {
   std::optional<Place> place(Punto spot) const override;
   std::optional<Punto> shadow(Vec point, Vec sunwards) const override;
   // A point of the seam lies on both edges of the sector.
-  Punto alike(Punto point, Punto spot) const override;
+  Punto imageNear(Punto spot, Punto image) const override;
 
  private:
   // Polar, about the vertex from the generator 0.

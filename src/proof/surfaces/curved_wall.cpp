@@ -69,6 +69,10 @@ std::optional<double> RoundWall::unroll(double arc) const {
   return std::abs(u) <= kHalfTurn ? std::optional(u) : std::nullopt;
 }
 
+Punto RoundWall::imageNear(Punto spot, Punto image) const {
+  return {spot.x + std::remainder(image.x - spot.x, 2 * std::numbers::pi * radius_), image.y};
+}
+
 CurvedWall::Crossings RoundWall::crossings(Vec through, Vec along) const {
   Vec from = through - centre_;
   from.z = 0;

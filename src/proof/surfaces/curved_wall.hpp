@@ -34,6 +34,7 @@ class RoundWall : public CurvedWall {
   RoundWall(double radius, Side side, double declination);
 
   Vec normal() const { return normal_; }  // in the origin
+  Punto imageNear(Punto spot, Punto image) const override;
 
  protected:
   Place section(double u) const override;  // u is the central angle
