@@ -22,6 +22,7 @@ if(DIALWRIGHT_SANITIZE)
   add_compile_options(
     -fsanitize=${DIALWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
     -D_GLIBCXX_ASSERTIONS
+    -Wno-unknown-warning-option # of another compiler
     -Wno-maybe-uninitialized) # the instrumented code sets off false alarms
   add_link_options(-fsanitize=${DIALWRIGHT_SANITIZE})
 endif()

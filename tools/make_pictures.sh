@@ -40,3 +40,12 @@ while read -r dial size shift assignments; do
     -o "docs/images/$dial.png"
 done <<<"$pictures"
 ./dialwright lettering --folder "$settings" --size .8x.2 --shift .02,.02 -o docs/lettering.svg
+
+# The guide's wall.
+wall=(txtDecl=-14.57 TxtStilo=.1 x1txt=-.3 x2txt=.3 y1txt=.05 y2txt=-.4 ckArabi=1)
+paper=(--true --folder "$settings" --quiet --size .7x.6 --shift .35,.1)
+./dialwright run 7 "${wall[@]}" ckFrame=1 ck_Triangolo=1 ck_Lemniscate=1 "${paper[@]}" -o docs/images/guide.png
+./dialwright shadow 7 "${wall[@]}" "${paper[@]}" --date 2026-03-21 --time 10:00 -o docs/images/guide-shadow.png
+
+# The pages of the dials.
+python3 -B tools/make_dial_pages.py build/release/bin/dialwright

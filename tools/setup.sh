@@ -2,7 +2,7 @@
 # Installs the Debian packages that Dialwright needs and that are missing.
 #
 #   tools/setup.sh [--list] [GROUP ...]     groups: program (the default), check, desktop, bench,
-#                                           package
+#                                           package, fuzz
 #
 # With --list it only tells what is missing.
 # It does nothing, and quickly, when all is there. It works as root, or with sudo as a plain user.
@@ -55,6 +55,12 @@ groups[package]="
   file                  # tells programs from texts
 "
 
+# What the long runs of the fuzzers need besides.
+groups[fuzz]="
+  clang-19              # the compiler that has libFuzzer
+  libclang-rt-19-dev    # libFuzzer and the sanitizers
+"
+
 list=
 if [ "${1-}" = --list ]; then
   list=yes
@@ -64,7 +70,7 @@ fi
 wanted=()
 for group; do
   if [ -z "${groups[$group]-}" ]; then
-    echo "setup: there is no group '$group'; the groups are program, check, desktop, bench, package" >&2
+    echo "setup: there is no group '$group'; the groups are program, check, desktop, bench, package, fuzz" >&2
     exit 2
   fi
   while read -r package _; do

@@ -37,6 +37,13 @@ class TrueShadows {
   std::optional<proof::SceneJudge> judge_;
 };
 
+RunResult runOf(Panel& panel, DialParams& params, SheetPlot& sheet, const Ports& ports) {
+  const TrueShadows judged(panel, sheet);
+  Run run(panel, params, sheet, ports);
+  if (!CmdRun_Click(run, drivers())) return RunResult::NoDriver;
+  return run.refused() ? RunResult::Refused : RunResult::Drawn;
+}
+
 }  // namespace
 
 Program::Program(ProgramConfig config)
@@ -157,8 +164,12 @@ void Program::type(Field field, std::string_view text) {
 void Program::SalvaDefault() { dialwright::SalvaDefault(panel_, store_); }
 
 LoadResult Program::CaricaProgetto(const std::filesystem::path& path) {
+  return CaricaProgetto(path, path.filename().string());
+}
+
+LoadResult Program::CaricaProgetto(const std::filesystem::path& path, std::string title) {
   LoadResult result = dialwright::CaricaProgetto(path, panel_, sheet_);
-  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = path.filename().string();
+  if (result.outcome == LoadResult::Outcome::Loaded) projectTitle_ = std::move(title);
   return result;
 }
 
@@ -166,8 +177,7 @@ void Program::click(Item item) {
   clickItem(panel_, params_, item, [this](std::string_view text) { return T(text); });
 }
 
-Ports Program::portsOfRun() const {
-  Ports all = ports;
+Ports Program::translated(Ports all) const {
   all.translate = [this](std::string_view text) { return T(text); };
   return all;
 }
@@ -185,12 +195,44 @@ void Program::click(Field field, bool state) {
   panel_.setState(Field::Option_P, false);  // it works as a push button
 }
 
-RunResult Program::CmdRun_Click() {
-  const Ports all = portsOfRun();
-  const TrueShadows judged(panel_, sheet_);
-  Run run(panel_, params_, sheet_, all);
-  if (!dialwright::CmdRun_Click(run, drivers())) return RunResult::NoDriver;
-  return run.refused() ? RunResult::Refused : RunResult::Drawn;
+RunResult Program::CmdRun_Click() { return runOf(panel_, params_, sheet_, portsOfRun()); }
+
+SpareRun Program::prepareRun(bool anew) const {
+  SpareRun run{inputs(), anew, panel_, params_, sheet_.spare()};
+  if (!anew) return run;
+  run.params = {};
+  run.params.ModoDati = params_.ModoDati;
+  run.params.UsaLongitudine = params_.UsaLongitudine;
+  run.params.SheetW = params_.SheetW;
+  run.params.SheetH = params_.SheetH;
+  run.sheet.moveCursor(0, 0);
+  return run;
+}
+
+void Program::make(SpareRun& spare, Ports ofRun) const {
+  spare.result = runOf(spare.panel, spare.params, spare.sheet, translated(std::move(ofRun)));
+}
+
+void Program::adopt(SpareRun&& run) {
+  panel_.takeChanges(run.inputs.panel, run.panel);
+  // Clicks of the meantime count for the next run.
+  run.params.ModoDati = params_.ModoDati;
+  run.params.UsaLongitudine = params_.UsaLongitudine;
+  params_ = run.params;
+  sheet_.adopt(std::move(run.sheet), run.anew);
+  if (run.anew) view_.redrawOwn();
+}
+
+Inputs Program::inputs() const { return {panel_, params_.ModoDati, params_.UsaLongitudine}; }
+
+void Program::restore(const Inputs& former) {
+  const bool data = panel_[Field::cmdData].visible;
+  const bool language = panel_[Item::mnuLang].enabled;
+  panel_ = former.panel;
+  panel_[Field::cmdData].visible = data;
+  panel_[Item::mnuLang].enabled = language;
+  params_.ModoDati = former.ModoDati;
+  params_.UsaLongitudine = former.UsaLongitudine;
 }
 
 std::optional<proof::Proof> Program::prove(double within) const {

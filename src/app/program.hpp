@@ -44,6 +44,25 @@ enum class Press {
   Unknown,   // there is no such button
 };
 
+// What an undo puts back: the panel, and what its clicks leave in the record.
+struct Inputs {
+  Panel panel;
+  int ModoDati = 0;
+  double UsaLongitudine = 0;
+};
+
+// A run on a panel, a record and a sheet of its own, so that it can be made in another thread while
+// its program, which must outlive it, goes on.
+struct SpareRun {
+  Inputs inputs;  // what it was made from
+  bool anew =
+      false;  // its drawing is to stand in the place of what the sheet holds, not on top of it
+  Panel panel;
+  DialParams params;
+  SheetPlot sheet;
+  RunResult result = RunResult::NoDriver;
+};
+
 class Program {
  public:
   static constexpr std::string_view kTitle = "Dialwright";
@@ -80,6 +99,20 @@ class Program {
   // The Run button.
   RunResult CmdRun_Click();
 
+  // A run apart from the program: on top of what the sheet holds, or anew. One that is anew starts
+  // from the record of a new program, so that it draws the same whatever was run before.
+  SpareRun prepareRun(bool anew) const;
+  // Makes it, in any thread; the ports are called in that thread.
+  void make(SpareRun& run, Ports ports) const;
+  // Takes over what it drew and derived, and what it put into the panel. A field that has been
+  // changed meanwhile keeps its new state.
+  void adopt(SpareRun&& run);
+
+  Inputs inputs() const;
+  // Puts back former inputs. What a start or a run has made of the window stays: the language menu
+  // and cmdData.
+  void restore(const Inputs& inputs);
+
   // The proof of the drawing as the panel's dial has it: what each stroke stands for, held against
   // the shadows. Only what was drawn while the sheet kept its meanings is in it. Nothing for a dial
   // that throws no shadow.
@@ -105,8 +138,10 @@ class Program {
 
   Parametri& store() { return store_; }
 
-  // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed.
+  // Loads a project, which then waits for its run. Unless it is loaded, nothing is changed. The
+  // project in use then bears the file's name, or the given title.
   LoadResult CaricaProgetto(const std::filesystem::path& path);
+  LoadResult CaricaProgetto(const std::filesystem::path& path, std::string title);
 
   // The viewer of exported drawings: the first line of "viewer.txt" in the working folder; empty
   // without one.
@@ -131,7 +166,8 @@ class Program {
   void loadLanguage();
   void loadWorld(Run& run);
   void pressEnabled(Field button);
-  Ports portsOfRun() const;
+  Ports portsOfRun() const { return translated(ports); }
+  Ports translated(Ports ports) const;
 
   ProgramConfig config_;
   std::filesystem::path cartellaDXF_;

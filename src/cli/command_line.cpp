@@ -20,13 +20,17 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 
-void addCommon(CLI::App& command, Request& request) {
+void addPlace(CLI::App& command, Request& request) {
   command
       .add_option("--folder", request.folder, "working folder for defaults, dictionary and exports")
       ->type_name("DIR");
   command.add_option("--lang", request.language, "language of this run: en, it, fr or es")
       ->type_name("LANG")
       ->check(CLI::IsMember({"en", "it", "fr", "es"}));
+}
+
+void addCommon(CLI::App& command, Request& request) {
+  addPlace(command, request);
   command.add_option("--size", request.size, "sheet in metres, width x height")->type_name("LxH");
   command
       .add_option("--shift", request.shift,
@@ -159,6 +163,11 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
   save.add_option("NAME=VALUE ... FILE", request.words,
                   "assignments and, at the end, the project's file")
       ->required();
+
+  CLI::App& desktop = *app.add_subcommand("desktop", "the desktop program");
+  addPlace(desktop, request);
+  desktop.add_option("FILE", request.item, "a project to open, .sun");
+  commands["desktop"] = commandDesktop;
 
   CLI::App& defaults =
       add("defaults", "show or store what each start begins with", commandDefaults);

@@ -20,6 +20,8 @@ void commandBoard(const Request& request);
 void commandDefaults(const Request& request);
 void commandLettering(const Request& request);
 void commandLanguage(const Request& request);
+// Becomes the desktop program; comes back only by throwing.
+void commandDesktop(const Request& request);
 
 // A program in which the request's dial was drawn, its assignments made and its buttons pressed.
 std::unique_ptr<Program> drawnDial(const Request& request);

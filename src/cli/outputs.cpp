@@ -1,82 +1,36 @@
 // Choosing formats and writing files.
 #include "cli/outputs.hpp"
 
-#include <array>
+#include <filesystem>
 #include <iostream>
 
 #include "app/viewer.hpp"
 #include "cli/errors.hpp"
-#include "paper/picture.hpp"
-#include "persist/project.hpp"
 #include "persist/safe_file.hpp"
-#include "sheet/dxf.hpp"
-#include "sheet/entity_list.hpp"
-#include "sheet/svg.hpp"
 #include "shell/names.hpp"
 
 namespace dialwright {
 
 namespace {
 
-using Writing = void (*)(Program& program, const Request& request, const Sink& sink);
-
-// A picture that can't be made ends the command.
-void demand(const std::string& problem) {
-  if (!problem.empty()) throw CommandFailure(problem);
-}
-
-// A PDF is at true size unless a scale is asked for; a bitmap is in the sheet's scale.
-PictureOptions pictureOf(const Request& request, Inks inks) {
-  PictureOptions options;
-  if (request.scale != 0) options.scale = request.scale;
-  options.inks = inks;
-  return options;
-}
-
-Inks inksOf(const Request& request) { return request.dark ? Inks::Own : Inks::Paper; }
-
-struct FormatRow {
-  std::string_view ending;
-  Writing write;
-};
-
-constexpr std::array kFormats = {
-    FormatRow{"dxf", [](Program& p, const Request&,
-                        const Sink& sink) { DXF_Generate(p.sheet(), p.params().PiGreco, sink); }},
-    FormatRow{"svg", [](Program& p, const Request& r,
-                        const Sink& sink) { writeSvg(p.sheet(), sink, {.dark = r.dark}); }},
-    FormatRow{"pdf",
-              [](Program& p, const Request& r, const Sink& sink) {
-                demand(writePdf(p.sheet(), sink, pictureOf(r, inksOf(r))));
-              }},
-    FormatRow{"png",
-              [](Program& p, const Request& r, const Sink& sink) {
-                demand(writePng(p.sheet(), sink, pictureOf(r, inksOf(r))));
-              }},
-    // The sheet's own Save: as it stands on the screen.
-    FormatRow{"bmp",
-              [](Program& p, const Request& r, const Sink& sink) {
-                demand(writeBmp(p.sheet(), sink, pictureOf(r, Inks::Own)));
-              }},
-    FormatRow{"csv", [](Program& p, const Request&,
-                        const Sink& sink) { writeEntityList(p.sheet().list(), sink); }},
-    FormatRow{"sun", [](Program& p, const Request&,
-                        const Sink& sink) { sink(progettoDi(p.panel(), p.sheet())); }},
-    FormatRow{"txt", [](Program& p, const Request&,
-                        const Sink& sink) { writeTexts(p.sheet().list(), sink); }},
-};
-
 std::string allEndings() {
   std::string all;
-  for (const FormatRow& row : kFormats) all += (all.empty() ? "." : " .") + std::string(row.ending);
+  for (const ExportFormat& row : exportFormats())
+    all += (all.empty() ? "." : " .") + std::string(row.ending);
   return all;
 }
 
-const FormatRow& formatOf(std::string_view ending, const std::string& where) {
-  for (const FormatRow& row : kFormats) {
-    if (equalIgnoringCase(row.ending, ending)) return row;
-  }
+const ExportFormat* formatOf(std::string_view ending, const std::string& where) {
+  const ExportFormat* format = findExportFormat(ending);
+  if (format != nullptr) return format;
   throw UsageError(where + ": no format '" + std::string(ending) + "'; there are " + allEndings());
+}
+
+ExportOptions optionsOf(const Request& request) {
+  ExportOptions options;
+  if (request.scale != 0) options.scale = request.scale;
+  options.dark = request.dark;
+  return options;
 }
 
 }  // namespace
@@ -87,13 +41,13 @@ std::vector<Output> outputsOf(const Request& request) {
     if (path == "-") {
       if (request.format.empty())
         throw UsageError("-o - needs --format; there are " + allEndings());
-      outputs.push_back({path, &formatOf(request.format, "--format") - kFormats.data()});
+      outputs.push_back({path, formatOf(request.format, "--format")});
       continue;
     }
     const std::string ending = std::filesystem::path(path).extension().string();
     if (ending.size() < 2)
       throw UsageError(path + ": the file's ending chooses the format; there are " + allEndings());
-    outputs.push_back({path, &formatOf(ending.substr(1), path) - kFormats.data()});
+    outputs.push_back({path, formatOf(ending.substr(1), path)});
   }
   return outputs;
 }
@@ -117,10 +71,13 @@ void writeTo(const std::string& path, const Writer& writer) {
 }
 
 void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request) {
+  const ExportOptions options = optionsOf(request);
   for (const Output& output : outputs) {
-    const FormatRow& format = kFormats[static_cast<std::size_t>(output.format)];
-    writeTo(output.path, [&](const Sink& sink) { format.write(program, request, sink); });
-    if (format.ending == "dxf" && output.path != "-") {
+    writeTo(output.path, [&](const Sink& sink) {
+      const std::string problem = output.format->write(program, options, sink);
+      if (!problem.empty()) throw CommandFailure(problem);  // it ends the command
+    });
+    if (output.format->ending == "dxf" && output.path != "-") {
       openViewer(request.viewer.empty() ? program.viewer() : request.viewer, output.path);
     }
   }

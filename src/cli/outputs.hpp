@@ -1,20 +1,18 @@
 // The files that a command writes: format by ending, written beside and renamed.
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "app/program.hpp"
+#include "app/exporting.hpp"
 #include "cli/request.hpp"
 #include "persist/safe_file.hpp"
 
 namespace dialwright {
 
 struct Output {
-  std::string path;       // "-" for standard output
-  std::ptrdiff_t format;  // row of the table of formats
+  std::string path;  // "-" for standard output
+  const ExportFormat* format;
 };
 
 // The outputs of a request, before anything is run. Throws UsageError for an ending without a

@@ -5,10 +5,10 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 
 #include "app/data_folder.hpp"
+#include "app/folders.hpp"
 #include "cli/errors.hpp"
 #include "numerics/numbers.hpp"
 
@@ -17,17 +17,6 @@ namespace dialwright {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// The user's configuration folder, or the current one for a user without a home.
-std::filesystem::path configurationFolder() {
-  const char* configured = std::getenv("XDG_CONFIG_HOME");
-  if (configured != nullptr && *configured == '/')
-    return std::filesystem::path(configured) / "dialwright";
-  const char* home = std::getenv("HOME");
-  if (home != nullptr && *home == '/')
-    return std::filesystem::path(home) / ".config" / "dialwright";
-  return ".";
-}
 
 struct NumberPair {
   double first;

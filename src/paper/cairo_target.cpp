@@ -3,11 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <string>
 #include <utility>
 
-#include "sheet/paper_ink.hpp"
 #include "sheet/utf8.hpp"
 
 namespace dialwright {
@@ -46,15 +44,6 @@ std::string wellFormed(std::string_view text) {
   return result;
 }
 
-Rgb inkFor(Inks inks, Rgb colour) {
-  switch (inks) {
-    case Inks::Own: return colour;
-    case Inks::Paper: return inkOnPaper(colour);
-    case Inks::Black: return kBlack;
-  }
-  return colour;
-}
-
 }  // namespace
 
 void setSource(cairo_t* cairo, Rgb colour) {
@@ -80,7 +69,7 @@ void CairoTarget::flush() {
   running_ = false;
   pieces_ = 0;
   const double width = look_.width * pen_.width;
-  ink(pen_.colour);
+  setSource(cairo_, look_.ink(pen_.colour));
   cairo_set_line_width(cairo_, width);
   if (pen_.dots) {
     const double dash[] = {0, 3 * width};
@@ -95,15 +84,6 @@ void CairoTarget::take(const Pen& pen) {
   if (pieces_ != 0 && (pieces_ >= kMostPieces || pen != pen_)) flush();
   pen_ = pen;
   ++pieces_;
-}
-
-void CairoTarget::ink(Rgb colour) { setSource(cairo_, inkFor(look_.inks, colour)); }
-
-// A fill stays in its colour when the outlines are black; one in the colour of the ground is the
-// paper's.
-void CairoTarget::fillInk(Rgb colour) {
-  if (look_.inks == Inks::Own) return setSource(cairo_, colour);
-  setSource(cairo_, colour == look_.ground ? kWhite : inkOnPaper(colour));
 }
 
 // The middle of the pixel that a coordinate falls on.
@@ -158,22 +138,15 @@ void CairoTarget::point(double x, double y, Rgb colour) {
 // Angles run counter-clockwise for the eye, while the surface's y goes down: Cairo's negative way.
 // A negative angle stands for its amount, with a radius to that end.
 void CairoTarget::arcPath(const TargetCircle& circle) const {
-  constexpr double kTurn = 2 * std::numbers::pi;
-  constexpr double kLeastArc = 1e-6;  // from nought to a whole turn by a shortened circle constant
-  const bool whole = circle.endAngle == 0;
-  const double start = whole ? 0 : std::abs(circle.startAngle);
-  double sweep = whole ? kTurn : std::fmod(std::abs(circle.endAngle) - start, kTurn);
-  if (sweep < kLeastArc) sweep += kTurn;
-
   cairo_save(cairo_);
   cairo_translate(cairo_, circle.x, circle.y);
-  // The radius is that of the longer axis.
   cairo_scale(cairo_, std::min(1 / circle.aspect, 1.0), std::min(circle.aspect, 1.0));
   cairo_new_sub_path(cairo_);
-  if (!whole && circle.startAngle < 0) cairo_move_to(cairo_, 0, 0);
-  cairo_arc_negative(cairo_, 0, 0, circle.radius, -start, -start - sweep);
+  if (!circle.whole() && circle.startAngle < 0) cairo_move_to(cairo_, 0, 0);
+  cairo_arc_negative(cairo_, 0, 0, circle.radius, -circle.start(),
+                     -circle.start() - circle.sweep());
   if (circle.endAngle < 0) cairo_line_to(cairo_, 0, 0);
-  if (whole) cairo_close_path(cairo_);
+  if (circle.whole()) cairo_close_path(cairo_);
   cairo_restore(cairo_);
 }
 
@@ -183,10 +156,8 @@ void CairoTarget::circle(const TargetCircle& circle) {
   if (!mapped || !reachable(circle.x, circle.y) || !within(circle.radius, 0, kFarthest)) return;
   flush();
   arcPath(circle);
-  // Only what is closed is filled: a whole circle or a slice.
-  const bool closed = circle.endAngle == 0 || (circle.startAngle < 0 && circle.endAngle < 0);
-  if (circle.fill >= 0 && closed) {
-    fillInk(circle.fill);
+  if (circle.fill >= 0 && circle.closed()) {
+    setSource(cairo_, look_.fillInk(circle.fill));
     cairo_fill_preserve(cairo_);
   }
   pen_ = {circle.colour, 1, false};
@@ -201,7 +172,7 @@ void CairoTarget::box(double x1, double y1, double x2, double y2, Rgb colour, bo
   const double top = edge(std::min(y1, y2));
   cairo_rectangle(cairo_, left, top, edge(std::max(x1, x2)) - left, edge(std::max(y1, y2)) - top);
   if (filled) {
-    ink(colour);
+    setSource(cairo_, look_.ink(colour));
     cairo_fill_preserve(cairo_);
   }
   pen_ = {colour, 1, false};
@@ -212,7 +183,7 @@ void CairoTarget::box(double x1, double y1, double x2, double y2, Rgb colour, bo
 void CairoTarget::text(double x, double y, std::string_view text, Rgb colour) {
   if (!reachable(x, y)) return;
   flush();
-  ink(colour);
+  setSource(cairo_, look_.ink(colour));
   cairo_move_to(cairo_, x, y + ascent_);
   cairo_show_text(cairo_, wellFormed(text).c_str());
   cairo_new_path(cairo_);

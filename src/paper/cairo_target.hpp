@@ -4,26 +4,10 @@
 
 #include <cairo.h>
 
+#include "paper/stroke_look.hpp"
 #include "sheet/draw_target.hpp"
 
 namespace dialwright {
-
-// What becomes of the colours that the sheet gives.
-enum class Inks {
-  Own,    // as they are, for the sheet's own ground
-  Paper,  // dark enough for white paper
-  Black,
-};
-
-// How strokes look, in twips.
-struct StrokeLook {
-  Inks inks = Inks::Own;
-  Rgb ground = kBlack;  // of the sheet
-  double width = 15;    // of a line of width 1
-  double textSize = 160;
-  // The side of a pixel: lines along the axes are laid on whole pixels. 0 for a target without.
-  double pixel = 0;
-};
 
 // The colour of what is painted next.
 void setSource(cairo_t* cairo, Rgb colour);
@@ -66,8 +50,6 @@ class CairoTarget : public DrawTarget {
 
   void take(const Pen& pen);
   void settle();
-  void ink(Rgb colour);
-  void fillInk(Rgb colour);
   double snap(double at) const;
   void arcPath(const TargetCircle& circle) const;
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 #include "paper/picture.hpp"
@@ -58,26 +57,21 @@ class InkFinder : public DrawTarget {
 
   void circle(const TargetCircle& circle) override {
     constexpr int kChords = 360;
-    constexpr double kTurn = 2 * std::numbers::pi;
-    const bool whole = circle.endAngle == 0;
-    const double start = whole ? 0 : std::abs(circle.startAngle);
-    double sweep = whole ? kTurn : std::fmod(std::abs(circle.endAngle) - start, kTurn);
-    if (sweep <= 0) sweep += kTurn;
-    const double radiusX = circle.radius * std::min(1 / circle.aspect, 1.0);
-    const double radiusY = circle.radius * std::min(circle.aspect, 1.0);
     const auto at = [&](int chord) {
-      const double angle = start + sweep * chord / kChords;
-      return std::pair{circle.x + radiusX * std::cos(angle), circle.y - radiusY * std::sin(angle)};
+      const double angle = circle.start() + circle.sweep() * chord / kChords;
+      return std::pair{circle.x + circle.radiusX() * std::cos(angle),
+                       circle.y - circle.radiusY() * std::sin(angle)};
     };
     const auto chordTo = [&](auto from, auto to) {
       line(from.first, from.second, to.first, to.second, 0, 1);
     };
     const std::pair centre{circle.x, circle.y};
     for (int chord = 0; chord < kChords; ++chord) chordTo(at(chord), at(chord + 1));
-    if (!whole && circle.startAngle < 0) chordTo(centre, at(0));
-    if (!whole && circle.endAngle < 0) chordTo(centre, at(kChords));
-    if (whole && circle.fill >= 0) {
-      area(circle.x - radiusX, circle.y - radiusY, circle.x + radiusX, circle.y + radiusY);
+    if (!circle.whole() && circle.startAngle < 0) chordTo(centre, at(0));
+    if (!circle.whole() && circle.endAngle < 0) chordTo(centre, at(kChords));
+    if (circle.whole() && circle.fill >= 0) {
+      area(circle.x - circle.radiusX(), circle.y - circle.radiusY(), circle.x + circle.radiusX(),
+           circle.y + circle.radiusY());
     }
   }
 

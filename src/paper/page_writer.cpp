@@ -1,6 +1,7 @@
 // Lays the parts of the sheet on A4 paper.
 #include "paper/page_writer.hpp"
 
+#include "paper/cairo_target.hpp"
 #include "paper/ink.hpp"
 #include "paper/picture.hpp"
 #include "paper/surface.hpp"
@@ -8,12 +9,6 @@
 namespace dialwright {
 
 namespace {
-
-// A4 in metres; the printable part lies in its middle.
-constexpr double kPaperW = 0.210;
-constexpr double kPaperH = 0.297;
-constexpr double kMarginX = (kPaperW - kPageW) / 2;
-constexpr double kMarginY = (kPaperH - kPageH) / 2;
 
 constexpr double kMillimetre = kTwipsPerMeter / 1000;
 
@@ -35,8 +30,10 @@ void toPageCorner(cairo_t* cairo) {
 
 class Margin {
  public:
-  explicit Margin(cairo_t* cairo)
-      : target_(cairo, {.width = kMarkWidth * kMillimetre, .textSize = kLabelSize * kMillimetre}) {}
+  explicit Margin(DrawTarget& target) : target_(target) {}
+
+  static constexpr StrokeLook kLook{.width = kMarkWidth * kMillimetre,
+                                    .textSize = kLabelSize * kMillimetre};
 
   void cropMarks() {
     for (const double x : {0.0, kWidth}) {
@@ -80,12 +77,12 @@ class Margin {
     target_.text(x * kMillimetre, (kHeight + kRulerLift) * kMillimetre, text, kBlack);
   }
 
-  CairoTarget target_;
+  DrawTarget& target_;
 };
 
 // The picture with the page's rectangle as the sheet, cut at its edges.
-void drawPage(cairo_t* cairo, const SheetPlot& sheet, const SelectedPage& page,
-              const PagesOptions& options) {
+void drawPage(const SheetPlot& sheet, const SelectedPage& page, const PagesOptions& options,
+              PaperDocument& document) {
   SheetFrame frame = sheet.frame();
   frame.factor = kTwipsPerMeter;
   frame.width = kPageW;
@@ -93,18 +90,55 @@ void drawPage(cairo_t* cairo, const SheetPlot& sheet, const SelectedPage& page,
   frame.shiftX -= page.x;
   frame.shiftY -= page.y;
   frame.paper = true;
-  cairo_save(cairo);
-  cairo_rectangle(cairo, 0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
-  cairo_clip(cairo);
-  {
-    CairoTarget target(cairo, {.inks = options.inks,
-                               .ground = sheet.BackColor,
-                               .width = options.lineWidth * kTwipsPerMeter,
-                               .textSize = textSizeAt(sheet, 1)});
-    drawPicture(sheet, frame, target);
-  }
-  cairo_restore(cairo);
+  const auto target = document.target({.inks = options.inks,
+                                       .ground = sheet.BackColor,
+                                       .width = options.lineWidth * kTwipsPerMeter,
+                                       .textSize = textSizeAt(sheet, 1)},
+                                      true);
+  drawPicture(sheet, frame, *target);
 }
+
+// A target on a part of the paper that the drawing is cut at.
+class CutTarget : public CairoTarget {
+ public:
+  CutTarget(cairo_t* cairo, const StrokeLook& look) : CairoTarget(cairo, look), cairo_(cairo) {
+    cairo_save(cairo_);
+    cairo_rectangle(cairo_, 0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
+    cairo_clip(cairo_);
+  }
+  CutTarget(const CutTarget&) = delete;
+  CutTarget& operator=(const CutTarget&) = delete;
+  ~CutTarget() override {
+    flush();
+    cairo_restore(cairo_);
+  }
+
+ private:
+  cairo_t* cairo_;
+};
+
+// Nothing reaches the sink before there is something to draw.
+class PdfDocument : public PaperDocument {
+ public:
+  explicit PdfDocument(const Sink& sink) : to_{sink} {}
+
+  std::unique_ptr<DrawTarget> target(const StrokeLook& look, bool cut) override {
+    if (!surface_) {
+      surface_ = pdfSurface(to_, kPaperW, kPaperH);
+      cairo_ = pdfContext(surface_.get());
+      toPageCorner(cairo_.get());
+    }
+    if (cut) return std::make_unique<CutTarget>(cairo_.get(), look);
+    return std::make_unique<CairoTarget>(cairo_.get(), look);
+  }
+  void newPage() override { cairo_show_page(cairo_.get()); }
+  std::string end() { return finish(surface_.get(), to_); }
+
+ private:
+  CairoSink to_;
+  CairoSurface surface_;
+  CairoContext cairo_;
+};
 
 // The sheet's printer on a PDF. Its pages' corner is that of the printable part.
 class PdfPrinter : public Printer {
@@ -138,7 +172,7 @@ class PdfPrinter : public Printer {
 
 }  // namespace
 
-std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOptions& options) {
+std::string layPages(const SheetPlot& sheet, PaperDocument& document, const PagesOptions& options) {
   const PageGrid grid(sheet);
   for (const int number : options.numbers) {
     if (number >= 1 && number <= grid.pages()) continue;
@@ -148,21 +182,24 @@ std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOpti
   const std::vector<int> numbers = options.numbers.empty() ? inkedPages(sheet) : options.numbers;
   if (numbers.empty()) return "No page of this sheet carries ink.";
 
-  CairoSink to{sink};
-  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
-  const CairoContext cairo = pdfContext(surface.get());
-  toPageCorner(cairo.get());
+  bool first = true;
   for (const int number : numbers) {
-    drawPage(cairo.get(), sheet, grid.page(number), options);
-    {
-      Margin margin(cairo.get());
-      margin.cropMarks();
-      margin.ruler();
-      margin.label(grid, number);
-    }
-    cairo_show_page(cairo.get());
+    if (!first) document.newPage();
+    first = false;
+    drawPage(sheet, grid.page(number), options, document);
+    const auto target = document.target(Margin::kLook, false);
+    Margin margin(*target);
+    margin.cropMarks();
+    margin.ruler();
+    margin.label(grid, number);
   }
-  return finish(surface.get(), to);
+  return {};
+}
+
+std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOptions& options) {
+  PdfDocument document(sink);
+  std::string problem = layPages(sheet, document, options);
+  return problem.empty() ? document.end() : problem;
 }
 
 std::string writePrintout(const Sink& sink, const std::function<void(Printer&)>& job) {

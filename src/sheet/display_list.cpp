@@ -1,6 +1,8 @@
 // The display list's tables.
 #include "sheet/display_list.hpp"
 
+#include <iterator>
+
 namespace dialwright {
 
 namespace {
@@ -8,6 +10,20 @@ namespace {
 template <class Record>
 std::size_t bytesOf(const std::vector<Record>& records) {
   return records.size() * sizeof(Record);
+}
+
+template <class Record>
+void moveBehind(std::vector<Record>& records, std::vector<Record>& others) {
+  records.insert(records.end(), std::make_move_iterator(others.begin()),
+                 std::make_move_iterator(others.end()));
+}
+
+// The meanings of the last records may be left out.
+void moveMeanings(std::vector<Meaning>& meanings, std::size_t records,
+                  std::vector<Meaning>& others) {
+  if (others.empty()) return;
+  meanings.resize(records);
+  moveBehind(meanings, others);
 }
 
 }  // namespace
@@ -41,6 +57,23 @@ void DisplayList::clear() {
   texts.clear();
   lineMeanings_.clear();
   pointMeanings_.clear();
+}
+
+void DisplayList::append(DisplayList&& other) {
+  std::vector<LayerId> own;
+  own.reserve(other.names_.size());
+  for (const std::string& name : other.names_) own.push_back(layer(name));
+  other.visit([&own](auto& record) { record.layer = own[record.layer.index]; });
+  moveMeanings(lineMeanings_, lines.size(), other.lineMeanings_);
+  moveMeanings(pointMeanings_, points.size(), other.pointMeanings_);
+  moveBehind(order_, other.order_);
+  moveBehind(points, other.points);
+  moveBehind(lines, other.lines);
+  moveBehind(boxes, other.boxes);
+  moveBehind(circles, other.circles);
+  moveBehind(vertices, other.vertices);
+  moveBehind(texts, other.texts);
+  other.clear();
 }
 
 std::size_t DisplayList::bytes() const {

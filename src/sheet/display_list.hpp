@@ -109,6 +109,8 @@ class DisplayList {
   Meaning meaningOfPoint(std::size_t point) const { return meaningIn(pointMeanings_, point); }
 
   void clear();
+  // Takes over what another list holds, behind what this one has.
+  void append(DisplayList&& other);
   std::size_t size() const { return order_.size(); }
   const std::vector<EntityKind>& order() const { return order_; }
 

@@ -195,6 +195,31 @@ void SheetPlot::renew() {
   setScale(ScalaMinima());
 }
 
+SheetPlot SheetPlot::spare() const {
+  SheetPlot sheet;
+  sheet.Marchio = Marchio;
+  sheet.BackColor = BackColor;
+  sheet.ForeColor = ForeColor;
+  sheet.PrintMultiColor = PrintMultiColor;
+  sheet.caption_ = caption_;
+  sheet.frame_ = frame_;
+  sheet.scala_ = scala_;
+  sheet.list_.keepMeanings(list_.keepsMeanings());
+  sheet.moveCursor(cursorX_, cursorY_);
+  return sheet;
+}
+
+void SheetPlot::adopt(SheetPlot&& drawn, bool inPlace) {
+  if (inPlace) {
+    list_ = std::move(drawn.list_);
+  } else {
+    list_.append(std::move(drawn.list_));
+  }
+  caption_ = std::move(drawn.caption_);
+  full_ = drawn.full_;
+  moveCursor(drawn.cursorX_, drawn.cursorY_);
+}
+
 void SheetPlot::Refresh() {
   const bool printing = OutputToPRN();
   if (!printing) {

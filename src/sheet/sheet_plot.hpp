@@ -138,6 +138,13 @@ class SheetPlot {
   void renew();
   void Refresh();
 
+  // An empty sheet that lies as this one does and has its cursor, but neither target nor watcher:
+  // what is drawn there can be adopted here.
+  SheetPlot spare() const;
+  // Takes over what was drawn on a spare sheet, with its caption and cursor: in the place of what
+  // stands here, or behind it. Nothing is drawn on the target.
+  void adopt(SheetPlot&& drawn, bool inPlace);
+
   // Cuts the segment to the sheet; 0 when nothing of it is to be drawn, else the number of edge
   // crossings that it met.
   int ClipToSheet(Segment& segment) const { return frame_.clip(segment); }

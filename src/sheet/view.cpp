@@ -97,6 +97,7 @@ void SheetView::scaleSet() { ResizeSurface(); }
 void SheetView::cleared() {
   printPanel_ = false;
   selected_.clear();
+  hasAxes_ = hasGrid_ = false;
   lookX_.reset();
   lookY_.reset();
   changed();
@@ -161,6 +162,7 @@ void SheetView::invertY() {
 // --- Axes and dimensions
 
 void SheetView::Assi() {
+  hasAxes_ = true;
   const double left = sheet_.xMin();
   const double right = sheet_.xMax();
   const double top = sheet_.yMin();
@@ -199,6 +201,7 @@ void SheetView::updateDimensions() {
 
 // The bounds mix height and width: lines past the surface are kept too, and reach the paper.
 void SheetView::xPlotA4() {
+  hasGrid_ = true;
   const double width = sheet_.QuadranteL();
   const double height = sheet_.QuadranteH();
   const double left = sheet_.xMin();
@@ -214,8 +217,15 @@ void SheetView::xPlotA4() {
 
 void SheetView::xTrovaA4(double x, double y) {
   SelectedPage page = PageGrid(sheet_).at(x, y);
-  const double left = page.x += sheet_.xMin();
-  const double top = page.y += sheet_.yMin();
+  page.x += sheet_.xMin();
+  page.y += sheet_.yMin();
+  drawPage(page);
+  selected_.push_back(page);
+}
+
+void SheetView::drawPage(const SelectedPage& page) {
+  const double left = page.x;
+  const double top = page.y;
   const double right = left + sheet_.PageW();
   const double bottom = top + sheet_.PageH();
   const LineStyle style{.layer = sheet_.layer("sys:page")};
@@ -224,7 +234,12 @@ void SheetView::xTrovaA4(double x, double y) {
   sheet_.xLine(right, top, right, bottom, kSelectionColour, style);
   sheet_.xLine(left, bottom, right, bottom, kSelectionColour, style);
   sheet_.Dati(textOf(page.number), left + kNumberGap, top + kNumberGap);
-  selected_.push_back(page);
+}
+
+void SheetView::redrawOwn() {
+  if (hasAxes_) Assi();
+  if (hasGrid_) xPlotA4();
+  for (const SelectedPage& page : selected_) drawPage(page);
 }
 
 void SheetView::click(double xTwips, double yTwips) {

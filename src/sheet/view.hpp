@@ -86,6 +86,9 @@ class SheetView : private SheetWatcher {
   // Frames the page under a place (metres from the sheet's corner), numbers it and selects it.
   void xTrovaA4(double x, double y);
   const std::vector<SelectedPage>& selectedPages() const { return selected_; }
+  // Draws again, on a sheet that was emptied under them, the axes, the grid and the selected pages
+  // that stood there.
+  void redrawOwn();
   // A click on the surface, in twips from its corner.
   void click(double xTwips, double yTwips);
 
@@ -116,6 +119,7 @@ class SheetView : private SheetWatcher {
   void invertX();
   void invertY();
   void drawAxes();
+  void drawPage(const SelectedPage& page);
   void updateAxes();
   void updateDimensions();
   void print();
@@ -128,6 +132,8 @@ class SheetView : private SheetWatcher {
   std::string scaleText_;
   std::array<std::string, std::size(kSheetFields)> texts_;
   std::vector<SelectedPage> selected_;
+  bool hasAxes_ = false;  // drawn since the sheet was last cleared
+  bool hasGrid_ = false;
   ScrollBar horizontal_;
   ScrollBar vertical_;
   double surfaceWidth_ = 0;

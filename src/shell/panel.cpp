@@ -39,6 +39,13 @@ void Panel::show(Field field, bool visible) {
   if (label != Field::None) (*this)[label].visible = visible;
 }
 
+void Panel::takeChanges(const Panel& before, const Panel& after) {
+  for (std::size_t i = 0; i < kFieldCount; ++i) {
+    const Control& was = before.controls_[i];
+    if (after.controls_[i] != was && controls_[i] == was) controls_[i] = after.controls_[i];
+  }
+}
+
 Item Panel::chosen() const {
   for (const Item dial : dialItems()) {
     if ((*this)[dial].checked) return dial;

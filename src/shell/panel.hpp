@@ -18,6 +18,8 @@ struct Control {
   bool state = false;  // checked, or selected
   bool visible = true;
   bool enabled = true;
+
+  bool operator==(const Control&) const = default;
 };
 
 struct MenuItem {
@@ -51,6 +53,10 @@ class Panel {
   void setState(Field field, bool state);
   // Shows or hides a field together with its label.
   void show(Field field, bool visible);
+
+  // Takes over what a copy of this panel was given: each control that differs in `after` from what
+  // it was in `before`, unless it differs here as well.
+  void takeChanges(const Panel& before, const Panel& after);
 
   // The first checked dial in menu order, or Item::None.
   Item chosen() const;

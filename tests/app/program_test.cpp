@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "sheet/entity_list.hpp"
 #include "support/folder.hpp"
 
 namespace dialwright {
@@ -85,6 +86,54 @@ TEST_F(ProgramTest, ANewSheetIsNew) {
   EXPECT_EQ(program->sheet().SignX(), 1);
   EXPECT_EQ(program->sheet().ForeColor, kWhite);
   EXPECT_DOUBLE_EQ(program->sheet().ShiftY(), 2.80 / 3.3333333);
+}
+
+std::string entitiesOf(const Program& program) {
+  std::string list;
+  writeEntityList(program.sheet().list(), [&](std::string_view chunk) { list += chunk; });
+  return list;
+}
+
+// A run apart, adopted, is the run itself: list, layers, meanings, texts at the cursor, record.
+TEST_F(ProgramTest, AdoptsARunAsIfItWereItsOwn) {
+  const auto own = start(), apart = start();
+  for (Program* program : {own.get(), apart.get()}) {
+    program->sheet().list().keepMeanings(true);
+    program->view().press(SheetCommand::CmdGriglia);
+  }
+  for (const Item dial : {Item::M_Light, Item::mnuUni, Item::mnuBall}) {
+    own->click(dial);
+    own->CmdRun_Click();
+    apart->click(dial);
+    SpareRun run = apart->prepareRun(false);
+    apart->make(run, {});
+    EXPECT_EQ(run.result, RunResult::Drawn);
+    apart->adopt(std::move(run));
+    EXPECT_EQ(entitiesOf(*apart), entitiesOf(*own)) << rowOf(dial).name;
+    EXPECT_EQ(apart->sheet().caption(), own->sheet().caption());
+    EXPECT_EQ(apart->params().PiGreco, own->params().PiGreco);
+    EXPECT_TRUE(apart->panel()[Field::cmdData].visible);
+  }
+  const DisplayList& list = apart->sheet().list();
+  for (std::size_t line = 0; line < list.lines.size(); ++line) {
+    ASSERT_EQ(list.meaningOfLine(line).family, own->sheet().list().meaningOfLine(line).family);
+  }
+  EXPECT_EQ(apart->press("cmdData"), own->press("cmdData"));
+  EXPECT_EQ(entitiesOf(*apart), entitiesOf(*own));
+}
+
+TEST_F(ProgramTest, KeepsWhatChangesWhileARunIsMade) {
+  const auto program = start();
+  program->click(Item::mnuBall);
+  program->type(Field::txtDecl, "12");  // which the ball dial's run sets to 0
+  SpareRun run = program->prepareRun(true);
+  program->type(Field::txtLAT, "41");
+  program->click(Field::ck_Etna, true);
+  program->make(run, {});
+  program->adopt(std::move(run));
+  EXPECT_EQ(program->panel().text(Field::txtLAT), "41");
+  EXPECT_EQ(program->params().UsaLongitudine, 1);
+  EXPECT_EQ(program->panel().text(Field::txtDecl), "0");
 }
 
 TEST_F(ProgramTest, AsksBeforeAProjectIsClosed) {

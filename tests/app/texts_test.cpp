@@ -12,6 +12,7 @@
 
 #include "board/board_fields.hpp"
 #include "persist/dizionario.hpp"
+#include "sheet/commands.hpp"
 #include "shell/clicks.hpp"
 
 namespace dialwright {
@@ -43,6 +44,15 @@ Texts textsOfThePanel() {
     });
   }
   return texts;
+}
+
+// Of the sheet's bar and panels.
+void addSheet(Texts& texts) {
+  for (const SheetCommandRow& row : kSheetCommands) {
+    texts.emplace(row.caption, row.name);
+    texts.emplace(row.tip, row.name);
+  }
+  for (const SheetFieldRow& row : kSheetFields) texts.emplace(row.label, row.name);
 }
 
 // Of the utility board: its table.
@@ -77,6 +87,7 @@ TEST(Texts, StandInEveryDictionary) {
   for (const auto& entry : fs::recursive_directory_iterator(DIALWRIGHT_SOURCE_DIR "/src")) {
     if (entry.path().extension() == ".cpp") addCalls(texts, entry.path());
   }
+  addSheet(texts);
   ASSERT_GT(ofPanel, 150u);
   ASSERT_GT(texts.size(), ofPanel);
   for (const Lingua& lingua : lingue()) {

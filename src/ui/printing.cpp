@@ -1,0 +1,137 @@
+// Puts the sheet on the toolkit's printer.
+#include "ui/printing.hpp"
+
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPrintPreviewDialog>
+#include <memory>
+
+#include "paper/page_writer.hpp"
+#include "paper/picture.hpp"
+#include "ui/painter_target.hpp"
+#include "ui/text.hpp"
+
+namespace dialwright {
+
+namespace {
+
+constexpr double kMetresOfInch = 0.0254;
+
+// A painter on a printer that maps twips, from the corner of the printable part of A4.
+class PaperPainter {
+ public:
+  explicit PaperPainter(QPrinter& printer) : printer_(printer) {
+    printer.setFullPage(true);  // whatever was chosen in a dialog
+    begun_ = painter_.begin(&printer);
+    if (!begun_) return;
+    const double dots = printer.resolution() / kMetresOfInch / kTwipsPerMeter;  // of a twip
+    painter_.scale(dots, dots);
+    painter_.translate(kMarginX * kTwipsPerMeter, kMarginY * kTwipsPerMeter);
+  }
+
+  QPainter& painter() { return painter_; }
+  void newPage() { failed_ = !printer_.newPage() || failed_; }
+
+  // What went wrong, in the user's language.
+  QString end(const Program& program) {
+    if (begun_) failed_ = !painter_.end() || failed_;
+    const QPrinter::PrinterState state = printer_.printerState();
+    if (begun_ && !failed_ && state != QPrinter::Error && state != QPrinter::Aborted) return {};
+    return shown(
+        program.T("The printer takes no pages: check that it is on and connected, or print to a "
+                  "file. Nothing of the drawing is lost."));
+  }
+
+  bool begun() const { return begun_; }
+
+ private:
+  QPrinter& printer_;
+  QPainter painter_;
+  bool begun_ = false;
+  bool failed_ = false;
+};
+
+class PaintedPrinter : public Printer {
+ public:
+  explicit PaintedPrinter(PaperPainter& paper)
+      : paper_(paper), target_(paper.painter(), {.width = kPaperLine * kTwipsPerMeter}) {}
+
+  void clear() override {}
+  void line(double x1, double y1, double x2, double y2, Rgb colour, int width) override {
+    target_.line(x1, y1, x2, y2, colour, width);
+  }
+  void dotted(bool on) override { target_.dotted(on); }
+  void point(double x, double y, Rgb colour) override { target_.point(x, y, colour); }
+  void circle(const TargetCircle& circle) override { target_.circle(circle); }
+  void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) override {
+    target_.box(x1, y1, x2, y2, colour, filled);
+  }
+  void text(double x, double y, std::string_view text, Rgb colour) override {
+    target_.text(x, y, text, colour);
+  }
+  void newPage() override { paper_.newPage(); }
+  void endDocument() override {}
+
+ private:
+  PaperPainter& paper_;
+  PainterTarget target_;
+};
+
+class PaintedDocument : public PaperDocument {
+ public:
+  explicit PaintedDocument(PaperPainter& paper) : paper_(paper) {}
+
+  std::unique_ptr<DrawTarget> target(const StrokeLook& look, bool cut) override {
+    const QRectF page(0, 0, kPageW * kTwipsPerMeter, kPageH * kTwipsPerMeter);
+    return std::make_unique<PainterTarget>(paper_.painter(), look, cut ? page : QRectF());
+  }
+  void newPage() override { paper_.newPage(); }
+
+ private:
+  PaperPainter& paper_;
+};
+
+}  // namespace
+
+void prepare(QPrinter& printer) {
+  printer.setFullPage(true);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageOrientation(QPageLayout::Portrait);
+  printer.setPageMargins(QMarginsF());
+}
+
+QString printJob(const Program& program, QPrinter& printer, const PrintJob& job) {
+  PaperPainter paper(printer);
+  if (paper.begun()) {
+    PaintedPrinter pages(paper);
+    job(pages);
+  }
+  return paper.end(program);
+}
+
+QString printPages(const Program& program, QPrinter& printer, const std::vector<int>& numbers) {
+  PaperPainter paper(printer);
+  std::string problem;
+  if (paper.begun()) {
+    PaintedDocument document(paper);
+    problem = layPages(program.sheet(), document, {.numbers = numbers});
+  }
+  const QString failure = paper.end(program);
+  return failure.isEmpty() ? shown(problem) : failure;
+}
+
+QString preview(QWidget* parent, const QString& title, const PrintDocument& document) {
+  QPrinter printer(QPrinter::HighResolution);
+  prepare(printer);
+  QPrintPreviewDialog dialog(&printer, parent);
+  dialog.setWindowTitle(title);
+  dialog.resize(800, 640);
+  QString problem;
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                   [&](QPrinter* paper) { problem = document(*paper); });
+  dialog.exec();
+  return problem;
+}
+
+}  // namespace dialwright
