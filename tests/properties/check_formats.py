@@ -167,7 +167,7 @@ def check_svg(path, rows, sheet):
         kind, shape = next(found)
         ends = [moved(end, sheet) for end in row.ends]
         where = f"SVG {kind} {shape} for {row.kind} {ends}"
-        if row.kind == "P":
+        if row.kind == "P" or row.kind == "C" and row.radius == 0:
             assert kind == "P" and near(shape[0], ends[0]), where
         elif row.kind == "L":
             assert kind == "L" and same_ends(shape, ends), where
@@ -299,7 +299,7 @@ def check_pdf(path, rows, sheet):
             seen = None if row.empty else cut(*ends, sheet)
             if seen and not near(*seen, 0):
                 pen.stroke(*seen)
-        elif row.kind == "P":
+        elif row.kind == "P" or row.kind == "C" and row.radius == 0:
             if 0 <= ends[0][0] < sheet.width and 0 <= ends[0][1] < sheet.height:
                 dot = pen.take_all()
                 assert len(dot) == 2 and near(dot[0], ends[0]), f"PDF: {dot} for the point {ends}"
@@ -315,8 +315,9 @@ def check_pdf(path, rows, sheet):
             centre = ends[0]
             curve = [place for place in pen.take_all() if not isinstance(place, str)]
             for x, y in curve:
-                off = math.hypot((x - centre[0]) / wide, (y - centre[1]) / high) - 1
-                assert abs(off * max(wide, high)) < 2 * NEAR or near((x, y), centre), f"PDF: {x, y} for {row.__dict__}, {off}"
+                dx, dy = x - centre[0], y - centre[1]
+                off = math.hypot(dx, dy * wide / high) - wide
+                assert abs(off) < 2 * NEAR or near((x, y), centre), f"PDF: {x, y} for {row.__dict__}"
     assert next(pen.paths, None) is None, "PDF: more than the list"
 
 

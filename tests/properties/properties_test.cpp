@@ -59,12 +59,14 @@ void expectNumbersOnly(Program& program) {
   const auto all = [](std::initializer_list<double> values) {
     return std::ranges::all_of(values, sound);
   };
-  EXPECT_TRUE(std::ranges::all_of(
-      list.lines, [&](const auto& r) { return all({r.x1, r.y1, r.x2, r.y2}); }));
+  EXPECT_TRUE(std::ranges::all_of(list.lines, [&](const auto& r) {
+    return all({r.x1, r.y1, r.x2, r.y2});
+  }));
   EXPECT_TRUE(std::ranges::all_of(list.points, [&](const auto& r) { return all({r.x, r.y}); }));
   EXPECT_TRUE(std::ranges::all_of(list.vertices, [&](const auto& r) { return all({r.x, r.y}); }));
-  EXPECT_TRUE(std::ranges::all_of(
-      list.boxes, [&](const auto& r) { return all({r.x1, r.y1, r.x2, r.y2}); }));
+  EXPECT_TRUE(std::ranges::all_of(list.boxes, [&](const auto& r) {
+    return all({r.x1, r.y1, r.x2, r.y2});
+  }));
   EXPECT_TRUE(std::ranges::all_of(list.circles, [&](const auto& r) {
     return all({r.x, r.y, r.radius, r.aspect, r.startAngle, r.endAngle});
   }));

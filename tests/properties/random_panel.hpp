@@ -56,7 +56,8 @@ class RandomPanels {
         panel.assignments.emplace_back(fieldAt(i), plausible(row));
       } else if (row.kind == FieldKind::Check && below(3) == 0) {
         panel.assignments.emplace_back(fieldAt(i), below(2) == 0 ? "0" : "1");
-      } else if (row.kind == FieldKind::Option && row.group != OptionGroup::Point && below(4) == 0) {
+      } else if (row.kind == FieldKind::Option && row.group != OptionGroup::Point &&
+                 below(4) == 0) {
         panel.assignments.emplace_back(fieldAt(i), "1");
       }
     }
@@ -80,9 +81,9 @@ class RandomPanels {
   }
 
   std::string oddText() {
-    constexpr const char* kTexts[] = {"",     "abc",  "0",     "-0",  "-1",   "90",   "-90", "180",
-                                      "1e-9", "1e-4", "1e300", "1e9", "24.5", "0,25", "1 2", "&H1F",
-                                      "1e999", "-66.56", "23.445", "45.7438"};
+    constexpr const char* kTexts[] = {"",    "abc",  "0",     "-0",     "-1",     "90",     "-90",
+                                      "180", "1e-9", "1e-4",  "1e300",  "1e9",    "24.5",   "0,25",
+                                      "1 2", "&H1F", "1e999", "-66.56", "23.445", "45.7438"};
     return kTexts[below(std::size(kTexts))];
   }
 
