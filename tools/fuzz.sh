@@ -22,19 +22,18 @@ run() {
     -artifact_prefix=build/fuzz/"$name"- -print_final_stats=1 "$own" fuzz/corpus/"$name" >build/fuzz/"$name".log 2>&1
 }
 
-failed=0
-pids=()
 for name in "${names[@]}"; do
   while [ "$(jobs -rp | wc -l)" -ge 2 ]; do sleep 1; done
   run "$name" &
-  pids+=("$!:$name")
 done
-for each in "${pids[@]}"; do
-  name=${each#*:}
-  if wait "${each%%:*}"; then
-    echo "$name: nothing found, $(grep -c . <(ls build/fuzz/corpus/"$name")) inputs kept, $(grep -oP 'stat::number_of_executed_units: *\K\d+' build/fuzz/"$name".log || echo '?') runs"
+wait
+failed=0
+for name in "${names[@]}"; do
+  log=build/fuzz/$name.log
+  if grep -qs '^Done ' "$log"; then
+    echo "$name: nothing found in $(grep -oP '^Done \K\d+' "$log") runs"
   else
-    echo "$name: see build/fuzz/$name.log"
+    echo "$name: see $log"
     failed=1
   fi
 done

@@ -94,6 +94,19 @@ class Projection {
     return depth_(sinH, cosH, tanDelta) > 0;
   }
 
+  // Towards the sun whose shadow a point is, in the equator's frame: its sine of the hour angle,
+  // its cosine of it (both times the cosine of the declination) and its sine of the declination,
+  // all as long as the ray from the point to the tip.
+  struct Ray {
+    double sinH, cosH, sine;
+  };
+  Ray rayFrom(Punto p) const {
+    const auto part = [&](double Form::*of) {
+      return p.x * (right_.*of) + p.y * (up_.*of) + style_ * (depth_.*of);
+    };
+    return {part(&Form::sine), part(&Form::cosine), part(&Form::tangent)};
+  }
+
   // The line of an hour angle, on both sides of the style's centre.
   Retta hourLine(double H) const { return throughTip({std::cos(H), -std::sin(H), 0}); }
   // The shadow of the days when day and night are equal.

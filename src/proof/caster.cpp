@@ -10,28 +10,41 @@ namespace {
 
 constexpr int kRingPieces = 180;  // of a ring in a picture
 
-// A direction square to another one.
-Vec square(Vec a) {
-  return unit(std::abs(a.z) < 0.9 * length(a) ? cross(a, {0, 0, 1}) : cross(a, {1, 0, 0}));
+struct Sample {
+  double at, value;
+};
+
+// Where the parabola through three samples has its vertex; no number where they lie on a line.
+double vertexOf(const Sample& a, const Sample& b, const Sample& c) {
+  const double left = (b.at - a.at) * (b.value - c.value);
+  const double right = (b.at - c.at) * (b.value - a.value);
+  return b.at - ((b.at - a.at) * left - (b.at - c.at) * right) / (2 * (left - right));
 }
 
-// Where a function of one number is least between two, by the golden section; it has one hollow
-// there.
+// Where a function of one number is least between two; it has one hollow there, with the middle
+// number in it. By parabolas, and by the golden section where these lead nowhere.
 template <class Function>
-double leastBetween(Function f, double low, double high) {
-  constexpr double kGolden = 0.6180339887498949;
-  double a = high - kGolden * (high - low), b = low + kGolden * (high - low);
-  double fa = f(a), fb = f(b);
-  for (int i = 0; i < 60 && high - low > 1e-13; ++i) {
-    if (fa < fb) {
-      high = b, b = a, fb = fa;
-      a = high - kGolden * (high - low), fa = f(a);
-    } else {
-      low = a, a = b, fa = fb;
-      b = low + kGolden * (high - low), fb = f(b);
+double leastBetween(Function f, double low, double middle, double high) {
+  constexpr double kGolden = 0.3819660112501051;
+  Sample a{low, f(low)}, b{middle, f(middle)}, c{high, f(high)};
+  for (int i = 0; i < 60 && c.at - a.at > 1e-13; ++i) {
+    double next = vertexOf(a, b, c);
+    const bool inside = next > a.at && next < c.at;
+    if (inside && std::abs(next - b.at) < 1e-14) break;
+    // Every third time, so that both ends close in.
+    if (!inside || i % 3 == 2) {
+      next = b.at + kGolden * ((c.at - b.at > b.at - a.at ? c.at : a.at) - b.at);
     }
+    const Sample sample{next, f(next)};
+    const bool better = sample.value < b.value;
+    if (next < b.at) {
+      (better ? c : a) = better ? b : sample;
+    } else {
+      (better ? a : c) = better ? b : sample;
+    }
+    if (better) b = sample;
   }
-  return (low + high) / 2;
+  return b.at;
 }
 
 }  // namespace
@@ -52,27 +65,38 @@ std::optional<Vec> StraightEdge::nearest(Vec place, Vec sunwards) const {
   return place + (dot(start, across) / reach) * onCircle;
 }
 
+CurvedEdge::CurvedEdge(Curve curve, bool closed, int pieces)
+    : curve_(std::move(curve)), closed_(closed) {
+  for (int i = 0; i <= pieces; ++i) points_.push_back(curve_(static_cast<double>(i) / pieces));
+}
+
 std::optional<Vec> CurvedEdge::nearest(Vec place, Vec sunwards) const {
-  // The square of the sine would do as well, but not behind the place.
-  const auto apart = [&](double u) { return 1 - dot(unit(curve_(u) - place), sunwards); };
-  const auto fine = [&](double u) { return length(cross(unit(curve_(u) - place), sunwards)); };
-  int best = 0;
-  double least = std::numeric_limits<double>::infinity();
-  for (int i = 0; i <= pieces_; ++i) {
-    const double miss = apart(static_cast<double>(i) / pieces_);
-    if (miss < least) least = miss, best = i;
+  std::size_t best = 0;
+  double most = 0;  // the square of the cosine of the angle from the sun
+  for (std::size_t i = 0; i < points_.size(); ++i) {
+    const Vec to = points_[i] - place;
+    const double along = dot(to, sunwards);
+    const double square = along > 0 ? along * along / dot(to, to) : 0;
+    if (square > most) most = square, best = i;
   }
-  if (!(least < 1)) return std::nullopt;
-  double low = static_cast<double>(best - 1) / pieces_;
-  double high = static_cast<double>(best + 1) / pieces_;
+  if (!(most > 0)) return std::nullopt;
+  // The square of the sine: it keeps its digits where it is small.
+  const auto apart = [&](double u) {
+    const Vec aside = cross(unit(curve_(u) - place), sunwards);
+    return dot(aside, aside);
+  };
+  const double piece = 1.0 / static_cast<double>(points_.size() - 1);
+  const double middle = static_cast<double>(best) * piece;
+  double low = middle - piece, high = middle + piece;
   if (!closed_) low = std::fmax(low, 0), high = std::fmin(high, 1);
-  return curve_(leastBetween(fine, low, high));
+  return curve_(leastBetween(apart, low, middle, high));
 }
 
 std::vector<std::vector<Vec>> CurvedEdge::outline(Vec) const {
   std::vector<Vec> line;
-  const int pieces = 4 * pieces_;
-  for (int i = 0; i <= pieces; ++i) line.push_back(curve_(static_cast<double>(i) / pieces));
+  const std::size_t pieces = 4 * (points_.size() - 1);
+  for (std::size_t i = 0; i <= pieces; ++i)
+    line.push_back(curve_(static_cast<double>(i) / static_cast<double>(pieces)));
   return {line};
 }
 

@@ -51,15 +51,14 @@ class CurvedEdge : public Caster {
  public:
   using Curve = std::function<Vec(double)>;
   // A curve that is one piece without sharp bends is found well with some dozens of pieces.
-  explicit CurvedEdge(Curve curve, bool closed = false, int pieces = 64)
-      : curve_(std::move(curve)), closed_(closed), pieces_(pieces) {}
+  explicit CurvedEdge(Curve curve, bool closed = false, int pieces = 64);
   std::optional<Vec> nearest(Vec place, Vec sunwards) const override;
   std::vector<std::vector<Vec>> outline(Vec) const override;
 
  private:
   Curve curve_;
   bool closed_;
-  int pieces_;
+  std::vector<Vec> points_;  // of the ends of its pieces
 };
 
 // A ball: the ring of it that the sun's rays touch.

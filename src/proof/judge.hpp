@@ -42,7 +42,7 @@ class SceneJudge : public ShadowJudge {
   Judgement judge(Punto at, CurveFamily family, const Sun& sun);
   // How far the shadow of the sun half way between those of the ends lies from a chord, less what a
   // chord of a bent line is allowed, metres.
-  double strayOfMiddle(Punto from, Punto to, const Meaning& meaning);
+  double strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const;
 
   Scene scene_;
   double within_;

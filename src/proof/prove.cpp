@@ -72,7 +72,7 @@ Proof prove(const DisplayList& list, const Scene& scene, double within) {
   proof.points.assign(list.points.size(), Finding::True);
   for (std::size_t i = 0; i < list.lines.size(); ++i) {
     const Meaning meaning = list.meaningOfLine(i);
-    if (!meaning.first.known()) continue;
+    if (!meaning.first.known() && !meaning.second.known()) continue;
     const LineRecord& line = list.lines[i];
     const StrokeFinding found = judge.find({line.x1, -line.y1}, {line.x2, -line.y2}, meaning);
     proof.lines[i] = found.finding;

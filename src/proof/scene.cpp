@@ -1,6 +1,7 @@
 // Judging a point of the drawing by rays.
 #include "proof/scene.hpp"
 
+#include <cmath>
 #include <limits>
 
 namespace dialwright::proof {
@@ -14,6 +15,12 @@ constexpr double kGrazing = -1e-8;
 constexpr double kMinute = kPi / 720;  // of time, as an hour angle
 // A way on the drawing that takes no time worth asking for, metres.
 constexpr double kNoWay = 1e-7;
+// The search for the sun that a point tells: directions that are the same.
+constexpr double kSameDirection = 1e-13;
+constexpr int kMostRounds = 100;
+// Two shadows cross where they are so near to one another, metres.
+constexpr double kMeeting = 1e-8;
+constexpr int kMostCrossings = 8;
 
 // Fills in what a sun leaves open.
 Sun completed(const Sun& sun, const Sun& told) {
@@ -28,6 +35,27 @@ Judgement nowhere(Punto spot) {
 
 double distance(Punto a, Punto b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
+// Where two straight lines through two points each cross.
+std::optional<Punto> crossing(Punto a0, Punto a1, Punto b0, Punto b1) {
+  const double ax = a1.x - a0.x, ay = a1.y - a0.y, bx = b1.x - b0.x, by = b1.y - b0.y;
+  const double part = ((b0.x - a0.x) * by - (b0.y - a0.y) * bx) / (ax * by - ay * bx);
+  if (!std::isfinite(part)) return std::nullopt;
+  return Punto{a0.x + part * ax, a0.y + part * ay};
+}
+
+// A spot's neighbour along the shadow whose nearest point is `own`, at a part of a distance: square
+// to the way there, or for a spot on that shadow towards the other one's nearest point.
+Punto along(Punto spot, Punto own, Punto other, double distanceOff) {
+  const double dx = own.x - spot.x, dy = own.y - spot.y;
+  const double way = std::hypot(dx, dy);
+  const double step = 0.1;
+  if (way > kMeeting) {
+    const double scale = step * distanceOff / way;
+    return {spot.x - scale * dy, spot.y + scale * dx};
+  }
+  return {spot.x + step * (other.x - spot.x), spot.y + step * (other.y - spot.y)};
+}
+
 }  // namespace
 
 const Casters& Scene::castersOf(CurveFamily family) const {
@@ -37,19 +65,17 @@ const Casters& Scene::castersOf(CurveFamily family) const {
   return casters.front();
 }
 
+bool Scene::isLit(const Place& place, Vec sunwards) const {
+  return sunwards.z >= kGrazing && dot(place.normal, sunwards) >= kGrazing &&
+         (!alsoLit || alsoLit(place, sunwards));
+}
+
 Judgement Scene::judge(Punto spot, CurveFamily family, Sun sun) const {
   if (std::isnan(sun.hourAngle) || std::isnan(sun.declination)) {
     const std::optional<Place> place = surface->place(spot);
-    if (!place) return nowhere(spot);
-    // Twice: the nearest point of a caster depends on the sun itself.
-    Sun told;
-    for (int i = 0; i < 2; ++i) {
-      const Vec guess = sky.towards(completed(sun, completed(told, {0, 0})));
-      const auto through = castersOf(family).all.front()->nearest(place->at, guess);
-      if (!through) return nowhere(spot);
-      told = sky.of(*through - place->at);
-    }
-    sun = completed(sun, told);
+    const auto told = place ? sunThrough(castersOf(family), *place, sun) : std::nullopt;
+    if (!told) return nowhere(spot);
+    sun = *told;
   }
   return judge(spot, family, sky.towards(sun));
 }
@@ -58,23 +84,68 @@ Judgement Scene::judge(Punto spot, CurveFamily family, Vec sunwards) const {
   const std::optional<Place> place = surface->place(spot);
   if (!place) return nowhere(spot);
   Judgement judgement{.shadow = spot, .sunwards = sunwards};
-  judgement.lit = sunwards.z >= kGrazing && dot(place->normal, sunwards) >= kGrazing &&
-                  (!alsoLit || alsoLit(*place, sunwards));
-  for (const auto& caster : castersOf(family).all) {
-    const auto through = caster->nearest(place->at, sunwards);
-    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
-    const double miss = shadow ? distance(*shadow, spot) : kInfinity;
-    if (miss <= judgement.miss) continue;
-    judgement.miss = miss;
-    judgement.minutes = shadow ? 0 : kInfinity;
-    if (!shadow) continue;
-    judgement.shadow = *shadow;
-    if (miss < kNoWay) continue;
-    const Vec west = cross(sunwards, sky.pole());
-    const auto later = surface->shadow(*through, unit(sunwards + kMinute * west));
-    judgement.minutes = later ? miss / distance(*shadow, *later) : kInfinity;
+  judgement.lit = isLit(*place, sunwards);
+  const Casters& of = castersOf(family);
+  const auto shadow = shadowOf(of, spot, sunwards);
+  if (!shadow) {
+    judgement.miss = judgement.minutes = kInfinity;
+    // Where two shadows do not cross, nothing is there to be read.
+    judgement.lit = judgement.lit && of.all.size() == 1;
+    return judgement;
   }
+  judgement.shadow = *shadow;
+  judgement.miss = distance(*shadow, spot);
+  if (judgement.miss < kNoWay) return judgement;
+  const Vec west = cross(sunwards, sky.pole());
+  const auto later = shadowOf(of, *shadow, unit(sunwards + kMinute * west));
+  judgement.minutes = later ? judgement.miss / distance(*shadow, *later) : kInfinity;
   return judgement;
+}
+
+// From the casters to what is known of the sun and back, until the direction stands.
+std::optional<Sun> Scene::sunThrough(const Casters& of, const Place& place, const Sun& sun) const {
+  Sun told;
+  Vec direction = place.normal, seen = direction;
+  for (int round = 0; round < kMostRounds; ++round) {
+    Vec through = direction;
+    for (const auto& caster : of.all) {
+      const auto nearest = caster->nearest(place.at, through);
+      if (!nearest) return std::nullopt;
+      through = unit(*nearest - place.at);
+    }
+    seen = through;
+    told = completed(sun, sky.of(through));
+    through = sky.towards(told);
+    if (length(through - direction) < kSameDirection) break;
+    direction = through;
+  }
+  // What looks up to the casters without being lit is no shadow of any hour or day.
+  if (!isLit(place, seen)) return std::nullopt;
+  return told;
+}
+
+std::optional<Punto> Scene::shadowOf(const Casters& of, Punto spot, Vec sunwards) const {
+  const auto nearest = [&](std::size_t caster, Punto from) -> std::optional<Punto> {
+    const auto place = surface->place(from);
+    const auto through = place ? of.all[caster]->nearest(place->at, sunwards) : std::nullopt;
+    const auto shadow = through ? surface->shadow(*through, sunwards) : std::nullopt;
+    if (!shadow) return std::nullopt;
+    return surface->imageNear(from, *shadow);
+  };
+  if (of.all.size() == 1) return nearest(0, spot);
+  // To where the straight lines through two points of each shadow cross, until that is on both.
+  for (int round = 0; round < kMostCrossings; ++round) {
+    const auto a = nearest(0, spot), b = nearest(1, spot);
+    if (!a || !b) return std::nullopt;
+    const double offA = distance(*a, spot), offB = distance(*b, spot);
+    const double off = std::fmax(offA, offB);
+    if (off < kMeeting) return spot;
+    const auto a1 = nearest(0, along(spot, *a, *b, off)), b1 = nearest(1, along(spot, *b, *a, off));
+    const auto cross = a1 && b1 ? crossing(*a, *a1, *b, *b1) : std::nullopt;
+    if (!cross) return std::nullopt;
+    spot = *cross;
+  }
+  return std::nullopt;
 }
 
 }  // namespace dialwright::proof

@@ -41,6 +41,14 @@ struct Scene {
   Judgement judge(Punto spot, CurveFamily family, Sun sun) const;
   // The same for a direction of length 1.
   Judgement judge(Punto spot, CurveFamily family, Vec sunwards) const;
+
+ private:
+  // The sun behind the casters as a place sees them, with what is known of it; nothing where they
+  // can't be seen.
+  std::optional<Sun> sunThrough(const Casters& of, const Place& place, const Sun& sun) const;
+  // The shadow's point nearest to a spot; nothing where there is no shadow, or two do not cross.
+  std::optional<Punto> shadowOf(const Casters& of, Punto spot, Vec sunwards) const;
+  bool isLit(const Place& place, Vec sunwards) const;
 };
 
 }  // namespace dialwright::proof

@@ -12,9 +12,28 @@ struct SceneRow {
   SceneMaker make;
 };
 
+// clang-format off: a row a line
 constexpr SceneRow kScenes[] = {
+    {Item::M_Light, wallDial},
+    {Item::M_Inclinati, reclinedDial},
+    {Item::M_Proiettivo, reclinedDial},
+    {Item::M_nProiettivo, reclinedDial},
+    {Item::M_Frinter, wallDial},
+    {Item::mnuVertSph, wallDial},
     {Item::mnuUni, universalDial},
+    {Item::M_Param, dottedCylinder},
+    {Item::M_CILINDRICI, dottedCylinder},
+    {Item::M_Parabolico, parabolicCylinder},
+    {Item::mnuCircp, dottedCylinder},
+    {Item::mnuCCs, sphericalCylinder},
+    {Item::mnuChapeau, filteringHat},
+    {Item::mnuFontana_H3, fountain},
+    {Item::mnuBifvert, equiangularDial},
+    {Item::mnucatenaria, wireAndChain},
+    {Item::mnuBall, levelBall},
+    {Item::mnuBall_v, uprightBall},
 };
+// clang-format on
 
 }  // namespace
 

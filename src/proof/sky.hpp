@@ -35,6 +35,12 @@ class Sky {
             std::asin(std::fmin(1, std::fmax(-1, d.y * cosine_ + d.z * sine_)))};
   }
 
+  // Half the way of a declination's sun over the horizon, as an hour angle; no number where it
+  // neither rises nor sets.
+  double semiArc(double declination) const {
+    return std::acos(-sine_ / cosine_ * std::tan(declination));
+  }
+
   // The northern pole of the sky.
   Vec pole() const { return {0, cosine_, sine_}; }
 

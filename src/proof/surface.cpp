@@ -3,6 +3,13 @@
 
 namespace dialwright::proof {
 
+namespace {
+
+// How far behind a surface a point may seem to lie that lies on it, metres.
+constexpr double kOnSurface = 1e-12;
+
+}  // namespace
+
 Plane Plane::facing(double declination, double reclination) {
   const double sinD = std::sin(declination), cosD = std::cos(declination);
   const double level = std::cos(reclination);
@@ -13,7 +20,7 @@ std::optional<Punto> Plane::shadow(Vec point, Vec sunwards) const {
   const double depth = dot(normal_, sunwards);
   const Vec above = point - origin_;
   const double height = dot(normal_, above);
-  if (!(depth > 0) || height < 0) return std::nullopt;
+  if (!(depth > 0) || height < -kOnSurface) return std::nullopt;
   const Vec hit = above - (height / depth) * sunwards;
   return Punto{dot(hit, right_), dot(hit, up_)};
 }

@@ -22,6 +22,9 @@ class Surface {
   // Where on the drawing the light that passes a point in space, coming from that direction, first
   // meets the dial's side; nothing when it misses it.
   virtual std::optional<Punto> shadow(Vec point, Vec sunwards) const = 0;
+  // Of the points of the drawing that are one place in space the one that lies nearest to a spot:
+  // there are several where a development closes.
+  virtual Punto imageNear(Punto /*spot*/, Punto image) const { return image; }
 };
 
 // A plane, through a point of space that is the drawing's origin.

@@ -20,6 +20,10 @@ inline Vec cross(Vec a, Vec b) {
 }
 inline double length(Vec a) { return std::sqrt(dot(a, a)); }
 inline Vec unit(Vec a) { return (1 / length(a)) * a; }
+// A direction of length 1 square to another one.
+inline Vec square(Vec a) {
+  return unit(std::abs(a.z) < 0.9 * length(a) ? cross(a, {0, 0, 1}) : cross(a, {1, 0, 0}));
+}
 // The angle between two directions, radians; also a small one keeps its digits.
 inline double angle(Vec a, Vec b) { return std::atan2(length(cross(a, b)), dot(a, b)); }
 

@@ -80,7 +80,7 @@ class Pen {
   }
 
   void segment(Punto from, Punto to, const Meaning& meaning) {
-    const bool known = meaning.first.known();
+    const bool known = meaning.first.known() || meaning.second.known();
     if (known && judge_ != nullptr && !judge_->isTrack(from, to, meaning)) return;
     sheet_.xLine(from.x, sheetY(from.y), to.x, sheetY(to.y), colour_, style_);
     if (known && sheet_.list().keepsMeanings()) sheet_.list().meanLine(meaning);
@@ -117,6 +117,15 @@ inline void line(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, const S
   }
   line(sheet, from, to, ink);
   if (sheet.list().keepsMeanings()) sheet.list().meanLine(meaning);
+}
+// False for a mark or a numeral of a sun whose shadow, as a judge finds, does not fall there.
+inline bool isShown(const SheetPlot& sheet, Punto at, CurveFamily family, const Sun& sun) {
+  return sheet.judge() == nullptr || sheet.judge()->isShadow(at, family, sun);
+}
+// True when someone asks which suns the strokes stand for: what is dear to work out can wait for
+// that.
+inline bool asksForSuns(const SheetPlot& sheet) {
+  return sheet.judge() != nullptr || sheet.list().keepsMeanings();
 }
 inline void line(SheetPlot& sheet, Punto from, Punto to, Rgb colour) {
   line(sheet, from, to, Ink{colour});

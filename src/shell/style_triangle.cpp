@@ -1,6 +1,8 @@
 // The polar style over its plane.
 #include "shell/style_triangle.hpp"
 
+#include <algorithm>
+
 namespace dialwright {
 
 double StylePlane::elevationSine() const {
@@ -59,6 +61,32 @@ Chord clippedSubstyle(double substyle, const Window& window) {
   if (chord.b.y < window.y2) atHeight(chord.b, window.y2);
   if (chord.b.y > window.y1) atHeight(chord.b, window.y1);
   return chord;
+}
+
+Punto poleAlong(const StylePlane& p) {
+  const double level = std::cos(p.LatRad);
+  return {-level * std::sin(p.DeclRad), level * std::sin(p.ReclinRad) * std::cos(p.DeclRad) +
+                                            std::sin(p.LatRad) * std::cos(p.ReclinRad)};
+}
+
+// (Standard: the clipping of Liang and Barsky, by the line's parameter at each side.)
+std::optional<Chord> clippedLine(Punto through, Punto along, const Window& window, double first,
+                                 double last) {
+  const auto between = [&](double start, double way, double low, double high) {
+    if (way == 0) return low <= start && start <= high;
+    const double a = (low - start) / way, b = (high - start) / way;
+    first = std::max(first, std::min(a, b));
+    last = std::min(last, std::max(a, b));
+    return true;
+  };
+  if (!between(through.x, along.x, window.x1, window.x2) ||
+      !between(through.y, along.y, window.y2, window.y1) || !(first < last) || !sound(first) ||
+      !sound(last))
+    return std::nullopt;
+  const auto at = [&](double part) {
+    return Punto{through.x + part * along.x, through.y + part * along.y};
+  };
+  return Chord{at(first), at(last)};
 }
 
 EquinoctialLine::EquinoctialLine(const Angles& angles, const StylePlane& plane) {

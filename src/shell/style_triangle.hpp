@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 
 #include "numerics/projection.hpp"
 #include "shell/dial_params.hpp"
@@ -42,6 +43,10 @@ struct PolarStyle {
   bool hasCentre() const { return sine != 0; }
 };
 
+// The way of the northern pole along a plane, in its coordinates: the substyle's direction, also of
+// an upright one.
+Punto poleAlong(const StylePlane& plane);
+
 // The style of a plane. `sine` stands for the plane's own elevationSine where a caller counts a
 // tiny one as 0.
 PolarStyle polarStyle(const Angles& angles, const StylePlane& plane, double sine);
@@ -55,6 +60,11 @@ struct Chord {
   Punto a, b;
 };
 Chord clippedSubstyle(double substyle, const Window& window);
+
+// The part in the window of the line through a point in a direction, from `first` to `last` times
+// the direction; nothing where it passes the window by.
+std::optional<Chord> clippedLine(Punto through, Punto along, const Window& window,
+                                 double first = -HUGE_VAL, double last = HUGE_VAL);
 
 // The equinoctial of a plane: the line through `foot` with a slope.
 struct EquinoctialLine {

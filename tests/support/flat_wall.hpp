@@ -30,16 +30,6 @@ inline double apart(double a, double b, double circle = 360) {
   return std::abs(std::remainder(a - b, circle));
 }
 
-// The hours counted from the horizon lie on its 24 turns about the pole: the italic ones on those
-// that the sun meets while it sets, -12 to 0 hours from sunset in the year's mean, the babylonian
-// ones on those that it meets while it rises, 0 to 12 hours after sunrise.
-enum class HorizonHours { Italic = -1, Babylonian = 1 };
-
-struct HorizonCircle {
-  int hours = 0;    // that the horizon is turned by
-  double off = 90;  // degrees from it
-};
-
 // Spots of a line that lie on it wherever the sheet is.
 inline std::vector<sky::Spot> spotsOf(const LineRecord& l) {
   std::vector<sky::Spot> spots;
@@ -83,20 +73,6 @@ class FlatWall : public DialCase {
     const sky::Vec s = sun(x, sheetY);
     const double meridian = s.z * std::cos(latitude) - s.y * std::sin(latitude);
     return apart(hourAngle(x, sheetY), hour, circle) * std::hypot(s.x, meridian);
-  }
-
-  // The turned horizon that a spot's sun (or the sun's opposite) is nearest to.
-  HorizonCircle horizonCircle(HorizonHours count, double x, double sheetY) const {
-    const sky::Vec s = sun(x, sheetY);
-    const double H = sky::hourAngleOf(latitude, s), d = sky::declinationOf(latitude, s);
-    HorizonCircle nearest;
-    for (int i = 0; i <= 12; ++i) {
-      const int hours = static_cast<int>(count) * i;
-      const double off =
-          std::abs(sky::deg(std::asin(sky::sun(latitude, H - sky::rad(15.0 * hours), d).z)));
-      if (off < nearest.off) nearest = {hours, off};
-    }
-    return nearest;
   }
 
   // The order of the drawing: each kind of entity (L or P) with its palette number, where it first

@@ -18,7 +18,7 @@ constexpr double kLegendTop = -0.953;  // ordinate on the sheet
 
 class Drawing {
  public:
-  explicit Drawing(Run& run) : run_(run), sheet_(run.sheet), sun_(run.params), tracer_(run) {
+  explicit Drawing(Run& run) : run_(run), sheet_(run.sheet), sun_(run), tracer_(run) {
     assign(R_, run.number(Field::TxtRadius));
     assign(d1_, run.number(Field::txtD1));
   }
@@ -79,7 +79,8 @@ void Drawing::rims() {
 
 void Drawing::demonstration() {
   SphereDemonstration sphere(run_, sun_, R_, d1_);
-  const double head = over(R_, std::cos(-run_.params.PiGreco + sun_.azimuth())) + 2 * R_ + d1_;
+  const double turn = run_.trueShadows() ? sun_.altitude() : -run_.params.PiGreco + sun_.azimuth();
+  const double head = over(R_, std::cos(turn)) + 2 * R_ + d1_;
   sheet_.xCircle(0, -head, R_ / 20, palette(2), {.fill = palette(6)});
   sphere.plan();
   sphere.section();
@@ -106,7 +107,8 @@ void Drawing::legend(const Instant& moment) {
 void Drawing::BallAnalemma() {
   const double sinLat = std::sin(run_.params.LatRad), cosLat = std::cos(run_.params.LatRad);
   Tracer tracer(run_);
-  const Ink ink{palette(7), sheet_.layer("analemma")};
+  const Ink ink{
+      .colour = palette(7), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma};
   tracer.analemma(ink, [&](const Trig& H, const Trig& delta, Punto& point) {
     // Towards the sun: to the East, to the South, upwards.
     const double sx = -H.sine * delta.cosine;

@@ -128,7 +128,9 @@ void Drawing::all() {
   curves();
   for (const Family& hours : kOtherHours) tracer_.draw(hours, anywhere());
   if (run_.on(Field::ck_Lemniscate))
-    tracer_.analemma({palette(13), sheet_.layer("analemma")}, anywhere());
+    tracer_.analemma(
+        {.colour = palette(13), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma},
+        anywhere());
   substyle();
   demonstration();
   readUsaLongitudine(run_);
@@ -138,11 +140,12 @@ void Drawing::all() {
 }
 
 void Drawing::curves() {
-  tracer_.draw(kEquinoctial, [this](const Trig& H, const Trig& delta, Punto& point) {
+  const auto inLight = [this](const Trig& H, const Trig& delta, Punto& point) {
     return lit(H, delta, point);
-  });
+  };
+  tracer_.draw(kEquinoctial, inLight);
   const auto beyond = [this](const Trig& H, const Trig& delta, Punto& point) {
-    return overEquator(H, delta, point);
+    return run_.trueShadows() ? lit(H, delta, point) : overEquator(H, delta, point);
   };
   tracer_.draw(kFreeLine, beyond);
   for (const Family& curve : kCurves) tracer_.draw(curve, beyond);

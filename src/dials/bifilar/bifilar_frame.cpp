@@ -38,12 +38,24 @@ double hourAngle(const DialParams& p, HourRule rule, double t, double declinatio
   return kFault;
 }
 
-void Tracer::straightLine(double slope, Punto through, const Ink& ink) {
+void Tracer::straightLine(double slope, Punto through, const Ink& ink, const Sun& sun) {
   dip(ink);
   const Sweep xs = run_.sweep(-1, 1, kStraightLineStep);
   for (const double x : xs) {
     assign(point_, {x, slope * (x - through.x) + through.y});
-    visit(point_, true, x == xs.first());
+    visit(point_, true, x == xs.first(), sun);
+  }
+}
+
+void Tracer::straightLineAlong(Punto along, Punto through, const Ink& ink, const Sun& sun) {
+  const bool level = std::abs(along.x) >= std::abs(along.y);
+  if (level) return straightLine(over(along.y, along.x), through, ink, sun);
+  dip(ink);
+  const double slope = over(along.x, along.y);
+  const Sweep ys = run_.sweep(-1, 1, kStraightLineStep);
+  for (const double y : ys) {
+    assign(point_, {slope * (y - through.y) + through.x, y});
+    visit(point_, true, y == ys.first(), sun);
   }
 }
 

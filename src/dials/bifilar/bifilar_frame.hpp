@@ -87,6 +87,23 @@ struct Family {
   int width = 1;
 };
 
+// The curves that a row's lines are for the proof of the drawing.
+constexpr CurveFamily familyOf(const Family& row) {
+  if (row.path == Path::DayCurve) {
+    const bool equinox =
+        row.declinations.first.field == Field::None && row.declinations.first.value == 0;
+    return equinox ? CurveFamily::Equinoctial : CurveFamily::Declinations;
+  }
+  switch (row.rule) {
+    case HourRule::Italian: return CurveFamily::Italic;
+    case HourRule::Babylonian: return CurveFamily::Babylonian;
+    case HourRule::Temporary: return CurveFamily::Temporary;
+    case HourRule::Sunrise:
+    case HourRule::Sunset: return CurveFamily::None;  // the horizon
+    default: return CurveFamily::Hours;
+  }
+}
+
 // A curve of one day's declination through the hours.
 constexpr Family dayCurve(Field box, const Range& hours, Amount declination, int colour,
                           std::string_view layer) {
@@ -119,18 +136,23 @@ class Tracer {
   template <class Place>
   void draw(const Family& family, Place&& place);
 
-  // One sample with a verdict of the caller's, in the ink of the last `dip`.
-  void visit(Punto point, bool stands, bool leads) {
-    pen_.visit(point, !stands || !window_.holds(point) ? Verdict::Drop
-                      : leads                          ? Verdict::Move
-                                                       : Verdict::Draw);
+  // One sample with a verdict of the caller's, in the ink of the last `dip`, and its sun.
+  void visit(Punto point, bool stands, bool leads, const Sun& sun = {}) {
+    pen_.visit(point,
+               !stands || !window_.holds(point) ? Verdict::Drop
+               : leads                          ? Verdict::Move
+                                                : Verdict::Draw,
+               sun);
   }
   void dip(const Ink& ink) { pen_.dip(ink); }
 
-  // The straight line of that slope through a point, by short chords from x = -1 to 1.
-  void straightLine(double slope, Punto through, const Ink& ink);
+  // The straight line of that slope through a point, by short chords from x = -1 to 1; what all its
+  // points have of the sun in common.
+  void straightLine(double slope, Punto through, const Ink& ink, const Sun& sun = {});
+  // The straight line through a point along a direction, whatever its slope.
+  void straightLineAlong(Punto along, Punto through, const Ink& ink, const Sun& sun);
 
-  // The year's figure in the ink given.
+  // The year's figure in the ink given. The place's sun is that of the day.
   template <class Place>
   void analemma(const Ink& ink, Place&& place);
 
@@ -160,11 +182,16 @@ void forEachDay(Run& run, Day&& day) {
 void numeral(Run& run, Punto at, int hour);
 
 // The numerals of the hours from six to six in the declination of txtLineofdeclination, in the time
-// of the hour lines; `place` as above, and it alone decides which stand.
+// of the hour lines; `place` as above, and it and the sheet's judge decide which stand.
 template <class Place>
 void numerals(Run& run, Place&& place);
 
 // --- What the drivers share
+
+// The hour angle of the substyle of an upright wall, radians: that of the wall's normal.
+inline double hourOfSubstyle(const DialParams& p) {
+  return std::atan2(std::sin(p.DeclRad), std::cos(p.DeclRad) * std::sin(p.LatRad));
+}
 
 // Refuses a southern latitude, and tells whether it did.
 bool refusesSouth(Run& run);
@@ -238,7 +265,10 @@ void Tracer::draw(const Family& family, Place&& place) {
   if (family.box != Field::None && run_.on(family.box) != family.when) return;
   const DialParams& p = run_.params;
   Ink ink{family.colour, family.layer.empty() ? LayerId{} : run_.sheet.layer(family.layer),
-          family.width};
+          family.width, familyOf(family)};
+  const auto sunOf = [&ink](const Trig& H, const Trig& delta) {
+    return ink.family == CurveFamily::None ? Sun{} : Sun{H.angle, delta.angle};
+  };
   const bool curve = family.path == Path::DayCurve;
   const Sweep outer = (curve ? family.declinations : family.hours).in(run_);
   for (const double fixed : outer) {
@@ -249,8 +279,10 @@ void Tracer::draw(const Family& family, Place&& place) {
     if (curve) {
       const Trig delta(p.radians(fixed));
       for (const double t : inner) {
-        const bool stands = place(Trig(hourAngle(p, family.rule, t, delta.angle)), delta, point_);
-        visit(point_, stands, detail::leads(family.lead, firstOuter, t == inner.first()));
+        const Trig H(hourAngle(p, family.rule, t, delta.angle));
+        const bool stands = place(H, delta, point_);
+        visit(point_, stands, detail::leads(family.lead, firstOuter, t == inner.first()),
+              sunOf(H, delta));
       }
       continue;
     }
@@ -260,7 +292,8 @@ void Tracer::draw(const Family& family, Place&& place) {
       const Trig delta(p.radians(degrees));
       if (!clock) H = Trig(hourAngle(p, family.rule, fixed, delta.angle));
       const bool stands = place(H, delta, point_);
-      visit(point_, stands, detail::leads(family.lead, firstOuter, degrees == inner.first()));
+      visit(point_, stands, detail::leads(family.lead, firstOuter, degrees == inner.first()),
+            sunOf(H, delta));
     }
   }
 }
@@ -270,7 +303,7 @@ void Tracer::analemma(const Ink& ink, Place&& place) {
   dip(ink);
   forEachDay(run_, [&](const SunOfDay& sun, bool first) {
     const Trig H(sun.equationOfTime - run_.params.CorrFuso);
-    visit(point_, place(H, Trig(sun.declination), point_), first);
+    visit(point_, place(H, Trig(sun.declination), point_), first, {H.angle, sun.declination});
   });
 }
 
@@ -280,7 +313,10 @@ void numerals(Run& run, Place&& place) {
   const Trig delta(p.radians(Amount(Field::txtLineofdeclination).in(run)));
   Punto point;
   for (const double t : run.sweep(-90, 90, 15)) {
-    if (!place(Trig(hourAngle(p, HourRule::Zone, t, 0)), delta, point)) continue;
+    const Trig H(hourAngle(p, HourRule::Zone, t, 0));
+    if (!place(H, delta, point)) continue;
+    ShadowJudge* judge = run.sheet.judge();
+    if (judge && !judge->isShadow(point, CurveFamily::Hours, {H.angle, delta.angle})) continue;
     const int hour = static_cast<int>(12 + t / 15);
     numeral(run, point, hour > 12 ? hour - 12 : hour);
   }

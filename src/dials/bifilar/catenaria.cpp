@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <optional>
 #include <span>
 
@@ -18,7 +19,6 @@ namespace bifilar {
 
 namespace {
 
-constexpr int kSolverSteps = 12;
 constexpr double kSolverStart = 7;
 
 double Cosh(double v) { return CosIperbolico(v); }
@@ -27,12 +27,12 @@ double Cosh(double v) { return CosIperbolico(v); }
 
 double Catena::height(double x) const { return f * Cosh(over(x, f)) - sag - f; }
 
-Catena RisolviCatena(double halfSpan, double sag) {
+Catena RisolviCatena(double halfSpan, double sag, int steps) {
   Catena chain{.halfSpan = halfSpan, .sag = sag};
   assign(chain.K, over(sag, halfSpan));
   chain.a = kSolverStart;
   double u = 0;
-  for (int step = 0; step < kSolverSteps; ++step) {
+  for (int step = 0; step < steps; ++step) {
     assign(u, chain.K * chain.a + 1);
     assign(chain.a, logarithm(u + root(u * u - 1)));
   }
@@ -54,6 +54,7 @@ namespace {
 
 using namespace bifilar;
 
+constexpr int kAllSteps = 60;         // that change the chain's solution in any digit
 constexpr double kChainStep = 0.002;  // metres
 constexpr double kChainLeft = -1;     // where the picture of a wider chain begins, metres
 constexpr Range kFullTurn = {-179, 179, 0.05};
@@ -162,7 +163,8 @@ class Drawing {
  private:
   double read(Field field) const { return Amount(field).in(run_); }
   Catena chainOf(Field sag) const {
-    return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)));
+    return RisolviCatena(read(Field::TxtRadius), std::abs(read(sag)),
+                         run_.trueShadows() ? kAllSteps : kChainSteps);
   }
   auto place() {
     return [this](const Trig& H, const Trig& delta, Punto& point) {
@@ -234,7 +236,13 @@ void Drawing::substyle(Tracer& tracer) {
   double H = 0;
   assign(H, arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
   if (Sgn(std::sin(H)) != Sgn(sine)) H += p_.PiGreco;
-  tracer.draw({.hours = only(p_.degrees(H)), .colour = palette(15), .layer = "sus"}, place());
+  const double substyleHour = hourOfSubstyle(p_);
+  const Trig drawn(run_.trueShadows() ? substyleHour : p_.radians(p_.degrees(H)));
+  tracer.draw({.hours = only(p_.degrees(substyleHour)), .colour = palette(15), .layer = "sus"},
+              [&](const Trig&, const Trig& delta, Punto& point) {
+                PuntoCatenaria(wires_, sky_, drawn, delta, point);
+                return true;
+              });
 }
 
 // The chain itself. A point that is not below the hanging points only places the pen.
@@ -273,13 +281,15 @@ void Drawing::legend() {
 // negative, by the circle constant, but the angle is not beyond the quarter.
 void Drawing::CatenariaAnalemma() {
   const double D = p_.DeclRad;
-  const double side = Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
+  const double side =
+      run_.trueShadows() ? 1 : Sgn(std::cos(D)) * (std::abs(D) > p_.PiGreco / 2 ? -1 : 1);
   Tracer tracer(run_, Pen::kNoLimit);
-  tracer.analemma({palette(13), sheet_.layer("analemma")},
-                  [&](const Trig& H, const Trig& delta, Punto& point) {
-                    PuntoCatenaria(wires_, sky_, H, Trig(side * delta.angle), point);
-                    return true;
-                  });
+  tracer.analemma(
+      {.colour = palette(13), .layer = sheet_.layer("analemma"), .family = CurveFamily::Analemma},
+      [&](const Trig& H, const Trig& delta, Punto& point) {
+        PuntoCatenaria(wires_, sky_, H, Trig(side * delta.angle), point);
+        return true;
+      });
 }
 
 // The wires from above: the wall upright, the distances across it.
@@ -296,6 +306,24 @@ void Drawing::CatenariaSezione() {
   sheet_.xLine(sag / 10, 0.9 * sag, 0, sag, palette(12));
 }
 
+// The hour angles at which a day's sun stands in an azimuth (from the South, West positive): two
+// for a sun that turns back, as it does between the tropics. Midnight stands for what does not
+// come. Both solve cos A*sin H - sin(lat)*sin A*cos H = -cos(lat)*sin A*tan(delta), as do those of
+// the opposite azimuth.
+std::array<double, 2> hoursInAzimuth(double azimuth, double sinLat, double cosLat,
+                                     double tanDelta) {
+  const double sine = std::sin(azimuth), cosine = std::cos(azimuth);
+  const double turn = std::atan2(sinLat * sine, cosine);
+  const double way = over(cosLat * sine * tanDelta, std::hypot(cosine, sinLat * sine));
+  const auto orMidnight = [&](double H) {
+    const double south = sinLat * std::cos(H) - cosLat * tanDelta;
+    return std::sin(H) * sine + south * cosine > 0 ? H : std::numbers::pi;
+  };
+  if (!(std::abs(way) <= 1)) return {std::numbers::pi, std::numbers::pi};
+  const double aside = std::asin(way);
+  return {orMidnight(turn - aside), orMidnight(turn + std::numbers::pi + aside)};
+}
+
 // The suns that stand in the azimuth of a holy place, for a chain of its own whose sag is txtAO.
 // The sun in azimuth A: sin H - sin(lat)*tan A*cos H = -cos(lat)*tan A*tan(delta).
 void Drawing::CatenariaQibla() {
@@ -309,18 +337,31 @@ void Drawing::CatenariaQibla() {
     azimuth += azimuth < 0 ? p_.PiGreco : -p_.PiGreco;
   assign(B, arctan(sinLat * tangent));
 
-  const Fili wires{wires_.d1, wires_.d2, chainOf(Field::txtAO)};
+  const bool onlyTrue = run_.trueShadows();
+  const Fili wires{wires_.d1, wires_.d2, chainOf(onlyTrue ? Field::txtV1 : Field::txtAO)};
   const Window window(run_);
+  const Ink ink{.colour = palette(2), .family = CurveFamily::Qibla};
   Punto point;
+  const auto mark = [&](double hour, const Trig& delta, double hourOfPlace) {
+    PuntoCatenaria(wires, sky_, Trig(hour), delta, point);
+    if (window.holds(point)) dot(sheet_, point, ink, {hourOfPlace, delta.angle});
+  };
   double w = 0, H = 0;
   for (const double degrees : kYear.in(run_)) {
     const Trig delta(p_.radians(degrees));
     const double tanDelta = delta.sine / delta.cosine;
+    const auto hours = hoursInAzimuth(azimuth, sinLat, cosLat, tanDelta);
+    if (onlyTrue) {
+      for (const double hour : hours) mark(hour, delta, hour);
+      continue;
+    }
     assign(w, p_.LatRad == 0 ? tanDelta : over(tanDelta * std::sin(B), std::tan(p_.LatRad)));
     if (!(std::abs(w) <= 1)) continue;
     assign(H, B - p_.ArcSin(w));
-    PuntoCatenaria(wires, sky_, Trig(H), delta, point);
-    if (window.holds(point)) dot(sheet_, point, palette(2));
+    const auto off = [&](double hour) {
+      return std::abs(std::remainder(hour - H, 2 * p_.PiGreco));
+    };
+    mark(H, delta, off(hours[0]) <= off(hours[1]) ? hours[0] : hours[1]);
   }
   sheet_.Dati("", 0.9, -0.3);
   sheet_.Dati(run_.T("Qibla: azimuth ") + textOf(truncated(p_.degrees(azimuth), 5)) + "°");

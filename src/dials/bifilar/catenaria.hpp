@@ -23,9 +23,11 @@ struct Catena {
   double height(double x) const;  // over the hanging points; a fault without a scale factor
 };
 
-// The chain of a half span and a sag, metres, by twelve steps of the fixed point of
-// cosh a = 1 + K*a; a step that fails keeps what stands.
-Catena RisolviCatena(double halfSpan, double sag);
+// The chain of a half span and a sag, metres, by some steps of the fixed point of
+// cosh a = 1 + K*a; a step that fails keeps what stands. Twelve leave the ends of a usual chain
+// less than a millimetre off the hanging points.
+inline constexpr int kChainSteps = 12;
+Catena RisolviCatena(double halfSpan, double sag, int steps = kChainSteps);
 
 // An upright wire at the distance d2 before the middle of a wall and a chain in a plane at the
 // distance d1.

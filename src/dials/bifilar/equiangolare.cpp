@@ -74,6 +74,7 @@ class Drawing {
   }
 
   void writeDistances();
+  void straightEquinoctial();
   void dayCurve(const Family& curve);
   void curves();
   void freeDots();
@@ -123,13 +124,19 @@ Drawing::Drawing(Run& run)
   assign(r, over(s_, root(1 - C * C)));
   delta_r_ = -r0_ + r;
   assign(sigma_, arctan(slope_));
+  if (run.trueShadows()) {
+    // Two wires at one distance; a wall that faces North; the equator, where no slope is.
+    if (Q == 0) xx_ = yy_ = 1, xy_ = 0;
+    delta_r_ *= Sgn(cosD_);
+    sigma_ = std::atan2(sinD_, tanLat_);
+  }
   vertex_ = {delta_r_ * std::sin(sigma_), -delta_r_ * std::cos(sigma_)};
 }
 
 void Drawing::all() {
   writeDistances();
   sheet_.Dati(run_.T("x_0, y_0") + kGap + figures({vertex_.x, vertex_.y}));
-  tracer_.straightLine(slope_, vertex_, {palette(11), sheet_.layer("equi")});
+  straightEquinoctial();
   tracer_.draw(kHours, anywhere());
   curves();
   circle(sheet_, centre_, s_ / 200, palette(12));
@@ -149,13 +156,24 @@ void Drawing::writeDistances() {
   panel[Field::lblHeightx].caption = "b";
 }
 
+void Drawing::straightEquinoctial() {
+  const Ink ink{
+      .colour = palette(11), .layer = sheet_.layer("equi"), .family = CurveFamily::Equinoctial};
+  const Sun equinox{.declination = 0};
+  if (run_.trueShadows()) {
+    tracer_.straightLineAlong({tanLat_, sinD_}, vertex_, ink, equinox);
+  } else {
+    tracer_.straightLine(slope_, vertex_, ink, equinox);
+  }
+}
+
 // The samples of a day that lie above the equinoctial for a negative declination, and below it for
-// the others.
+// the others; for a drawing of true shadows its judge alone tells.
 void Drawing::dayCurve(const Family& curve) {
   tracer_.draw(curve, [this](const Trig& H, const Trig& delta, Punto& point) {
     PuntoEquiangolare(H, delta, point);
     const double above = point.y - slope_ * (point.x - vertex_.x) - vertex_.y;
-    return delta.angle < 0 ? above > 0 : above < 0;
+    return run_.trueShadows() || (delta.angle < 0 ? above > 0 : above < 0);
   });
 }
 
@@ -175,10 +193,12 @@ void Drawing::freeDots() {
   double degrees = kSolstice;
   assign(degrees, run_.number(Field::txtLineofdeclination));
   const Trig delta(p_.radians(degrees));
+  const Ink ink{.colour = palette(14), .family = CurveFamily::Declinations};
   Punto point;
   for (const double t : kAfternoons.in(run_)) {
-    PuntoEquiangolare(Trig(p_.radians(t)), delta, point);
-    if (tracer_.window().holds(point)) dot(sheet_, point, palette(14));
+    const Trig H(p_.radians(t));
+    PuntoEquiangolare(H, delta, point);
+    if (tracer_.window().holds(point)) dot(sheet_, point, ink, {H.angle, delta.angle});
   }
 }
 
@@ -188,7 +208,13 @@ void Drawing::horizonAndSubstyle() {
   const double slope = over(sinD_ * (tanLat_ - cosine * sinLat_),
                             tanLat_ * tanLat_ + sinD_ * sinD_ * std::cos(p_.LatRad) * cosine);
   tracer_.straightLine(slope, {}, {palette(8), sheet_.layer("Hor")});
-  tracer_.straightLine(over(-tanLat_, sinD_), {}, {palette(15), sheet_.layer("Sus")});
+  const Ink ink{.colour = palette(15), .layer = sheet_.layer("Sus"), .family = CurveFamily::Hours};
+  const Sun substyle{.hourAngle = hourOfSubstyle(p_)};
+  if (run_.trueShadows()) {
+    tracer_.straightLineAlong({sinD_, -tanLat_}, {}, ink, substyle);
+  } else {
+    tracer_.straightLine(over(-tanLat_, sinD_), {}, ink, substyle);
+  }
 }
 
 // The two wires with their distances, each turned into the wall about its middle.

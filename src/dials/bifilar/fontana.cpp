@@ -59,14 +59,13 @@ void sideElevation(SheetPlot& sheet, const Fountain& f) {
   sheet.xLine(0, rim, 0, rim - 3 * f.R, palette(14));
 }
 
-// The latitude is the one that the run before this one left behind: this comes before the site is
-// read.
+// The latitude is the record's: this comes before the run reads its site.
 void FontanaSezione(Run& run) {
   SheetPlot& sheet = run.sheet;
   const Fountain f(run);
   sideElevation(sheet, f);
   const Instant now = readInstant(run);
-  LevelSun sun(run.params);
+  LevelSun sun(run);
   sun.seeWithinHalfTurn(Trig(now.H), Trig(now.delta));
   if (!(sun.altitude() > 0)) return;
 
@@ -107,8 +106,7 @@ void FontanaSezione(Run& run) {
 
 class Drawing {
  public:
-  explicit Drawing(Run& run)
-      : run_(run), sheet_(run.sheet), f_(run), sun_(run.params), tracer_(run) {}
+  explicit Drawing(Run& run) : run_(run), sheet_(run.sheet), f_(run), sun_(run), tracer_(run) {}
 
   void all();
 
@@ -162,7 +160,7 @@ void Drawing::freeLine() {
 
 void Drawing::demonstration() {
   SphereDemonstration sphere(run_, sun_, f_.R, f_.R2);
-  sphere.plan();
+  if (!run_.trueShadows()) sphere.plan();  // a ball's shadow, not the rim's
   sphere.section();
   const DialParams& p = run_.params;
   sheet_.Dati("", 0, 0);
@@ -181,7 +179,9 @@ void Drawing::FontanaAnalemma() {
   Punto point;
   forEachDay(run_, [&](const SunOfDay& sun, bool) {
     const Trig H(sun.equationOfTime - run_.params.CorrFuso);
-    if (BifPuntoFontana(H, Trig(sun.declination), point)) dot(sheet_, point, palette(12));
+    if (BifPuntoFontana(H, Trig(sun.declination), point))
+      dot(sheet_, point, {.colour = palette(12), .family = CurveFamily::Analemma},
+          {H.angle, sun.declination});
   });
 }
 
@@ -189,7 +189,10 @@ void Drawing::FontanaAnalemma() {
 
 void QuadranteFontana(Run& run) {
   if (refusesSouth(run)) return;
-  if (run.on(Field::ck_Triangolo)) FontanaSezione(run);
+  if (run.on(Field::ck_Triangolo)) {
+    if (run.trueShadows()) readLevelSite(run);  // and not the latitude that the last run left
+    FontanaSezione(run);
+  }
   openRun(run, "Bifilar horizontal spherical dial by spherical trigonometry", readLevelSite);
   Drawing(run).all();
   run.hourglass(false);

@@ -36,8 +36,12 @@ void LevelSun::turnTo(double azimuth) {
 bool LevelSun::look(const Trig& H, const Trig& delta) {
   heightSine_ = sinLat_ * delta.sine + cosLat_ * delta.cosine * H.cosine;
   assign(altitude_, angles_.ArcSin(heightSine_));
-  const double azimuth =
-      arctan(over(H.sine, sinLat_ * H.cosine - cosLat_ * (delta.sine / delta.cosine)));
+  const double south = sinLat_ * H.cosine - cosLat_ * (delta.sine / delta.cosine);
+  if (fullCircle_) {
+    turnTo(std::atan2(H.sine, south));
+    return true;
+  }
+  const double azimuth = arctan(over(H.sine, south));
   if (sound(azimuth)) turnTo(azimuth);
   return Sgn(H.sine) == Sgn(sinAzimuth_);
 }

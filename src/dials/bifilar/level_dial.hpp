@@ -14,11 +14,15 @@ void readLevelSite(Run& run);
 // The sun over a level dial. What a sample can't give keeps the value of the sample before it.
 class LevelSun {
  public:
-  explicit LevelSun(const DialParams& p)
-      : angles_(p), sinLat_(std::sin(p.LatRad)), cosLat_(std::cos(p.LatRad)) {}
+  explicit LevelSun(const Run& run)
+      : angles_(run.params),
+        fullCircle_(run.trueShadows()),
+        sinLat_(std::sin(run.params.LatRad)),
+        cosLat_(std::cos(run.params.LatRad)) {}
 
   // Reads the sun of a moment; false below the horizon. The azimuth counts from the South; where
-  // the sun stands exactly on the meridian it is 0, also when the sun culminates in the North.
+  // the sun stands exactly on the meridian it is 0, also when the sun culminates in the North, and
+  // where it has no tangent it stays: but for a drawing of true shadows, which takes both legs.
   bool see(const Trig& H, const Trig& delta);
 
   // The same with the other quadrant step, which keeps the azimuth within half a turn.
@@ -39,6 +43,7 @@ class LevelSun {
   void turnTo(double azimuth);
 
   Angles angles_;
+  bool fullCircle_;
   double sinLat_, cosLat_;
   double heightSine_ = 0, altitude_ = 0;
   double azimuth_ = 0, sinAzimuth_ = 0, cosAzimuth_ = 1;

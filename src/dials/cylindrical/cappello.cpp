@@ -22,7 +22,7 @@ namespace {
 
 constexpr double kStep = 0.05;           // degrees from sample to sample
 constexpr double kDayGap = 0.02;         // longest segment of a declination curve, metres
-constexpr double kCentralMeridian = 15;  // degrees East: this dial knows no other zone
+constexpr double kCentralMeridian = 15;  // degrees East: of all zones, but for true shadows
 constexpr double kOuterHour = 105;       // degrees either side of noon of the whole hours
 
 // Lines of one hour through the days.
@@ -62,17 +62,19 @@ struct OldHours {
   const char* above;  // the layer with the horizon on
   const char* all;    // and off
   double side;
+  CurveFamily family;
   double (*hourAngle)(double PiGreco, double k, double a);
 };
 constexpr double italicHour(double pi, double k, double a) { return k * pi / 12 + a - 2 * pi; }
 constexpr double temporaryHour(double, double k, double a) { return a * (k / 6 - 1); }
 // Babylonian hours are the italic ones of the mirrored sun, numbered backwards.
 constexpr OldHours kCappelloBabiloniche{
-    Field::ck_babiloniche, 10, 24, 13, "bab1", "bab2", kMirrored, italicHour};
-constexpr OldHours kCappelloItaliche{Field::ck_Italiche, 10,        24, 12, "ita1", "ita2",
-                                     kEastRight,         italicHour};
-constexpr OldHours kCappelloTemporarie{Field::ckTemp, 0,       12,         11,
-                                       "temp1",       "temp2", kEastRight, temporaryHour};
+    Field::ck_babiloniche,   10,        24, 13, "bab1", "bab2", kMirrored,
+    CurveFamily::Babylonian, italicHour};
+constexpr OldHours kCappelloItaliche{
+    Field::ck_Italiche, 10, 24, 12, "ita1", "ita2", kEastRight, CurveFamily::Italic, italicHour};
+constexpr OldHours kCappelloTemporarie{
+    Field::ckTemp, 0, 12, 11, "temp1", "temp2", kEastRight, CurveFamily::Temporary, temporaryHour};
 
 // Where the light falls, and what it was found by; what fails in a sample keeps the value of the
 // sample before.
@@ -85,7 +87,10 @@ struct Light {
 
 class Drawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) { read(); }
+  explicit Drawing(Run& run)
+      : run_(run), p_(run.params), sheet_(run.sheet), trueShadows_(run.trueShadows()) {
+    read();
+  }
 
   void all();
 
@@ -97,6 +102,7 @@ class Drawing {
   void PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& light,
                      double side = kEastRight) const;
   Verdict verdict(const Light& light, bool notFirst) const;
+  Pen pen(double gap = Pen::kNoLimit) const;
 
   void plan();
   void hours();
@@ -105,7 +111,8 @@ class Drawing {
   void oldHours(const OldHours& family);
   void CappelloAnalemma();
   void CappelloAnalemmaOre();
-  void analemma(Pen& pen, double meridian, Light& light);
+  Pen analemmaPen();
+  void analemma(Pen& pen, double beforeNoon, Light& light);
   void CappelloLineaDecl();
   void CappelloNumeri();
   void fillPanel() const;
@@ -114,10 +121,12 @@ class Drawing {
   Run& run_;
   DialParams& p_;
   SheetPlot& sheet_;
-  double R_ = 0, R2_ = 0;  // radii of the cylinder and of the hat
-  double g_ = 0;           // how far the hat stands out: the style
-  double longitude_ = 0;   // degrees from the central meridian, West positive
-  double vertex_ = 0;      // ordinate of the lowest point
+  const bool trueShadows_;
+  double R_ = 0, R2_ = 0;     // radii of the cylinder and of the hat
+  double g_ = 0;              // how far the hat stands out: the style
+  double longitude_ = 0;      // degrees from the clock's meridian, West positive
+  double zoneLongitude_ = 0;  // and from the zone's
+  double vertex_ = 0;         // ordinate of the lowest point
   Trig latitude_{0};
 };
 
@@ -153,7 +162,9 @@ void Drawing::read() {
   R2_ = numberOr0(Field::txt_R2);
   assign(p_.LatRad, p_.radians(run_.number(Field::txtLAT)));
   latitude_ = Trig(p_.LatRad);
-  longitude_ = numberOr0(Field::txtLON) + kCentralMeridian;
+  const double longitude = numberOr0(Field::txtLON);
+  zoneLongitude_ = longitude - 15 * numberOr0(Field::TxtFuso);
+  longitude_ = trueShadows_ ? zoneLongitude_ : longitude + kCentralMeridian;
   readUsaLongitudine(run_);
   assign(g_, R2_ - R_);
   p_.Stilo = g_;
@@ -167,8 +178,12 @@ void Drawing::read() {
 // The light's point for a sun.
 void Drawing::PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& light,
                             double side) const {
-  assign(light.azimuth, azimuthByTangent(latitude_, hour, sun));
-  if (onOtherSide(hour, light.azimuth)) light.azimuth += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
+  if (trueShadows_) {
+    light.azimuth = azimuth(latitude_, hour, sun);
+  } else {
+    assign(light.azimuth, azimuthByTangent(latitude_, hour, sun));
+    if (onOtherSide(hour, light.azimuth)) light.azimuth += hour.sine < 0 ? -p_.PiGreco : p_.PiGreco;
+  }
   assign(light.altitude, p_.ArcSin(sineOfAltitude(latitude_, hour, sun)));
   assign(light.point, {side * R_ * light.azimuth, -g_ * std::tan(light.altitude)});
 }
@@ -176,6 +191,13 @@ void Drawing::PuntoCappello(const Trig& hour, const SunDeclination& sun, Light& 
 // The first sample of a loop never draws; with the horizon on, nor does the sun below it.
 Verdict Drawing::verdict(const Light& light, bool notFirst) const {
   return drawIf(notFirst && (!on(Field::ck_Orizzonte) || light.aboveHorizon()));
+}
+
+// A curve's pen. No true line crosses half the development: those that seem to do so leave it at
+// one end and come in at the other.
+Pen Drawing::pen(double gap) const {
+  const double half = p_.PiGreco * R_;
+  return Pen(sheet_, trueShadows_ && half < gap ? half : gap, Stroke::FromPrevious);
 }
 
 // The plan of the cylinder and of the hat, above the development.
@@ -194,15 +216,16 @@ void Drawing::hours() {
 }
 
 void Drawing::hourLines(const HourLines& lines) {
-  Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
-  pen.dip({palette(lines.colour), sheet_.layer(lines.layer), lines.width});
+  Pen pen = this->pen();
+  pen.dip({palette(lines.colour), sheet_.layer(lines.layer), lines.width, CurveFamily::Hours});
   Light light;
   for (const double t : run_.sweep(lines.first, lines.last, lines.step)) {
     const Trig hour(p_.radians(t - longitude_ * p_.UsaLongitudine));
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
     for (const double declination : days) {
-      PuntoCappello(hour, SunDeclination(p_.radians(declination)), light);
-      pen.visit(light.point, verdict(light, declination > days.first()));
+      const SunDeclination sun(p_.radians(declination));
+      PuntoCappello(hour, sun, light);
+      pen.visit(light.point, verdict(light, declination > days.first()), {hour.angle, sun.angle});
     }
   }
 }
@@ -210,9 +233,9 @@ void Drawing::hourLines(const HourLines& lines) {
 // Samples below the horizon are left out whatever the horizon's box says, and nothing limits a
 // segment: a line that starts below the horizon is joined to the end of the line before it.
 void Drawing::oldHours(const OldHours& family) {
-  Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
+  Pen pen = this->pen();
   pen.dip({palette(family.colour),
-           sheet_.layer(on(Field::ck_Orizzonte) ? family.above : family.all), 4});
+           sheet_.layer(on(Field::ck_Orizzonte) ? family.above : family.all), 4, family.family});
   Light light;
   for (const double k : run_.sweep(family.first, family.last, 1)) {
     const Sweep days = run_.sweep(-kSolstice, kSolstice, kStep);
@@ -220,8 +243,12 @@ void Drawing::oldHours(const OldHours& family) {
       const SunDeclination sun(p_.radians(declination));
       const double semiArc = semiDiurnalArc(p_, cosineOfSemiArc(p_.LatRad, sun.angle));
       if (!sound(semiArc)) continue;
-      PuntoCappello(Trig(family.hourAngle(p_.PiGreco, k, semiArc)), sun, light, family.side);
-      if (light.aboveHorizon()) pen.visit(light.point, verdict(light, declination > days.first()));
+      const Trig hour(family.hourAngle(p_.PiGreco, k, semiArc));
+      PuntoCappello(hour, sun, light, family.side);
+      // The mirrored sun's hour is the opposite one.
+      const Sun claimed{family.side == kMirrored ? -hour.angle : hour.angle, sun.angle};
+      const Verdict kept = verdict(light, declination > days.first());
+      pen.visit(light.point, light.aboveHorizon() ? kept : Verdict::Drop, claimed);
     }
   }
 }
@@ -231,6 +258,7 @@ void Drawing::CappelloNumeri() {
   Light light;
   for (const double t : run_.sweep(-kOuterHour, kOuterHour, 15)) {
     PuntoCappello(Trig(p_.radians(t - longitude_ * p_.UsaLongitudine)), sun, light);
+    if (trueShadows_ && !light.aboveHorizon()) continue;
     const int hour = static_cast<int>(t > 0 ? t / 15 : 12 + t / 15);
     if (on(Field::ckRomani)) {
       DisegnaNumeroRomano(run_, light.point.x, light.point.y, p_.PiGreco / 2, hour, 1);
@@ -245,20 +273,24 @@ void Drawing::CappelloNumeri() {
 // The first curve draws in any case. The others start anew by their first hour with the horizon on;
 // with it off they draw the sample of the hour -120 alone, which the gap then leaves out.
 void Drawing::CappelloDeclinazioni() {
-  const bool horizon = on(Field::ck_Orizzonte);
+  const bool anew = on(Field::ck_Orizzonte) || trueShadows_;
   const std::size_t count = on(Field::ckFunction) ? kDaysOfFunction : kDays.size();
   Punto last;
   Light light;
   for (std::size_t i = 0; i < count; ++i) {
     const DayCurve& day = kDays[i];
-    Pen pen(sheet_, i == 0 ? Pen::kNoLimit : kDayGap, Stroke::FromPrevious);
-    pen.dip({palette(day.colour), sheet_.layer(day.layer), 4});
+    Pen pen = this->pen(i == 0 ? Pen::kNoLimit : kDayGap);
+    const CurveFamily family =
+        day.declination == 0 ? CurveFamily::Equinoctial : CurveFamily::Declinations;
+    pen.dip({palette(day.colour), sheet_.layer(day.layer), 4, family});
     pen.visit(last, Verdict::Move);
     const SunDeclination sun(p_.radians(day.declination));
     const Sweep hours = run_.sweep(-day.lastHour, day.lastHour, kStep);
     for (const double t : hours) {
-      PuntoCappello(Trig(p_.radians(t)), sun, light);
-      pen.visit(light.point, verdict(light, i == 0 || horizon ? t > hours.first() : t == -120));
+      const Trig hour(p_.radians(t));
+      PuntoCappello(hour, sun, light);
+      pen.visit(light.point, verdict(light, i == 0 || anew ? t > hours.first() : t == -120),
+                {hour.angle, sun.angle});
     }
     last = pen.previous();
   }
@@ -268,44 +300,51 @@ void Drawing::CappelloDeclinazioni() {
 void Drawing::CappelloLineaDecl() {
   const double declination = numberOr0(Field::txtLineofdeclination);
   const SunDeclination sun(p_.radians(declination));
-  Pen pen(sheet_, kDayGap, Stroke::FromPrevious);
-  pen.dip({palette(10), sheet_.layer(textOf(declination)), 4});
+  Pen pen = this->pen(kDayGap);
+  pen.dip({palette(10), sheet_.layer(textOf(declination)), 4, CurveFamily::Declinations});
   Light light;
   const Sweep hours = run_.sweep(-120, 121, kStep);
   for (const double t : hours) {
-    PuntoCappello(Trig(p_.radians(t - kCentralMeridian * p_.UsaLongitudine)), sun, light);
-    pen.visit(light.point, drawIf(light.aboveHorizon() && t > hours.first()));
+    const Trig hour(p_.radians(t - kCentralMeridian * p_.UsaLongitudine));
+    PuntoCappello(hour, sun, light);
+    pen.visit(light.point, drawIf(light.aboveHorizon() && t > hours.first()),
+              {hour.angle, sun.angle});
   }
 }
 
 // --- Analemmas, by the mirrored sun
 
+// The record's correction is that of an earlier dial's run, in degrees that the true shadows leave
+// out: this one has no zone in it.
+Pen Drawing::analemmaPen() {
+  p_.LonAbs = trueShadows_ ? 0 : p_.CorrFuso;
+  Pen pen = this->pen();
+  pen.dip({palette(10), sheet_.layer("analemma"), 4, CurveFamily::Analemma});
+  return pen;
+}
+
 void Drawing::CappelloAnalemma() {
-  p_.LonAbs = p_.CorrFuso;  // of an earlier dial's run: this one has no zone
-  Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
-  pen.dip({palette(10), sheet_.layer("analemma"), 4});
+  Pen pen = analemmaPen();
   Light light;
-  analemma(pen, longitude_, light);
+  analemma(pen, 0, light);
 }
 
 // One analemma for each division of the hours that have an hour line, five in the morning to seven
 // in the evening, and one more for each whole hour. The panel has no field for their range; who
 // asks for them expects one on every hour line.
 void Drawing::CappelloAnalemmaOre() {
-  p_.LonAbs = p_.CorrFuso;  // of an earlier dial's run: this one has no zone
-  Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
-  pen.dip({palette(10), sheet_.layer("analemma"), 4});
+  Pen pen = analemmaPen();
   Light light;
   for (const double step : {over(15, run_.number(Field::TxtHour)), 15.0}) {
     for (const double t : run_.sweep(-kOuterHour, kOuterHour, step, {.step = Field::TxtHour})) {
-      analemma(pen, longitude_ + t, light);
+      analemma(pen, t, light);
     }
   }
 }
 
-// The mean sun's place through the year, or through the half that the options choose, at a meridian
-// in degrees.
-void Drawing::analemma(Pen& pen, double meridian, Light& light) {
+// The mean sun's place through the year, or through the half that the options choose, so many
+// degrees before the zone's noon.
+void Drawing::analemma(Pen& pen, double beforeNoon, Light& light) {
   const bool half = on(Field::CheckL);
   const bool firstHalf = on(Field::Optconcave);
   const double tilt = p_.radians(obliquity(47));
@@ -313,9 +352,10 @@ void Drawing::analemma(Pen& pen, double meridian, Light& light) {
       run_.sweep(half && !firstHalf ? 91 : -90, half && firstHalf ? 90 : 270, 360 / kDaysOfYear);
   for (const double L : longitudes) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
-    PuntoCappello(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(meridian)),
+    PuntoCappello(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(longitude_ + beforeNoon)),
                   SunDeclination(sun.declination), light, kMirrored);
-    pen.visit(light.point, verdict(light, L > longitudes.first()));
+    pen.visit(light.point, verdict(light, L > longitudes.first()),
+              {sun.equationOfTime - p_.radians(zoneLongitude_ + beforeNoon), sun.declination});
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
@@ -32,6 +33,13 @@ void LeggiCilindro(Run& run) {
   p.SegnoCilindro = convex ? 1 : -1;
   p.CodiceCilindro = convex ? 2 : 1;
   assign(p.Stilo, run.number(Field::TxtStilo));
+}
+
+void LeggiSitoCilindro(Run& run) {
+  constexpr double kAlmostEquator = 1e-8;  // radians
+  LeggiParametriSito(run);
+  LeggiCilindro(run);
+  if (run.trueShadows() && run.params.LatRad == 0) run.params.LatRad = kAlmostEquator;
 }
 
 void leggiSegnoCurva(Run& run) { run.params.SegnoCurva = run.on(Field::Optconcave) ? -1 : 1; }
@@ -250,13 +258,14 @@ void CilSezione(Run& run) { Sezione(run).all(); }
 
 // --- The shadow
 
-Cilindro::Cilindro(const DialParams& p, double side_)
+Cilindro::Cilindro(const DialParams& p, double side_, bool everywhere_)
     : latitude(p.LatRad),
       radius(p.Raggio),
       style(p.Stilo),
       side(side_),
       declination(p.DeclRad),
       facesSouth(p.DeclGradi == 0),
+      everywhere(everywhere_),
       PiGreco(p.PiGreco) {}
 
 void turnAzimuth(const Cilindro& cylinder, const Trig& hour, Ombra& shadow) {
@@ -282,8 +291,28 @@ void dropShadow(const Cilindro& c, const Trig& hour, const SunDeclination& sun, 
                                      std::sin(shadow.A - c.declination)));
 }
 
+namespace {
+
+// By the azimuth of the whole circle, within half a turn of the wall's, and the way from the tip in
+// plan.
+bool shadowEverywhere(const Cilindro& c, const Trig& hour, const SunDeclination& sun,
+                      Ombra& shadow) {
+  shadow.A =
+      c.declination + std::remainder(azimuth(c.latitude, hour, sun) - c.declination, 2 * c.PiGreco);
+  if (!meetSurface(c, shadow)) return false;
+  const double reach = c.radius + c.side * c.style;
+  const double way =
+      root(reach * reach + c.radius * c.radius - 2 * reach * c.radius * std::cos(shadow.theta));
+  assign(shadow.h, arcsineByTangent(sineOfAltitude(c.latitude, hour, sun)));
+  assign(shadow.point.y, -way * std::tan(shadow.h));
+  return true;
+}
+
+}  // namespace
+
 bool CilPuntoOmbra(const Cilindro& c, const Trig& hour, const SunDeclination& sun, Ombra& shadow,
                    bool zenith) {
+  if (c.everywhere) return shadowEverywhere(c, hour, sun, shadow);
   assign(shadow.A, azimuthByTangent(c.latitude, hour, sun));
   turnAzimuth(c, hour, shadow);
   if (!meetSurface(c, shadow)) return false;

@@ -15,6 +15,10 @@ namespace dialwright {
 // SegnoCilindro and CodiceCilindro from OptConvex, and the style's length.
 void LeggiCilindro(Run& run);
 
+// The record of a driver's run: LeggiParametriSito and LeggiCilindro. True shadows on the equator
+// are those of a latitude so small that it moves nothing, for much has no form there.
+void LeggiSitoCilindro(Run& run);
+
 // SegnoCurva, the copy of the sign that the curves work with: -1 with Optconcave selected, else +1.
 void leggiSegnoCurva(Run& run);
 
@@ -56,13 +60,15 @@ void CilSezione(Run& run);
 
 // The cylinder of a curve.
 struct Cilindro {
-  // side is +1 for a style on a convex surface, -1 in a concave one.
-  Cilindro(const DialParams& p, double side);
+  // side is +1 for a style on a convex surface, -1 in a concave one. With `everywhere` its shadows
+  // are found on every side of the meridian, of the wall and of the cylinder's axis.
+  Cilindro(const DialParams& p, double side, bool everywhere);
 
   Trig latitude;
   double radius, style, side;
   double declination;  // of the tangent plane in G, radians
   bool facesSouth;     // by its declination in degrees
+  bool everywhere;
   double PiGreco;
 };
 

@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "dials/sun.hpp"
+
 namespace dialwright {
 
 namespace {
@@ -16,6 +18,15 @@ constexpr double kFootStep = 0.0001;   // from dot to dot, and from row to row
 double hourOfSubstyle(const DialParams& p) {
   if (std::abs(p.DeclGradi) == 90) return (p.PiGreco / 2) * Sgn(p.DeclGradi);
   return arctan(over(std::tan(p.DeclRad), std::sin(p.LatRad)));
+}
+
+Sun sunOfTurnedHorizon(const DialParams& p, double turn, double side, const Sun& behindTip) {
+  const double altitude =
+      std::sin(p.LatRad) * std::sin(behindTip.declination) +
+      std::cos(p.LatRad) * std::cos(behindTip.declination) * std::cos(behindTip.hourAngle);
+  const double semiArc = semiDiurnalArc(p, cosineOfSemiArc(p.LatRad, behindTip.declination));
+  if (altitude < 0 || !sound(semiArc)) return behindTip;
+  return {turn + side * semiArc, behindTip.declination};
 }
 
 void footCircle(Run& run) {

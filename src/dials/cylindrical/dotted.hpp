@@ -2,6 +2,7 @@
 // the style.
 #pragma once
 
+#include "dials/cylindrical/tip_rays.hpp"
 #include "dials/pen.hpp"
 #include "shell/dispatch.hpp"
 
@@ -24,6 +25,18 @@ inline Sweep dots(Run& run, double first, double last) {
 // The hour angle (radians) whose line is the substyle; a fault on the equator, unless the wall
 // looks East or West.
 double hourOfSubstyle(const DialParams& p);
+
+// --- What a dot stands for, by the sun behind the tip as it is seen from there
+
+// The sun of a day or of the day of the opposite declination (radians), whose curves are one cone:
+// the one on the dot's side of the equinoctial.
+inline Sun sunOfCone(double declination, const Sun& behindTip) {
+  return {Sun::kOpen, std::copysign(declination, behindTip.declination)};
+}
+
+// The sun of the horizon turned about the pole by an hour angle (radians): side +1 for an hour
+// counted from sunset, -1 from sunrise. A dot of the night stands for none.
+Sun sunOfTurnedHorizon(const DialParams& p, double turn, double side, const Sun& behindTip);
 
 // The foot of the style as a circle with its centre.
 void footCircle(Run& run);

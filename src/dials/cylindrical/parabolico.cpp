@@ -40,7 +40,12 @@ class Drawing {
   void read();
   void hours();
   template <class Ordinate>
-  void trace(int colour, Ordinate ordinate);
+  void trace(CurveFamily family, const Sun& sun, Ordinate ordinate);
+  // The sun behind the tip as a dot at P sees it; the section's axes turn over for a style inside.
+  Sun behindTip(double P, double y) const {
+    const LevelWay to = way(P);
+    return sunBehindTip(latitude_, {SegnoY() * to.south, to.west}, y);
+  }
   void day();
 
   // By it the ordinates are plotted.
@@ -62,7 +67,6 @@ class Drawing {
 };
 
 void Drawing::read() {
-  LeggiCilindro(run_);
   assign(p_.DeclGradi, run_.number(Field::txtDecl));
   assign(p_.DeclRad, p_.radians(p_.DeclGradi));
   readUsaLongitudine(run_);
@@ -84,9 +88,11 @@ double Drawing::arcFromVertex(double u) const {
 void Drawing::ParabolicoCurve() {
   read();
   hours();
-  trace(9, [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
+  trace(CurveFamily::Equinoctial, {Sun::kOpen, 0},
+        [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
   const double substyle = over(tanD_, latitude_.sine);
-  trace(9, [&](LevelWay way) { return hourOrdinate(latitude_, way, substyle); });
+  trace(CurveFamily::Hours, {hourOfSubstyle(p_)},
+        [&](LevelWay way) { return hourOrdinate(latitude_, way, substyle); });
   sheet_.xLine(-x1_, -sheet_.ShiftY(), -x1_, sheet_.ShiftY(), palette(1));
   sheet_.xLine(x2_, -sheet_.ShiftY(), x2_, sheet_.ShiftY(), palette(4));
   day();
@@ -97,31 +103,37 @@ void Drawing::ParabolicoCurve() {
 void Drawing::hours() {
   double x = 0, e = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    const double tangent = std::tan(p_.radians(t) - SegnoY() * p_.CorrFuso * p_.UsaLongitudine);
+    const double counted = p_.radians(t) - SegnoY() * p_.CorrFuso * p_.UsaLongitudine;
+    const double tangent = std::tan(counted);
+    const Ink ink{.colour = palette(hourInk(t)), .family = CurveFamily::Hours};
     for (const double P : dots(run_, kFirstP, kLastP)) {
       assign(e, -hourOrdinate(latitude_, way(P), tangent));
       assign(x, arc(P));
-      sheet_.xPset(x, SegnoY() * e, palette(hourInk(t)));
+      dot(sheet_, {x, -SegnoY() * e}, ink, {SegnoY() * counted});
     }
   }
 }
 
 // A curve of its own over the same abscissas.
 template <class Ordinate>
-void Drawing::trace(int colour, Ordinate ordinate) {
+void Drawing::trace(CurveFamily family, const Sun& sun, Ordinate ordinate) {
+  const Ink ink{.colour = palette(9), .family = family};
   for (const double P : dots(run_, kFirstP, kLastP)) {
     const Punto point{arc(P), SegnoY() * ordinate(way(P))};
-    if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(colour));
+    if (sound(point.x) && sound(point.y)) dot(sheet_, point, ink, sun);
   }
 }
 
 void Drawing::day() {
-  const double K = coneOf(p_, run_.number(Field::txtLineofdeclination));
+  const double degrees = run_.number(Field::txtLineofdeclination);
+  const double K = coneOf(p_, degrees);
+  const Ink ink{.colour = palette(12), .family = CurveFamily::Declinations};
   for (const double Q : dots(run_, -kLastQ, kLastQ)) {
     const Roots roots = coneOrdinates(latitude_, way(Q), K);
     for (const double y : {roots.minus, roots.plus}) {
       const Punto point{arc(Q), SegnoY() * y};
-      if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(12));
+      if (sound(point.x) && sound(point.y))
+        dot(sheet_, point, ink, sunOfCone(p_.radians(degrees), behindTip(Q, point.y)));
     }
   }
 }
@@ -172,7 +184,7 @@ void QuadranteParabolico(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of parabolic cross-section : 3D method"));
-  LeggiParametriSito(run);
+  LeggiSitoCilindro(run);
   if (run.on(Field::ck_Orizzonte)) CilOrizzonte(run);
   Drawing drawing(run);
   drawing.ParabolicoCurve();

@@ -27,10 +27,15 @@ class Drawing {
   bool on(Field field) const { return run_.on(field); }
   void LeggiCilindroParam();
   void touch(double theta);
-  SubstyleTurn turn() const { return {p_.Sustilare, p_.DistPiedeCentro}; }
+  SubstyleTurn frame() const { return {p_.Sustilare, p_.DistPiedeCentro}; }
   double hourOrdinate(double H);
-  void plot(double ordinate, int colour);
-  void plot(Roots ordinates, int colour);
+  // The sun behind the tip as a dot of that ordinate sees it.
+  Sun behindTip(double ordinate) const {
+    return sunBehindTip(Trig(p_.LatRad), levelWay(Trig(theta_), across_, distance_), ordinate);
+  }
+  void plot(double ordinate, const Ink& ink, const Sun& sun);
+  // Both branches of the cone of a declination, radians.
+  void plot(Roots ordinates, int colour, double declination);
   // A curve round the section. Each sample gets its plane before its dots.
   template <class Sample>
   void trace(Sample sample);
@@ -41,7 +46,7 @@ class Drawing {
   void ParamSustilare();
   void ParamItaliche();
   void ParamBabiloniche();
-  void oldHours(double side, int colour);
+  void oldHours(double side, const Ink& ink);
 
   Run& run_;
   DialParams& p_;
@@ -110,13 +115,14 @@ double Drawing::hourOrdinate(double H) {
   return HourLine(p_, distance_, std::tan(A)).ordinate(across_);
 }
 
-void Drawing::plot(double ordinate, int colour) {
-  if (sound(ordinate)) dot(sheet_, {x_, ordinate}, palette(colour));
+void Drawing::plot(double ordinate, const Ink& ink, const Sun& sun) {
+  if (sound(ordinate)) dot(sheet_, {x_, ordinate}, ink, sun);
 }
 
-void Drawing::plot(Roots ordinates, int colour) {
-  plot(ordinates.minus, colour);
-  plot(ordinates.plus, colour);
+void Drawing::plot(Roots ordinates, int colour, double declination) {
+  const Ink ink{.colour = palette(colour), .family = CurveFamily::Declinations};
+  for (const double y : {ordinates.minus, ordinates.plus})
+    plot(y, ink, sunOfCone(declination, behindTip(y)));
 }
 
 // --- Hours
@@ -126,35 +132,42 @@ void Drawing::ParamOre() {
   readUsaLongitudine(run_);
   double y = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
+    const double H = p_.radians(t);
+    const Ink ink{.colour = palette(hourInk(t)), .family = CurveFamily::Hours};
     trace([&] {
-      assign(y, hourOrdinate(p_.radians(t)));
-      plot(y, hourInk(t));
+      assign(y, hourOrdinate(H));
+      plot(y, ink, {H});
     });
   }
 }
 
-void Drawing::oldHours(double side, int colour) {
+// An hour stands for the horizon turned by a quarter turn from where it meets the equinoctial.
+void Drawing::oldHours(double side, const Ink& ink) {
   for (const double t : run_.sweep(-kLastOldHour, kLastOldHour, 15)) {
+    const double turn = p_.radians(t) + side * p_.PiGreco / 2;
     trace([&] {
       const OldHourLine line(p_.LatRad, distance_, p_.ElevStilo, p_.OrarioSustilare + p_.radians(t),
                              side);
-      plot(line.ordinate(turn(), across_), colour);
+      const double y = line.ordinate(frame(), across_);
+      plot(y, ink, sunOfTurnedHorizon(p_, turn, -side, behindTip(y)));
     });
   }
 }
 
 // With the conic that they touch: the days without a sunset.
 void Drawing::ParamItaliche() {
-  oldHours(-1, 14);
+  oldHours(-1, {.colour = palette(14), .family = CurveFamily::Italic});
   const double t = std::tan(p_.LatRad);
   trace([&] {
     ConicSet& conic = p_.conic(Declination::Latitude);
     setConic(conic, distance_, p_.ElevStilo, t * t);
-    plot(conicOrdinates(conic, turn(), across_), 11);
+    plot(conicOrdinates(conic, frame(), across_), 11, p_.PiGreco / 2 - p_.LatRad);
   });
 }
 
-void Drawing::ParamBabiloniche() { oldHours(1, 11); }
+void Drawing::ParamBabiloniche() {
+  oldHours(1, {.colour = palette(11), .family = CurveFamily::Babylonian});
+}
 
 // --- The lines of a day, and the substyle
 
@@ -165,21 +178,25 @@ void Drawing::ParamDeclinazioni() {
     for (std::size_t i = 0; i < K.size(); ++i) {
       ConicSet& conic = p_.conic(kDeclinationPairs[i].conic);
       setConic(conic, distance_, p_.ElevStilo, K[i]);
-      plot(conicOrdinates(conic, turn(), across_), kDeclinationPairs[i].colour);
+      plot(conicOrdinates(conic, frame(), across_), kDeclinationPairs[i].colour,
+           p_.radians(kDeclinationPairs[i].declination));
     }
   });
 }
 
 void Drawing::ParamEquinoziale() {
-  trace([this] {
-    plot(std::tan(p_.Sustilare) * across_ - over(p_.DistPiedeCentro, std::cos(p_.Sustilare)), 9);
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
+  trace([&] {
+    plot(std::tan(p_.Sustilare) * across_ - over(p_.DistPiedeCentro, std::cos(p_.Sustilare)), ink,
+         {Sun::kOpen, 0});
   });
 }
 
 // Of the plane in the foot: everywhere the hour of its substyle.
 void Drawing::ParamSustilare() {
   const double H = hourOfSubstyle(p_);
-  trace([&] { plot(hourOrdinate(H), 9); });
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
+  trace([&] { plot(hourOrdinate(H), ink, {H}); });
 }
 
 }  // namespace

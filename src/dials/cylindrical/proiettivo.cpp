@@ -24,9 +24,10 @@ constexpr double kHourStep = 7.5;  // whatever TxtHour says
 // foot their conic is drawn.
 struct OldHours {
   double side, reach;
+  CurveFamily family;
 };
-constexpr OldHours kProiettivoItaliche{-1, 1};
-constexpr OldHours kProiettivoBabiloniche{1, kPlaneReach};
+constexpr OldHours kProiettivoItaliche{-1, 1, CurveFamily::Italic};
+constexpr OldHours kProiettivoBabiloniche{1, kPlaneReach, CurveFamily::Babylonian};
 
 class Drawing {
  public:
@@ -38,9 +39,13 @@ class Drawing {
   bool on(Field field) const { return run_.on(field); }
   // The loop over the plane, so many radii either side of the foot.
   Sweep radii(double count) const { return dots(run_, -count * p_.Raggio, count * p_.Raggio); }
-  double hourFromSubstyle(double t) const { return p_.OrarioSustilare + p_.radians(t); }
-  void project(Punto plane, int colour);
-  void conic(Declination which, double reach, int colour);
+  // The sun behind the tip as a point of the plane sees it.
+  Sun behindTip(Punto plane) const {
+    return sunBehindTip(Trig(p_.LatRad), levelWay(Trig(p_.DeclRad), plane.x, p_.Stilo), plane.y);
+  }
+  void project(Punto plane, const Ink& ink, const Sun& sun);
+  // Both branches of the cone of a declination, radians.
+  void conic(Declination which, double declination, double reach, int colour);
   void oldHours(const OldHours& family);
 
   void ProiettivoPiano();
@@ -75,7 +80,11 @@ void Drawing::all() {
 
 void Drawing::ProiettivoPiano() {
   const double sine = std::cos(p_.LatRad) * std::cos(p_.DeclRad);
-  assign(p_.ElevStilo, arctan(over(sine, root(1 - sine * sine))));
+  // Near the equator the square of the sine leaves too few digits for a style square to the wall.
+  const double cosine = run_.trueShadows() ? std::hypot(std::sin(p_.DeclRad),
+                                                        std::sin(p_.LatRad) * std::cos(p_.DeclRad))
+                                           : root(1 - sine * sine);
+  assign(p_.ElevStilo, arctan(over(sine, cosine)));
   assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));
   assign(p_.OrarioSustilare, -arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
   assign(p_.DistPiedeCentro, p_.Stilo * std::tan(p_.ElevStilo));
@@ -83,7 +92,7 @@ void Drawing::ProiettivoPiano() {
 }
 
 // Along the ray through the tip onto the surface; nowhere when the ray misses it.
-void Drawing::project(Punto plane, int colour) {
+void Drawing::project(Punto plane, const Ink& ink, const Sun& sun) {
   const double u = plane.x, s = p_.Stilo, r = p_.Raggio, c = p_.SegnoCilindro;
   if (!sound(plane.x) || !sound(plane.y)) return;
   const double a = u * u + s * s;
@@ -92,8 +101,12 @@ void Drawing::project(Punto plane, int colour) {
   const double square = b * b - 4 * a * c0;
   if (square < 0) return;
   const double X = over(-b - c * Sgn(u) * std::sqrt(square), 2 * a);
-  const Punto point{r * p_.ArcSin(over(X, r)), u == 0 ? plane.y : plane.y / u * X};
-  if (sound(point.x) && sound(point.y)) dot(sheet_, point, palette(colour));
+  const double way = u == 0 ? 1 : X / u;  // from the tip, in ways to the plane
+  // The central angle by the abscissa alone folds what lies beyond the axis.
+  const double angle =
+      run_.trueShadows() ? std::atan2(X, r - c * s * (way - 1)) : p_.ArcSin(over(X, r));
+  const Punto point{r * angle, u == 0 ? plane.y : plane.y / u * X};
+  if (sound(point.x) && sound(point.y)) dot(sheet_, point, ink, sun);
 }
 
 // --- Hours
@@ -101,44 +114,58 @@ void Drawing::project(Punto plane, int colour) {
 void Drawing::ProiettivoOre() {
   const double centre = over(p_.Stilo, std::tan(p_.ElevStilo));
   for (const double t : run_.sweep(-90, kLastHour, kHourStep)) {
-    const int colour = std::abs(t) == 90 ? 9 : hourInk(t);
+    const double H = p_.radians(t);
+    const Ink ink{.colour = palette(std::abs(t) == 90 ? 9 : hourInk(t)),
+                  .family = CurveFamily::Hours};
     const bool level = p_.DeclRad == 0 && t == -90;  // through the centre, where noon starts
-    const double T = arctan(std::sin(p_.ElevStilo) * std::tan(hourFromSubstyle(t)));
+    const double T = arctan(std::sin(p_.ElevStilo) * std::tan(p_.OrarioSustilare + H));
     const HourLine line(p_, p_.Stilo, std::tan(T));
     for (const double u : radii(kPlaneReach))
-      project({u, level ? centre : line.ordinate(u)}, colour);
+      project({u, level ? centre : line.ordinate(u)}, ink, {H});
   }
 }
 
 // The conic that the lines touch, of the days without a sunset, and the lines.
 void Drawing::oldHours(const OldHours& family) {
   constexpr int kColour = 13;
-  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
-  conic(Declination::Latitude, family.reach, kColour);
+  const Ink ink{.colour = palette(kColour), .family = family.family};
+  const SubstyleTurn frame(p_.Sustilare, p_.DistPiedeCentro);
+  conic(Declination::Latitude, p_.PiGreco / 2 - p_.LatRad, family.reach, kColour);
   for (const double t : run_.sweep(-kLastOldHour, kLastOldHour, 15)) {
-    const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, hourFromSubstyle(t), family.side);
-    for (const double u : radii(kPlaneReach)) project(turn(u, line.at(u)), kColour);
+    const double H = p_.radians(t);
+    const double turn = H + family.side * p_.PiGreco / 2;
+    const OldHourLine line(p_.LatRad, p_.Stilo, p_.ElevStilo, p_.OrarioSustilare + H, family.side);
+    for (const double u : radii(kPlaneReach)) {
+      const Punto point = frame(u, line.at(u));
+      project(point, ink, sunOfTurnedHorizon(p_, turn, -family.side, behindTip(point)));
+    }
   }
 }
 
 // --- The lines of a day
 
-void Drawing::conic(Declination which, double reach, int colour) {
-  const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+void Drawing::conic(Declination which, double declination, double reach, int colour) {
+  const SubstyleTurn frame(p_.Sustilare, p_.DistPiedeCentro);
+  const Ink ink{.colour = palette(colour), .family = CurveFamily::Declinations};
   for (const double u : radii(reach)) {
     const Roots v = conicAt(p_.conic(which), u);
-    project(turn(u, v.plus), colour);
-    project(turn(u, v.minus), colour);
+    for (const double each : {v.plus, v.minus}) {
+      const Punto point = frame(u, each);
+      project(point, ink, sunOfCone(declination, behindTip(point)));
+    }
   }
 }
 
 void Drawing::ProiettivoDeclinazioni() {
-  for (const DeclinationPair& day : kDeclinationPairs) conic(day.conic, kPlaneReach, day.colour);
+  for (const DeclinationPair& day : kDeclinationPairs)
+    conic(day.conic, p_.radians(day.declination), kPlaneReach, day.colour);
 }
 
 void Drawing::ProiettivoEquinoziale() {
   const double drop = over(p_.DistPiedeCentro, std::cos(p_.Sustilare));
-  for (const double u : radii(kPlaneReach)) project({u, std::tan(p_.Sustilare) * u - drop}, 9);
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
+  for (const double u : radii(kPlaneReach))
+    project({u, std::tan(p_.Sustilare) * u - drop}, ink, {Sun::kOpen, 0});
 }
 
 // --- Lines across the days
@@ -146,24 +173,32 @@ void Drawing::ProiettivoEquinoziale() {
 // On a wall that looks South it is upright and has no ordinate: it is the noon generator there.
 void Drawing::ProiettivoSustilare() {
   const double slope = std::tan(p_.Sustilare);
-  for (const double u : radii(1)) project({u, over(-u, slope)}, 9);
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
+  const Sun sun{hourOfSubstyle(p_)};
+  for (const double u : radii(1)) project({u, over(-u, slope)}, ink, sun);
 }
 
 // The zone's noon of the mean sun, while the sun is before the plane.
 void Drawing::ProiettivoAnalemma() {
-  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const Cilindro cylinder(p_, p_.SegnoCilindro, run_.trueShadows());
   const double tilt = p_.radians(obliquity(47));
+  const Ink ink{.colour = palette(4), .family = CurveFamily::Analemma};
   Ombra shadow;
   for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {
     const SunOfDay day = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     const SunDeclination sun(day.declination);
     const Trig H(day.equationOfTime - p_.CorrFuso);
-    assign(shadow.A, azimuthByTangent(cylinder.latitude, H, sun));
-    turnAzimuth(cylinder, H, shadow);
+    if (cylinder.everywhere) {
+      shadow.A = azimuth(cylinder.latitude, H, sun);
+    } else {
+      assign(shadow.A, azimuthByTangent(cylinder.latitude, H, sun));
+      turnAzimuth(cylinder, H, shadow);
+    }
     assign(shadow.h, arcsineByTangent(sineOfAltitude(cylinder.latitude, H, sun)));
     const double aside = shadow.A - p_.DeclRad;
     if (std::cos(aside) > 0)
-      project({p_.Stilo * std::tan(aside), -p_.Stilo * std::tan(shadow.h) / std::cos(aside)}, 4);
+      project({p_.Stilo * std::tan(aside), -p_.Stilo * std::tan(shadow.h) / std::cos(aside)}, ink,
+              {H.angle, sun.angle});
   }
 }
 
@@ -178,8 +213,7 @@ void QuadranteProiettivo(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : projective method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "dials/cylindrical/cylinder.hpp"
+#include "dials/cylindrical/dotted.hpp"
 #include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
@@ -31,6 +32,8 @@ constexpr double kLastOldDay = 23.44;
 constexpr double kHourGap = 0.01;
 constexpr double kCurveGap = 0.012;
 constexpr double kAnalemmaGap = 0.005;
+// The analemma's for true shadows, in lengths of the style.
+constexpr double kTrueAnalemmaGap = 0.1;
 
 constexpr Rgb kFreeLine = rgb(255, 127, 39);
 
@@ -49,20 +52,22 @@ struct OldHours {
   Field box;
   double first, last;
   int colour;
+  CurveFamily family;
   double (*hourAngle)(double PiGreco, double k, double a);
 };
 constexpr double italicHour(double pi, double k, double a) { return k * pi / 12 + a - 2 * pi; }
 constexpr double babylonianHour(double pi, double k, double a) { return k * pi / 12 - a; }
 constexpr double temporaryHour(double, double k, double a) { return a * (k / 6 - 1); }
-constexpr OldHours kCilItaliche{Field::ck_Italiche, 5, 23, 12, italicHour};
-constexpr OldHours kCilBabiloniche{Field::ck_babiloniche, 1, 18, 13, babylonianHour};
-constexpr OldHours kCilTemporarie{Field::ckTemp, 1, 12, 6, temporaryHour};
+constexpr OldHours kCilItaliche{Field::ck_Italiche, 5, 23, 12, CurveFamily::Italic, italicHour};
+constexpr OldHours kCilBabiloniche{Field::ck_babiloniche, 1, 18, 13, CurveFamily::Babylonian,
+                                   babylonianHour};
+constexpr OldHours kCilTemporarie{Field::ckTemp, 1, 12, 6, CurveFamily::Temporary, temporaryHour};
 
 // A curve routine's cylinder, shadow and pen.
 class Curve {
  public:
   Curve(Run& run, double gap)
-      : cylinder(run.params, run.params.SegnoCurva),
+      : cylinder(run.params, run.params.SegnoCurva, run.trueShadows()),
         convex_(cylinder.side == 1),
         edge_(run.params.ArcoLimite),
         pen_(run.sheet, gap) {}
@@ -71,22 +76,23 @@ class Curve {
 
   // The sample of a sun; `best` is what becomes of it when the shadow falls on the surface.
   void visit(const Trig& hour, const SunDeclination& sun, Verdict best, bool zenith = false) {
-    if (CilPuntoOmbra(cylinder, hour, sun, shadow, zenith)) join(best);
+    const bool meets = CilPuntoOmbra(cylinder, hour, sun, shadow, zenith);
+    join(hour, sun, meets ? best : Verdict::Drop);
   }
   // The same of the shadow as it stands.
-  void join(Verdict best) {
-    pen_.visit(shadow.point, best == Verdict::Draw && !visible() ? Verdict::Move : best);
+  void join(const Trig& hour, const SunDeclination& sun, Verdict best) {
+    pen_.visit(shadow.point, best == Verdict::Draw && !visible() ? Verdict::Move : best,
+               {hour.angle, sun.angle});
+  }
+  // With the sun up, and this side of the tangent generators of a convex surface.
+  bool visible() const {
+    return shadow.point.y <= 0 && (!convex_ || std::abs(shadow.point.x) < edge_);
   }
 
   const Cilindro cylinder;
   Ombra shadow;
 
  private:
-  // With the sun up, and this side of the tangent generators of a convex surface.
-  bool visible() const {
-    return shadow.point.y <= 0 && (!convex_ || std::abs(shadow.point.x) < edge_);
-  }
-
   bool convex_;
   double edge_;
   Pen pen_;
@@ -104,10 +110,14 @@ class Drawing {
 
   void CilOre();
   void CilNumeri();
+  bool numeralIsLit(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
+                    Ombra& shadow) const;
   void numeral(Punto at, int hour);
   void CilDeclinazioni(std::span<const DayCurve> curves);
   void CilAnalemma();
   void CilEquinoziale();
+  bool equinoctialShadow(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
+                         Ombra& shadow) const;
   void CilLineaDecl();
   void CilSustilare();
   void oldHours(const OldHours& family);
@@ -119,7 +129,7 @@ class Drawing {
 
 void Drawing::all() {
   CilGeneratriceCentro(run_);
-  if (p_.SegnoCilindro == 1) CilLimiti(run_);
+  if (p_.SegnoCilindro == 1 || run_.trueShadows()) CilLimiti(run_);
   if (on(Field::chkOreAstronomiche)) CilOre();
   if (on(Field::ckArabi) || on(Field::ckRomani)) CilNumeri();
   if (on(Field::Ck_DayLightCurves)) {
@@ -158,7 +168,7 @@ void Drawing::CilOre() {
   sheet_.Dati("y", 0.04, -0.6);
   Curve curve(run_, kHourGap);
   for (const double t : run_.sweep(-kLastHour, kLastHour, p_.PassoOre, {.step = Field::TxtHour})) {
-    curve.dip({palette(hourInk(t))});
+    curve.dip({.colour = palette(hourInk(t)), .family = CurveFamily::Hours});
     const Trig hour(p_.radians(t) - p_.CorrFuso * p_.UsaLongitudine);
     for (const double declination : run_.sweep(-kSolstice, kLastDay, kStep)) {
       p_.DeclSole = declination;
@@ -173,20 +183,27 @@ void Drawing::CilNumeri() {
   readUsaLongitudine(run_);
   setLimits(p_);
   const SunDeclination sun(declinationOfFreeLine());
-  const Cilindro cylinder(p_, p_.SegnoCurva);
-  Ombra shadow;
+  Curve curve(run_, Pen::kNoLimit);
   for (const double t : run_.sweep(-kLastHour, kLastHour, 15)) {
     const Trig hour(p_.radians(t) - p_.CorrFuso * p_.UsaLongitudine);
-    assign(shadow.A, azimuthByTangent(cylinder.latitude, hour, sun));
-    if (onOtherSide(hour, shadow.A)) shadow.A += shadow.A > 0 ? -p_.PiGreco : p_.PiGreco;
-    if (!meetSurface(cylinder, shadow)) continue;
-    assign(shadow.h, arcsineByTangent(sineOfAltitude(cylinder.latitude, hour, sun)));
-    dropShadow(cylinder, hour, sun, shadow);
-    // On a convex surface the shadow's side counts, and not whether the sun is up.
-    const bool lit = cylinder.side == 1 ? p_.AzLimiteOvest < shadow.A && shadow.A < p_.AzLimiteEst
-                                        : shadow.point.y < 0;
-    if (lit) numeral(shadow.point, static_cast<int>(12 + t / 15));
+    const bool lit = curve.cylinder.everywhere
+                         ? CilPuntoOmbra(curve.cylinder, hour, sun, curve.shadow) && curve.visible()
+                         : numeralIsLit(curve.cylinder, hour, sun, curve.shadow);
+    if (lit) numeral(curve.shadow.point, static_cast<int>(12 + t / 15));
   }
+}
+
+// With the azimuth turned in a way of its own. On a convex surface the shadow's side counts, and
+// not whether the sun is up.
+bool Drawing::numeralIsLit(const Cilindro& cylinder, const Trig& hour, const SunDeclination& sun,
+                           Ombra& shadow) const {
+  assign(shadow.A, azimuthByTangent(cylinder.latitude, hour, sun));
+  if (onOtherSide(hour, shadow.A)) shadow.A += shadow.A > 0 ? -p_.PiGreco : p_.PiGreco;
+  if (!meetSurface(cylinder, shadow)) return false;
+  assign(shadow.h, arcsineByTangent(sineOfAltitude(cylinder.latitude, hour, sun)));
+  dropShadow(cylinder, hour, sun, shadow);
+  return cylinder.side == 1 ? p_.AzLimiteOvest < shadow.A && shadow.A < p_.AzLimiteEst
+                            : shadow.point.y < 0;
 }
 
 void Drawing::numeral(Punto at, int hour) {
@@ -201,7 +218,7 @@ void Drawing::numeral(Punto at, int hour) {
 void Drawing::oldHours(const OldHours& family) {
   leggiSegnoCurva(run_);
   Curve curve(run_, kCurveGap);
-  curve.dip({palette(family.colour)});
+  curve.dip({.colour = palette(family.colour), .family = family.family});
   const double slope = -std::tan(p_.LatRad);
   double semiArc = 0;
   for (const double k : run_.sweep(family.first, family.last, 1)) {
@@ -225,7 +242,9 @@ void Drawing::CilDeclinazioni(std::span<const DayCurve> curves) {
   for (const DayCurve& day : curves) {
     p_.DeclSole = day.declination;
     const SunDeclination sun(p_.radians(day.declination));
-    curve.dip({palette(day.colour), sheet_.layer(day.layer)});
+    curve.dip({.colour = palette(day.colour),
+               .layer = sheet_.layer(day.layer),
+               .family = CurveFamily::Declinations});
     const Sweep hours = run_.sweep(-kLastHour, kLastHour, kStep);
     for (const double t : hours) curve.visit(Trig(p_.radians(t)), sun, drawIf(t > hours.first()));
   }
@@ -234,26 +253,32 @@ void Drawing::CilDeclinazioni(std::span<const DayCurve> curves) {
 void Drawing::CilEquinoziale() {
   leggiSegnoCurva(run_);
   Curve curve(run_, kHourGap);
-  curve.dip({palette(9)});
-  const Cilindro& cylinder = curve.cylinder;
-  Ombra& shadow = curve.shadow;
+  curve.dip({.colour = palette(9), .family = CurveFamily::Equinoctial});
   const SunDeclination sun(0);
-  const bool equator = p_.LatRad == 0;
   const Sweep hours = run_.sweep(-90, 90, kStep);
   for (const double t : hours) {
     const Trig hour(p_.radians(t));
-    assign(shadow.A, equator ? p_.PiGreco / 2 : azimuthByTangent(cylinder.latitude, hour, sun));
-    turnAzimuth(cylinder, hour, shadow);
-    if (!meetSurface(cylinder, shadow)) continue;
-    assign(shadow.h, equator ? p_.PiGreco / 2 - std::abs(hour.angle)
-                             : arcsineByTangent(sineOfAltitude(cylinder.latitude, hour, sun)));
-    dropShadow(cylinder, hour, sun, shadow);
-    // With the sun straight in front the general form has no value: any positive ordinate leaves
-    // the sample out.
-    const bool noon = cylinder.facesSouth && hour.angle == 0;
-    if (!noon && shadow.A - cylinder.declination == 0) shadow.point.y = p_.PiGreco / 2;
-    curve.join(drawIf(t > hours.first()));
+    const bool meets = curve.cylinder.everywhere
+                           ? CilPuntoOmbra(curve.cylinder, hour, sun, curve.shadow)
+                           : equinoctialShadow(curve.cylinder, hour, sun, curve.shadow);
+    curve.join(hour, sun, meets ? drawIf(t > hours.first()) : Verdict::Drop);
   }
+}
+
+// With forms of its own on the equator and with the sun straight in front.
+bool Drawing::equinoctialShadow(const Cilindro& cylinder, const Trig& hour,
+                                const SunDeclination& sun, Ombra& shadow) const {
+  const bool equator = p_.LatRad == 0;
+  assign(shadow.A, equator ? p_.PiGreco / 2 : azimuthByTangent(cylinder.latitude, hour, sun));
+  turnAzimuth(cylinder, hour, shadow);
+  if (!meetSurface(cylinder, shadow)) return false;
+  assign(shadow.h, equator ? p_.PiGreco / 2 - std::abs(hour.angle)
+                           : arcsineByTangent(sineOfAltitude(cylinder.latitude, hour, sun)));
+  dropShadow(cylinder, hour, sun, shadow);
+  // Straight in front the general form has no value: any positive ordinate leaves the sample out.
+  const bool noon = cylinder.facesSouth && hour.angle == 0;
+  if (!noon && shadow.A - cylinder.declination == 0) shadow.point.y = p_.PiGreco / 2;
+  return true;
 }
 
 // The line of one more declination, inside the window only and however far its points lie apart.
@@ -262,11 +287,15 @@ void Drawing::CilLineaDecl() {
   const Window window(run_);
   const SunDeclination sun(declinationOfFreeLine());
   Curve curve(run_, Pen::kNoLimit);
-  curve.dip({kFreeLine, sheet_.layer(textOf(run_.number(Field::txtLineofdeclination)))});
+  curve.dip({.colour = kFreeLine,
+             .layer = sheet_.layer(textOf(run_.number(Field::txtLineofdeclination))),
+             .family = CurveFamily::Declinations});
   const Sweep hours = run_.sweep(-kLastHour, kLastHour, kStep);
   for (const double t : hours) {
-    if (!CilPuntoOmbra(curve.cylinder, Trig(p_.radians(t)), sun, curve.shadow)) continue;
-    curve.join(drawIf(t > hours.first() && window.holds(curve.shadow.point)));
+    const Trig hour(p_.radians(t));
+    const bool meets = CilPuntoOmbra(curve.cylinder, hour, sun, curve.shadow);
+    const bool draws = t > hours.first() && window.holds(curve.shadow.point);
+    curve.join(hour, sun, meets ? drawIf(draws) : Verdict::Drop);
   }
 }
 
@@ -276,10 +305,9 @@ void Drawing::CilSustilare() {
   if (p_.LatRad == 0) return;
   leggiSegnoCurva(run_);
   Curve curve(run_, kHourGap);
-  curve.dip({palette(4)});
+  curve.dip({.colour = palette(4), .family = CurveFamily::Hours});
   double H = 0;
-  assign(H, std::abs(p_.DeclGradi) == 90 ? (p_.PiGreco / 2) * Sgn(p_.DeclGradi)
-                                         : arctan(over(std::tan(p_.DeclRad), std::sin(p_.LatRad))));
+  assign(H, hourOfSubstyle(p_));
   const Trig hour(H);
   for (const double declination : run_.sweep(-kSolstice, kLastDay, kStep)) {
     p_.DeclSole = declination;
@@ -290,9 +318,10 @@ void Drawing::CilSustilare() {
 
 void Drawing::CilAnalemma() {
   p_.LonAbs = p_.CorrFuso;  // for the rest of the run
-  Curve curve(run_, kAnalemmaGap);
-  curve.dip(
-      {kWhite, sheet_.layer(curve.cylinder.side == 1 ? "Analemmaconvex" : "Analemmaconcave")});
+  Curve curve(run_, run_.trueShadows() ? kTrueAnalemmaGap * p_.Stilo : kAnalemmaGap);
+  curve.dip({.colour = kWhite,
+             .layer = sheet_.layer(curve.cylinder.side == 1 ? "Analemmaconvex" : "Analemmaconcave"),
+             .family = CurveFamily::Analemma});
   const double tilt = p_.radians(obliquity(47));
   const Sweep longitudes = run_.sweep(-80, 360, 360 / kDaysOfYear);
   for (const double L : longitudes) {
@@ -312,8 +341,7 @@ void QuadranteCilindricoSferico(Run& run) {
   run.hourglass(true);
   run.sheet.Messaggio(
       run.T("Cylindrical sundial of circular cross-section : Spherical trigonometric method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

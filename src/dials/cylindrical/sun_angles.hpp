@@ -22,6 +22,11 @@ inline double azimuthByTangent(const Trig& latitude, const Trig& hour, const Sun
   return arctan(over(hour.sine, hour.cosine * latitude.sine - sun.tangent * latitude.cosine));
 }
 
+// The same in its quadrant.
+inline double azimuth(const Trig& latitude, const Trig& hour, const SunDeclination& sun) {
+  return std::atan2(hour.sine, hour.cosine * latitude.sine - sun.tangent * latitude.cosine);
+}
+
 // True when the azimuth by its tangent lies on the other side of the meridian than the sun does.
 inline bool onOtherSide(const Trig& hour, double azimuth) {
   return Sgn(hour.sine) != Sgn(std::sin(azimuth));

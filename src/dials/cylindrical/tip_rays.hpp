@@ -9,6 +9,7 @@
 
 #include "dials/cylindrical/sun_angles.hpp"
 #include "numerics/quadratic.hpp"
+#include "sheet/meaning.hpp"
 
 namespace dialwright {
 
@@ -22,6 +23,15 @@ struct LevelWay {
 inline LevelWay levelWay(const Trig& declination, double right, double behind) {
   return {behind * declination.cosine - right * declination.sine,
           behind * declination.sine + right * declination.cosine};
+}
+
+// The sun that stands behind the tip as seen from a point of that ordinate; above the foot of the
+// style one of the night.
+inline Sun sunBehindTip(const Trig& latitude, LevelWay way, double y) {
+  const double towardsPole = -way.south * latitude.cosine - y * latitude.sine;
+  const double towardsMeridian = way.south * latitude.sine - y * latitude.cosine;
+  return {std::atan2(way.west, towardsMeridian),
+          std::atan2(towardsPole, std::hypot(way.west, towardsMeridian))};
 }
 
 // The ordinate in the plane of an hour angle by its tangent; a fault at noon.

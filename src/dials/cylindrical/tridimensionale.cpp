@@ -27,9 +27,11 @@ struct Place {
 struct TurnedHorizons {
   double first, last;
   int colour;
+  CurveFamily family;
+  double side;  // +1 from sunset, -1 from sunrise
 };
-constexpr TurnedHorizons kCil3DItaliche{0, 180, 8};
-constexpr TurnedHorizons kCil3DBabiloniche{-180, 0, 3};
+constexpr TurnedHorizons kCil3DItaliche{0, 180, 8, CurveFamily::Italic, +1};
+constexpr TurnedHorizons kCil3DBabiloniche{-180, 0, 3, CurveFamily::Babylonian, -1};
 
 class Drawing {
  public:
@@ -56,10 +58,15 @@ class Drawing {
   LevelWay way(const Place& place) const {
     return levelWay(declination_, place.across, place.depth + p_.Stilo);
   }
-  // The curve across the surface whose ordinate is a function of the way to the tip. What fails in
-  // a sample keeps the value of the sample before.
-  template <class Ordinate>
-  void trace(Place& place, int colour, Ordinate ordinate);
+  // The sun behind the tip as a dot of that ordinate sees it.
+  Sun behindTip(const Place& place, double y) const {
+    return sunBehindTip(latitude_, way(place), y);
+  }
+  // The curve across the surface whose ordinate is a function of the way to the tip, and whose suns
+  // are known by the sun behind the tip. What fails in a sample keeps the value of the sample
+  // before.
+  template <class Ordinate, class SunOf>
+  void trace(Place& place, const Ink& ink, Ordinate ordinate, SunOf sunOf);
 
   Run& run_;
   DialParams& p_;
@@ -94,12 +101,12 @@ void Drawing::stand(Place& place, double across) const {
   assign(place.point.x, r * p_.ArcSin(over(across, r)));
 }
 
-template <class Ordinate>
-void Drawing::trace(Place& place, int colour, Ordinate ordinate) {
+template <class Ordinate, class SunOf>
+void Drawing::trace(Place& place, const Ink& ink, Ordinate ordinate, SunOf sunOf) {
   for (const double X : dots(run_, -p_.Raggio, p_.Raggio)) {
     stand(place, X);
     assign(place.point.y, ordinate(way(place)));
-    dot(sheet_, place.point, palette(colour));
+    dot(sheet_, place.point, ink, sunOf(behindTip(place, place.point.y)));
   }
 }
 
@@ -120,8 +127,12 @@ void Drawing::Cil3DOre() {
   locateStyle();
   Place place;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    const double tangent = -std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
-    trace(place, hourInk(t), [&](LevelWay way) { return hourOrdinate(latitude_, way, tangent); });
+    const double H = -(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
+    const double tangent = std::tan(H);
+    trace(
+        place, {.colour = palette(hourInk(t)), .family = CurveFamily::Hours},
+        [&](LevelWay way) { return hourOrdinate(latitude_, way, tangent); },
+        [H](const Sun&) { return Sun{H}; });
   }
 }
 
@@ -130,8 +141,12 @@ void Drawing::turnedHorizons(const TurnedHorizons& family) {
   Place place;
   for (const double t : run_.sweep(family.first, family.last, 15)) {
     const Trig turn(-p_.radians(t));
-    trace(place, family.colour,
-          [&](LevelWay way) { return turnedHorizonOrdinate(latitude_, way, turn); });
+    trace(
+        place, {.colour = palette(family.colour), .family = family.family},
+        [&](LevelWay way) { return turnedHorizonOrdinate(latitude_, way, turn); },
+        [&](const Sun& behindTip) {
+          return sunOfTurnedHorizon(p_, turn.angle, family.side, behindTip);
+        });
   }
 }
 
@@ -142,13 +157,16 @@ void Drawing::Cil3DDeclinazioni() {
   double y1 = 0, y2 = 0;
   for (const DeclinationPair& day : kDeclinationPairs) {
     const double K = coneOf(p_, day.declination);
+    const double declination = p_.radians(day.declination);
+    const Ink ink{.colour = palette(day.colour), .family = CurveFamily::Declinations};
     for (const double X : dots(run_, -p_.Raggio, p_.Raggio)) {
       stand(place, X);
       const Roots roots = coneOrdinates(latitude_, way(place), K);
       if (!sound(roots.minus) && !sound(roots.plus)) continue;
       assign(y1, roots.minus);
       assign(y2, roots.plus);
-      for (const double y : {y1, y2}) dot(sheet_, {place.point.x, y}, palette(day.colour));
+      for (const double y : {y1, y2})
+        dot(sheet_, {place.point.x, y}, ink, sunOfCone(declination, behindTip(place, y)));
     }
   }
 }
@@ -156,23 +174,31 @@ void Drawing::Cil3DDeclinazioni() {
 void Drawing::Cil3DEquinoziale() {
   if (p_.LatRad == 0) return;
   Place place;
-  trace(place, 9, [this](LevelWay way) { return equatorOrdinate(latitude_, way); });
+  trace(
+      place, {.colour = palette(9), .family = CurveFamily::Equinoctial},
+      [this](LevelWay way) { return equatorOrdinate(latitude_, way); },
+      [](const Sun&) {
+        return Sun{Sun::kOpen, 0};
+      });
 }
 
 // The ordinate runs, for the line is steep: upright on a wall that looks South.
 void Drawing::Cil3DSustilare() {
   const double slope = over(std::sin(p_.DeclRad), std::tan(p_.LatRad));
+  const double H = hourOfSubstyle(p_);
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Hours};
   for (const double y : dots(run_, -1, 1)) {
     const double x = p_.Raggio * p_.ArcSin(over(-y * slope, p_.Raggio));
-    if (sound(x)) dot(sheet_, {x, y}, palette(9));
+    if (sound(x)) dot(sheet_, {x, y}, ink, {H});
   }
 }
 
 // --- The analemma of a whole hour of the zone, on the half of the surface that is developed
 
 void Drawing::Cil3DAnalemma(double hour) {
-  const Cilindro cylinder(p_, p_.SegnoCilindro);
+  const Cilindro cylinder(p_, p_.SegnoCilindro, run_.trueShadows());
   const double tilt = p_.radians(obliquity(47));
+  const Ink ink{.colour = palette(2), .family = CurveFamily::Analemma};
   Ombra shadow;
   for (const double L : run_.sweep(-80, 280, 360 / kDaysOfYear)) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
@@ -180,7 +206,8 @@ void Drawing::Cil3DAnalemma(double hour) {
     if (!CilPuntoOmbra(cylinder, H, SunDeclination(sun.declination), shadow)) continue;
     // Outside, the ray from behind meets the far side only.
     const bool before = cylinder.side < 0 || std::cos(shadow.A - p_.DeclRad) > 0;
-    if (before && std::abs(shadow.theta) <= p_.PiGreco / 2) dot(sheet_, shadow.point, palette(2));
+    if (before && std::abs(shadow.theta) <= p_.PiGreco / 2)
+      dot(sheet_, shadow.point, ink, {H.angle, sun.declination});
   }
 }
 
@@ -195,8 +222,7 @@ void QuadranteCilindrico3D(Run& run) {
   DisegnaCornice(run);
   run.hourglass(true);
   run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : 3D method"));
-  LeggiParametriSito(run);
-  LeggiCilindro(run);
+  LeggiSitoCilindro(run);
   Drawing(run).all();
   run.hourglass(false);
 }

@@ -19,7 +19,7 @@ std::array<DeclinationCone, 3> declinationCones(DialParams& p, double solsticeAr
   const std::array<double, 3> K = {p.KSolstizio, p.K20, p.K11};
   std::array<DeclinationCone, 3> cones{};
   for (std::size_t i = 0; i < cones.size(); ++i)
-    cones[i] = {K[i], palette(kDeclinationPairs[i].colour)};
+    cones[i] = {K[i], palette(kDeclinationPairs[i].colour), std::atan(1 / std::sqrt(K[i]))};
   return cones;
 }
 

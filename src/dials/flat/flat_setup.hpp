@@ -21,8 +21,11 @@ bool latitudeIsMissing(const Run& run);
 // The cone that the sun's rays make on a day, by the squared cotangent of its declination, and its
 // curve's colour.
 struct DeclinationCone {
-  double K;
-  Rgb colour;
+  double K = 0;
+  Rgb colour = kWhite;
+  double declination = 0;  // of its northern half, radians
+
+  Ink ink() const { return {.colour = colour, .family = CurveFamily::Declinations}; }
 };
 
 // The solstice's arc in half turns of 180: the declination in degrees times the circle constant.

@@ -8,6 +8,8 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
+#include "dials/flat/plane_suns.hpp"
+#include "dials/flat/sky_curves.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
@@ -40,8 +42,10 @@ class Drawing : PanelDrawing {
   void DeclinazioniFrinter();
   void curvesAtEquator();
   void ConicaLatitudine();
-  void frameLine(Punto from, Punto to, Rgb colour);
-  void hoursFromHorizon(double side, Rgb colour);
+  PlaneSuns suns() const { return {sheet_, planeOf(p_)}; }
+  template <class SunAt>
+  void frameLine(Punto from, Punto to, const Ink& ink, SunAt sunAt);
+  void hoursFromHorizon(double side, const Ink& ink);
   void Analemma();
   void TriangoloStilo();
 
@@ -54,13 +58,21 @@ void Drawing::all() {
   if (on(Field::chkOreAstronomiche)) Ore();
   if (on(Field::Ck_DayLightCurves)) DeclinazioniFrinter();
   ConicaLatitudine();
-  if (on(Field::ck_Equinoziale)) frameLine({-kLineReach, 0}, {kLineReach, 0}, palette(9));
-  if (on(Field::ck_Sustilare)) {
-    const double foot = p_.DistPiedeCentro;
-    frameLine({0, foot - kLineReach}, {0, foot + kLineReach}, palette(9));
+  if (on(Field::ck_Equinoziale)) {
+    frameLine({-kLineReach, 0}, {kLineReach, 0},
+              {.colour = palette(9), .family = CurveFamily::Equinoctial}, [](Punto) {
+                return Sun{Sun::kOpen, 0};
+              });
   }
-  if (on(Field::ck_Italiche)) hoursFromHorizon(-1, palette(14));
-  if (on(Field::ck_babiloniche)) hoursFromHorizon(+1, palette(9));
+  if (on(Field::ck_Sustilare)) {
+    const SubstyleTurn turn(-p_.Sustilare, p_.DistPiedeCentro);
+    const double foot = p_.DistPiedeCentro;
+    line(sheet_, turn(0, foot - kLineReach), turn(0, foot + kLineReach), palette(9));
+  }
+  if (on(Field::ck_Italiche))
+    hoursFromHorizon(-1, {.colour = palette(14), .family = CurveFamily::Italic});
+  if (on(Field::ck_babiloniche))
+    hoursFromHorizon(+1, {.colour = palette(9), .family = CurveFamily::Babylonian});
   if (on(Field::ck_Lemniscate)) Analemma();
   if (on(Field::ck_Orizzonte)) {
     const double side = sheet_.ShiftX();
@@ -105,14 +117,18 @@ void Drawing::Ore() {
   const double reach = over(p_.Stilo, std::cos(p_.ElevStilo));
   const double sinS = std::sin(p_.Sustilare), cosS = std::cos(p_.Sustilare);
   const double longitude = p_.LonOrario * p_.UsaLongitudine * SegnoLat_;
+  const PlaneSuns suns = this->suns();
   double slope = 0, middle = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
+    const double H = p_.radians(t) - longitude;
     const double tangent = std::tan(p_.OrarioSustilare - longitude + p_.radians(t));
     const double m = sinE * tangent;
     assign(middle, over(reach * tangent - p_.DistPiedeCentro * m, cosS + sinS * m));
     assign(slope, over(m * cosS - sinS, cosS + m * sinS));
-    sheet_.xLine(middle - slope * kLineReach, -kLineReach, middle + slope * kLineReach, kLineReach,
-                 palette(hourInk(t)));
+    litLine(sheet_, {middle - slope * kLineReach, kLineReach},
+            {middle + slope * kLineReach, -kLineReach},
+            {.colour = palette(hourInk(t)), .family = CurveFamily::Hours},
+            [&](Punto at) { return suns.ofHourPlane(H, at); });
   }
   if (p_.LatGradi == 0 && std::abs(p_.DeclGradi) == 90) hoursOfSideWallAtEquator();
 }
@@ -120,11 +136,15 @@ void Drawing::Ore() {
 // A wall that holds the axis: its hours are level lines, drawn between the solstices.
 void Drawing::hoursOfSideWallAtEquator() {
   const double K = p_.KSolstizio;
+  // The lower the line, the nearer to noon; the morning is the eastern wall's.
+  const double six = std::copysign(p_.PiGreco / 2, p_.DeclGradi);
   Punto end;
   for (const double t : run_.sweep(-75, 75, p_.PassoOre, {.step = Field::TxtHour})) {
     assign(end.x, over(p_.Stilo, std::sqrt(K) * std::cos(p_.radians(t))));
     assign(end.y, -root(K * end.x * end.x - p_.Stilo * p_.Stilo));
-    line(sheet_, end, {-end.x, end.y}, palette(14));
+    const Sun sun{six * (1 - std::abs(t) / 90), Sun::kOpen};
+    line(sheet_, end, {-end.x, end.y}, {.colour = palette(14), .family = CurveFamily::Hours}, sun,
+         sun);
   }
 }
 
@@ -136,11 +156,12 @@ void Drawing::DeclinazioniFrinter() {
     return;
   }
   const SubstyleTurn turn(-p_.Sustilare, p_.DistPiedeCentro);
+  const PlaneSuns suns = this->suns();
   for (const double x : run_.sweep(-kCurveReach, kCurveReach, kCurveStep)) {
     for (std::size_t i = 0; i < cones_.size(); ++i) {
       const Roots y = conicOrdinates(p_.conics[i], turn, x);
-      dot(sheet_, {x, y.minus}, cones_[i].colour);
-      dot(sheet_, {x, y.plus}, cones_[i].colour);
+      for (const Punto at : {Punto{x, y.minus}, Punto{x, y.plus}})
+        dot(sheet_, at, cones_[i].ink(), suns.ofPair(cones_[i].declination, at));
     }
   }
 }
@@ -148,6 +169,7 @@ void Drawing::DeclinazioniFrinter() {
 // On the equator a wall that faces a pole has no curves.
 void Drawing::curvesAtEquator() {
   if (p_.DeclGradi == 0 || std::abs(p_.DeclGradi) == 180) return;
+  const PlaneSuns suns = this->suns();
   const double sinD = std::sin(turnedDeclination()), cosD = std::cos(turnedDeclination());
   for (const double x : run_.sweep(-kLineReach, kLineReach, kEquatorStep)) {
     const double axial = x * sinD + p_.Stilo * cosD;
@@ -155,8 +177,8 @@ void Drawing::curvesAtEquator() {
     for (const DeclinationCone& cone : cones_) {
       const double w = cone.K * axial * axial - level * level;
       if (!(w >= 0)) continue;
-      dot(sheet_, {x, std::sqrt(w)}, cone.colour);
-      dot(sheet_, {x, -std::sqrt(w)}, cone.colour);
+      for (const Punto at : {Punto{x, std::sqrt(w)}, Punto{x, -std::sqrt(w)}})
+        dot(sheet_, at, cone.ink(), suns.ofPair(cone.declination, at));
     }
   }
 }
@@ -169,22 +191,26 @@ void Drawing::ConicaLatitudine() {
 }
 
 // A line between two points of the substyle's frame.
-void Drawing::frameLine(Punto from, Punto to, Rgb colour) {
+template <class SunAt>
+void Drawing::frameLine(Punto from, Punto to, const Ink& ink, SunAt sunAt) {
   const SubstyleTurn turn(-p_.Sustilare, p_.DistPiedeCentro);
-  line(sheet_, turn(from.x, from.y), turn(to.x, to.y), colour);
+  litLine(sheet_, turn(from.x, from.y), turn(to.x, to.y), ink, sunAt);
 }
 
-// Italic (side -1) and babylonian (side +1) hours.
-void Drawing::hoursFromHorizon(double side, Rgb colour) {
+// Italic (side -1) and babylonian (side +1) hours. Of an hour behind the wall the tangent is the
+// other count's; for true shadows they change places.
+void Drawing::hoursFromHorizon(double side, const Ink& ink) {
   if (!hasHorizonHours()) return;
+  const PlaneSuns suns = this->suns();
   const ConicSet& conic = p_.conic(Declination::Latitude);
   double U = 0, slope = 0;
   for (const double t : run_.sweep(-105, 105, 15)) {
-    assign(U,
-           over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(t)));
-    assign(slope, tangentSlope(conic, U, side * p_.SegnoEmisfero));
-    frameLine({-kLineReach, slope * (-kLineReach - U)}, {kLineReach, slope * (kLineReach - U)},
-              colour);
+    const double h = p_.OrarioSustilare + p_.radians(t);
+    const double own = run_.trueShadows() && isBehindWall(p_, h) ? -side : side;
+    assign(U, over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(h));
+    assign(slope, tangentSlope(conic, U, own * p_.SegnoEmisfero));
+    frameLine({-kLineReach, slope * (-kLineReach - U)}, {kLineReach, slope * (kLineReach - U)}, ink,
+              [&](Punto at) { return suns.ofEquinoxHour(p_.radians(t), -side, at); });
   }
 }
 
@@ -201,8 +227,9 @@ void Drawing::Analemma() {
     assign(point, project(std::sin(H), std::cos(H), std::tan(sun.declination)));
     const bool drawn = point.y <= p_.LimiteOrizzonte && L > days.first() && window_.holds(point);
     if (!drawn) continue;
-    dot(sheet_, point, palette(sun.declination < 0 ? 12 : 3));
-    dot(sheet_, point, palette(6));
+    for (const int colour : {sun.declination < 0 ? 12 : 3, 6})
+      dot(sheet_, point, {.colour = palette(colour), .family = CurveFamily::Analemma},
+          {H, sun.declination});
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
+#include "dials/flat/plane_suns.hpp"
 #include "dials/flat/sky_curves.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
@@ -21,7 +22,9 @@ namespace {
 
 constexpr double kReach = 1;         // metres swept on both sides of the origin
 constexpr double kFineStep = 0.001;  // of what does not follow the definition, metres
-constexpr double kProbe = 0.1;       // where the substyle's angle is taken, metres
+constexpr double kNoon = 1e-8;       // tangent of an hour angle that is noon's
+constexpr Sun kEquinox{Sun::kOpen, 0};
+constexpr double kProbe = 0.1;  // where the substyle's angle is taken, metres
 constexpr double kLongestStyle =
     100;  // in perpendicular styles: a longer one has its centre out of reach
 
@@ -194,9 +197,12 @@ class Drawing : PanelDrawing {
   Sweep swept() {
     return run_.sweep(-kReach, kReach, p_.PassoCurva / 5, {.step = Field::txt_Definition});
   }
-  void mark(Trace& trace, const Place& at, Rgb colour);
-  template <class Height>
-  void row(Trace& trace, const Sweep& sweep, Rgb colour, Height height);
+  // A dot, with the sun that its point stands for.
+  template <class SunAt>
+  void mark(Trace& trace, const Place& at, const Ink& ink, SunAt sunAt);
+  template <class Height, class SunAt>
+  void row(Trace& trace, const Sweep& sweep, const Ink& ink, Height height, SunAt sunAt);
+  void noonRow(Trace& trace, const Ink& ink);
 
   void Ore();
   void hoursOfPolarPlane();
@@ -209,12 +215,13 @@ class Drawing : PanelDrawing {
   void styleByItsSlope(Punto tip, double angle, double elevation);
   void Equinoziale();
   void Curve();
-  void hoursFromHorizon(double first, double last, double step, Rgb colour);
+  void hoursFromHorizon(double first, double last, double step, const Ink& ink);
   void Analemma();
 
   Variable variable_;
   const Formulas& formulas_;
   Space space_;
+  PlaneSuns suns_;
   std::array<DeclinationCone, 3> cones_;
 };
 
@@ -235,6 +242,7 @@ Drawing::Drawing(Run& run, Variable variable)
       variable_(variable),
       formulas_(variable == Variable::X ? kAlongX : kAlongY),
       space_(run.params),
+      suns_(run.sheet, planeOf(run.params)),
       cones_(declinationCones(run.params, kSolsticeArcInSpace)) {}
 
 void Drawing::all() {
@@ -250,25 +258,35 @@ void Drawing::all() {
   if (!isX() && on(Field::ck_Triangolo)) Triangolo();
   if (on(Field::Ck_DayLightCurves)) Curve();
   const double step = p_.PassoCurva / 5;
-  if (on(Field::ck_Italiche))
-    hoursFromHorizon(0, 180, isX() ? step : kFineStep, palette(isX() ? 9 : 11));
-  if (on(Field::ck_babiloniche)) hoursFromHorizon(-180, 0, step, palette(10));
+  // The horizon has 24 turns by hours.
+  const double turns = run_.trueShadows() ? 345 : 180;
+  if (on(Field::ck_Italiche)) {
+    hoursFromHorizon(0, turns, isX() ? step : kFineStep,
+                     {.colour = palette(isX() ? 9 : 11), .family = CurveFamily::Italic});
+  }
+  if (on(Field::ck_babiloniche)) {
+    hoursFromHorizon(-turns, 0, step, {.colour = palette(10), .family = CurveFamily::Babylonian});
+  }
   if (on(Field::ck_Lemniscate)) Analemma();
   SistemaSustilare(p_);
   if (on(Field::CkQibla)) CurvaQibla(run_);
 }
 
-void Drawing::mark(Trace& trace, const Place& at, Rgb colour) {
+template <class SunAt>
+void Drawing::mark(Trace& trace, const Place& at, const Ink& ink, SunAt sunAt) {
   assign(trace.at.swept, at.swept);
   assign(trace.at.w, at.w);
   assign(trace.point, formulas_.toPlane(space_, trace.at));
-  dot(sheet_, trace.point, colour);
+  dot(sheet_, trace.point, ink, sunAt(trace.point));
 }
 
-template <class Height>
-void Drawing::row(Trace& trace, const Sweep& sweep, Rgb colour, Height height) {
-  for (const double s : sweep) mark(trace, {s, height(s)}, colour);
+template <class Height, class SunAt>
+void Drawing::row(Trace& trace, const Sweep& sweep, const Ink& ink, Height height, SunAt sunAt) {
+  for (const double s : sweep) mark(trace, {s, height(s)}, ink, sunAt);
 }
+
+// What noSun tells no shadow follows.
+constexpr auto noSun = [](Punto) { return Sun{}; };
 
 // The hours are counted before noon, so that 90 is six in the morning. Where a plane of hours holds
 // the swept direction (noon, along X) it has no height to give: that row stays at the height of the
@@ -281,9 +299,30 @@ void Drawing::Ore() {
   }
   Trace trace;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    const double tanH = std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
-    row(trace, swept(), palette(hourInk(t)),
-        [&](double s) { return formulas_.hour(space_, s, tanH); });
+    const double H = p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine;
+    const double tanH = std::tan(H);
+    const Ink ink{.colour = palette(hourInk(t)), .family = CurveFamily::Hours};
+    if (run_.trueShadows() && std::abs(tanH) < kNoon) {
+      noonRow(trace, ink);
+      continue;
+    }
+    row(
+        trace, swept(), ink, [&](double s) { return formulas_.hour(space_, s, tanH); },
+        [&](Punto at) { return suns_.ofHourPlane(-H, at); });
+  }
+}
+
+// The line below the tip, swept along its height; along Y a plane that leans has it swept as the
+// other lines.
+void Drawing::noonRow(Trace& trace, const Ink& ink) {
+  const bool byHeight = isX() || (run_.trueShadows() && p_.ReclinRad == 0);
+  const Formulas& formulas = byHeight ? kAlongX : formulas_;
+  for (const double s : swept()) {
+    const Place at = formulas.foot(space_, s);
+    assign(trace.at.swept, at.swept);
+    assign(trace.at.w, at.w);
+    assign(trace.point, formulas.toPlane(space_, trace.at));
+    dot(sheet_, trace.point, ink, suns_.ofHourPlane(0, trace.point));
   }
 }
 
@@ -292,9 +331,11 @@ void Drawing::Ore() {
 void Drawing::hoursOfPolarPlane() {
   double x = 0;
   for (const double t : run_.sweep(-90, 90, 7.5)) {
-    const double tanH = std::tan(p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine);
-    assign(x, space_.x0 + (space_.y0 * space_.sinF - space_.z0 * space_.cosF) * tanH);
-    sheet_.xLine(x, -sheet_.ShiftY(), x, sheet_.ShiftY(), palette(15));
+    const double H = p_.radians(t) + p_.CorrFuso * p_.UsaLongitudine;
+    assign(x, space_.x0 + (space_.y0 * space_.sinF - space_.z0 * space_.cosF) * std::tan(H));
+    litLine(sheet_, {x, sheet_.ShiftY()}, {x, -sheet_.ShiftY()},
+            {.colour = palette(15), .family = CurveFamily::Hours},
+            [&](Punto at) { return suns_.ofHourPlane(-H, at); });
   }
 }
 
@@ -308,12 +349,19 @@ void Drawing::Orizzonte() {
 // The noon line below the tip.
 void Drawing::Piede() {
   Trace trace;
-  for (const double s : swept()) mark(trace, formulas_.foot(space_, s), palette(4));
+  noonRow(trace, {.colour = palette(4), .family = CurveFamily::Hours});
 }
 
+// Along X the substyle of a plane without declination has no slope; for true shadows it is drawn
+// upright.
 void Drawing::Sustilare() {
+  if (isX() && p_.DeclRad == 0 && run_.trueShadows()) {
+    for (const double s : swept()) dot(sheet_, {0, s}, palette(9));
+    return;
+  }
   Trace trace;
-  row(trace, swept(), palette(9), [&](double s) { return formulas_.substyle(space_, s); });
+  row(
+      trace, swept(), {palette(9)}, [&](double s) { return formulas_.substyle(space_, s); }, noSun);
 }
 
 // Tangent of the substyle's angle from the upright, taken at a point of it; a fault where it can't
@@ -378,13 +426,23 @@ void Drawing::styleByItsSlope(Punto tip, double angle, double elevation) {
   }
 }
 
+// On the equator it stands over the tip's Y; along Y that is for true shadows only.
 void Drawing::Equinoziale() {
   Trace trace;
-  row(trace, swept(), palette(9), [&](double s) { return formulas_.equinoctial(space_, s); });
+  if (!isX() && p_.LatRad == 0 && run_.trueShadows()) {
+    const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
+    for (const double w : swept()) mark(trace, {space_.y0, w}, ink, [](Punto) { return kEquinox; });
+    return;
+  }
+  row(
+      trace, swept(), {.colour = palette(9), .family = CurveFamily::Equinoctial},
+      [&](double s) { return formulas_.equinoctial(space_, s); }, [](Punto) { return kEquinox; });
   if (!isX() || p_.LatRad != 0) return;
   double x = 0;
   assign(x, over(-space_.y0, space_.sinD));
-  sheet_.xLine(x, 0, x, sheet_.ShiftY(), palette(9));
+  litLine(sheet_, {x, 0}, {x, -sheet_.ShiftY()},
+          {.colour = palette(9), .family = CurveFamily::Equinoctial},
+          [](Punto) { return kEquinox; });
 }
 
 void Drawing::Curve() {
@@ -394,22 +452,25 @@ void Drawing::Curve() {
       const Quadratic q = formulas_.cone(space_, s, cone.K);
       const Roots w = quadraticRoots(q.a, q.b, q.c);
       if (!sound(w.plus) && !sound(w.minus)) continue;
-      mark(trace, {s, w.plus + q.base}, cone.colour);
-      mark(trace, {s, w.minus + q.base}, cone.colour);
+      const auto sunAt = [&](Punto at) { return suns_.ofPair(cone.declination, at); };
+      mark(trace, {s, w.plus + q.base}, cone.ink(), sunAt);
+      mark(trace, {s, w.minus + q.base}, cone.ink(), sunAt);
     }
   }
 }
 
 // Hours counted from sunset (0 to 180 degrees) and from sunrise (-180 to 0); the longitude does not
 // enter.
-void Drawing::hoursFromHorizon(double first, double last, double step, Rgb colour) {
+void Drawing::hoursFromHorizon(double first, double last, double step, const Ink& ink) {
+  const double side = ink.family == CurveFamily::Italic ? +1 : -1;
   Trace trace;
   for (const double t : run_.sweep(first, last, 15)) {
     const double H = p_.radians(t);
     const double sinH = std::sin(H), cosH = std::cos(H);
     const Sweep sweep = run_.sweep(-kReach, kReach, step, {.step = Field::txt_Definition});
-    row(trace, sweep, colour,
-        [&](double s) { return formulas_.horizonHour(space_, s, sinH, cosH); });
+    row(
+        trace, sweep, ink, [&](double s) { return formulas_.horizonHour(space_, s, sinH, cosH); },
+        [&](Punto at) { return suns_.ofHorizonHour(-H, side, at); });
   }
 }
 
@@ -430,7 +491,10 @@ void Drawing::Analemma() {
     const double ray = over(G, den);
     const double swept =
         isX() ? -ray * sinH * tanH + k.x0 : ray * (lift * k.cosF + k.sinF * sinH) + k.y0;
-    mark(trace, {swept, ray * (lift * k.sinF - k.cosF * sinH) + k.z0}, palette(isX() ? 14 : 12));
+    mark(trace, {swept, ray * (lift * k.sinF - k.cosF * sinH) + k.z0},
+         {.colour = palette(isX() ? 14 : 12), .family = CurveFamily::Analemma}, [&](Punto) {
+           return Sun{-He, sun.declination};
+         });
   }
 }
 

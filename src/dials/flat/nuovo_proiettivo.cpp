@@ -9,7 +9,9 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
+#include "dials/flat/plane_suns.hpp"
 #include "dials/flat/projective.hpp"
+#include "dials/flat/sky_curves.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
@@ -28,15 +30,17 @@ class Drawing : PanelDrawing {
   Sweep swept(double step = kSweepStep) { return run_.sweep(-LimiteSweep, LimiteSweep, step); }
   void ImpostaNuovo();
   Punto MappaNuova(double p, double q) const;
-  void mark(double p, double q, Rgb colour);
+  template <class SunAt>
+  void mark(double p, double q, const Ink& ink, SunAt sunAt);
   double hourFromSubstyle(double H) const;
-  void lineThrough(double p0, double dp, double dq, Rgb colour);
+  template <class SunAt>
+  void lineThrough(double p0, double dp, double dq, const Ink& ink, SunAt sunAt);
 
   void Ore();
   void Stile();
   void Sustilare();
   void Curve();
-  void hoursFromHorizon(double side);
+  void hoursFromHorizon(double side, CurveFamily family);
   void Analemma();
 
   StyleOfDial style_;
@@ -45,6 +49,7 @@ class Drawing : PanelDrawing {
   double sinE_, cosE_;      // of the polar style's elevation over the reference plane
   double equinoctialUnit_;  // N/cos E: tangents of hour angles come in it along the equinoctial
   double sinS_, cosS_;      // of the reference plane's substyle
+  PlaneSuns suns_;
   std::array<DeclinationCone, 3> cones_;
   Punto point_;  // the last good one
 };
@@ -56,6 +61,7 @@ Drawing::Drawing(Run& run)
       cosR_(std::cos(p_.ReclinRad)),
       tanR_(std::tan(p_.ReclinRad)),
       N_(over(p_.Stilo, cosR_)),
+      suns_(sheet_, planeOf(p_)),
       cones_(declinationCones(p_, kSolsticeArcOnPlane)) {
   ImpostaNuovo();
   sinE_ = std::sin(p_.ElevStilo);
@@ -87,9 +93,10 @@ Punto Drawing::MappaNuova(double p, double q) const {
   return {over(-N_ * P, den), over(-N_ * Q, den * cosR_) + N_ * sinR_};
 }
 
-void Drawing::mark(double p, double q, Rgb colour) {
+template <class SunAt>
+void Drawing::mark(double p, double q, const Ink& ink, SunAt sunAt) {
   assign(point_, MappaNuova(p, q));
-  dot(sheet_, point_, colour);
+  dot(sheet_, point_, ink, sunAt(point_));
 }
 
 // An hour angle (radians) from the hour at which the sun stands over the substyle. A wall that
@@ -99,27 +106,30 @@ double Drawing::hourFromSubstyle(double H) const {
 }
 
 // The line through (p0, 0) in a direction, swept along the coordinate in which it is longer.
-void Drawing::lineThrough(double p0, double dp, double dq, Rgb colour) {
+template <class SunAt>
+void Drawing::lineThrough(double p0, double dp, double dq, const Ink& ink, SunAt sunAt) {
   if (std::abs(dp) <= std::abs(dq)) {
     const double k = over(dp, dq);
-    for (const double q : swept()) mark(p0 + k * q, q, colour);
+    for (const double q : swept()) mark(p0 + k * q, q, ink, sunAt);
   } else {
     const double k = over(dq, dp);
-    for (const double p : swept()) mark(p, k * (p - p0), colour);
+    for (const double p : swept()) mark(p, k * (p - p0), ink, sunAt);
   }
 }
 
 void Drawing::all() {
   if (on(Field::ck_Equinoziale)) {
-    for (const double p : swept(kFineSweepStep)) mark(p, 0, palette(9));
+    const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
+    for (const double p : swept(kFineSweepStep))
+      mark(p, 0, ink, [](Punto) { return Sun{Sun::kOpen, 0}; });
   }
   if (on(Field::chkOreAstronomiche)) Ore();
   Stile();
   if (on(Field::ck_Sustilare)) Sustilare();
   if (on(Field::ck_Triangolo)) style_.triangleInCorner();
   if (on(Field::Ck_DayLightCurves)) Curve();
-  if (on(Field::ck_Italiche)) hoursFromHorizon(-1);
-  if (on(Field::ck_babiloniche)) hoursFromHorizon(+1);
+  if (on(Field::ck_Italiche)) hoursFromHorizon(-1, CurveFamily::Italic);
+  if (on(Field::ck_babiloniche)) hoursFromHorizon(+1, CurveFamily::Babylonian);
   if (on(Field::ck_Orizzonte)) horizonAcross(run_);
   if (on(Field::ck_Lemniscate)) Analemma();
   SistemaSustilare(p_);
@@ -131,8 +141,11 @@ void Drawing::Ore() {
   readUsaLongitudine(run_);
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
     const double shift = p_.degrees(p_.CorrFuso) * p_.UsaLongitudine;
-    const double tangent = std::tan(hourFromSubstyle(p_.radians(t - shift)));
-    lineThrough(equinoctialUnit_ * tangent, -sinE_ * tangent, 1, palette(hourInk(t)));
+    const double H = p_.radians(t - shift);
+    const double tangent = std::tan(hourFromSubstyle(H));
+    lineThrough(equinoctialUnit_ * tangent, -sinE_ * tangent, 1,
+                {.colour = palette(hourInk(t)), .family = CurveFamily::Hours},
+                [&](Punto at) { return suns_.ofHourPlane(H, at); });
   }
 }
 
@@ -155,8 +168,9 @@ void Drawing::Curve() {
       const ConicSet& conic = p_.conics[i];
       const double R = radicand(conic, p);
       if (!(R >= 0)) continue;
-      mark(p, -conic.A1 / 2 + std::sqrt(R), cones_[i].colour);
-      mark(p, -conic.A1 / 2 - std::sqrt(R), cones_[i].colour);
+      const auto sunAt = [&](Punto at) { return suns_.ofPair(cones_[i].declination, at); };
+      mark(p, -conic.A1 / 2 + std::sqrt(R), cones_[i].ink(), sunAt);
+      mark(p, -conic.A1 / 2 - std::sqrt(R), cones_[i].ink(), sunAt);
     }
   }
 }
@@ -164,14 +178,15 @@ void Drawing::Curve() {
 // Italic (side -1) and babylonian (side +1) hours: the tangents to the conic of the circumpolar sky
 // from the hours of the equinoctial. An hour behind the reference plane has its point on the
 // opposite side of the sky, where the two tangents change places.
-void Drawing::hoursFromHorizon(double side) {
+void Drawing::hoursFromHorizon(double side, CurveFamily family) {
   const ConicSet& horizon = p_.conic(Declination::Latitude);
   double slope = 0;
   for (const double t : run_.sweep(-90, 90, 15)) {
     const double h = hourFromSubstyle(p_.radians(t));
     const double U = equinoctialUnit_ * std::tan(h);
     assign(slope, tangentSlope(horizon, U, std::cos(h) < 0 ? -side : side));
-    lineThrough(U, 1, slope, palette(14));
+    lineThrough(U, 1, slope, {.colour = palette(14), .family = family},
+                [&](Punto at) { return suns_.ofEquinoxHour(p_.radians(t), -side, at); });
   }
 }
 
@@ -185,12 +200,16 @@ void Drawing::Analemma() {
   const Sweep days = run_.sweep(-80, 360, 360 / kDaysOfYear);
   for (const double L : days) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
-    const double h = hourFromSubstyle(-p_.CorrFuso + sun.equationOfTime);
+    const double H = -p_.CorrFuso + sun.equationOfTime;
+    const double h = hourFromSubstyle(H);
     const double tangent = std::tan(sun.declination);
     const double D = std::cos(h) * cosE_ - tangent * sinE_;
     assign(point_, MappaNuova(over(N_ * std::sin(h), D), over(-equinoctialUnit_ * tangent, D)));
-    const bool drawn = point_.y <= p_.LimiteOrizzonte && L > days.first() && window_.holds(point_);
-    if (drawn) dot(sheet_, point_, palette(14));
+    const bool drawn = point_.y <= horizonLimit(run_, p_.LimiteOrizzonte) && L > days.first() &&
+                       window_.holds(point_);
+    if (drawn)
+      dot(sheet_, point_, {.colour = palette(14), .family = CurveFamily::Analemma},
+          {H, sun.declination});
   }
 }
 

@@ -10,7 +10,9 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
+#include "dials/flat/plane_suns.hpp"
 #include "dials/flat/projective.hpp"
+#include "dials/flat/sky_curves.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/sun.hpp"
 
@@ -32,21 +34,25 @@ class Drawing : PanelDrawing {
   double styleOnReference();
   ConicSet conicOf(double K) const;
   Punto MappaProiettiva(double p, double q) const;
-  void mark(double p, double q, Rgb colour);
+  template <class SunAt>
+  void mark(double p, double q, const Ink& ink, SunAt sunAt);
 
   void CentroProiettivo();
   void Equinoziale();
   void Ore();
+  template <class SunAt>
+  void wholeLine(Punto through, double dp, double dq, const Ink& ink, SunAt sunAt);
   void LineaPolare();
   void Sustilare();
   void Curve();
-  void hoursFromHorizon(double side);
+  void hoursFromHorizon(double side, CurveFamily family);
 
   StyleOfDial style_;
   double sinF_, cosF_, tanF_;         // of the latitude
   double cosD_, tanD_, cosR_, tanR_;  // of the plane
   double St_;                         // the style on the reference plane
   double equator_;                    // ordinate of the equinoctial there
+  PlaneSuns suns_;
   std::array<DeclinationCone, 3> cones_;
   Punto point_;  // the last good one
 };
@@ -63,6 +69,7 @@ Drawing::Drawing(Run& run)
       tanR_(std::tan(p_.ReclinRad)),
       St_(styleOnReference()),
       equator_(over(-St_, sinF_)),
+      suns_(sheet_, planeOf(p_)),
       cones_(declinationCones(p_, kSolsticeArcOnPlane)) {
   p_.ElevStilo = style_.polar().elevation;
   p_.Sustilare = style_.polar().substyle;
@@ -106,9 +113,10 @@ Punto Drawing::MappaProiettiva(double p, double q) const {
   return {u - p_.PuntoRiferimentoX, over(Z, cosR_) - p_.PuntoRiferimentoY};
 }
 
-void Drawing::mark(double p, double q, Rgb colour) {
+template <class SunAt>
+void Drawing::mark(double p, double q, const Ink& ink, SunAt sunAt) {
   assign(point_, MappaProiettiva(p, q));
-  dot(sheet_, point_, colour);
+  dot(sheet_, point_, ink, sunAt(point_));
 }
 
 void Drawing::all() {
@@ -119,8 +127,8 @@ void Drawing::all() {
   if (on(Field::ck_Sustilare)) Sustilare();
   if (on(Field::ck_Triangolo)) style_.triangleInCorner();
   if (on(Field::Ck_DayLightCurves)) Curve();
-  if (on(Field::ck_Italiche)) hoursFromHorizon(+1);
-  if (on(Field::ck_babiloniche)) hoursFromHorizon(-1);
+  if (on(Field::ck_Italiche)) hoursFromHorizon(+1, CurveFamily::Italic);
+  if (on(Field::ck_babiloniche)) hoursFromHorizon(-1, CurveFamily::Babylonian);
   if (on(Field::ck_Orizzonte)) horizonAcross(run_);
   SistemaSustilare(p_);
 }
@@ -137,8 +145,9 @@ void Drawing::CentroProiettivo() {
 }
 
 void Drawing::Equinoziale() {
+  const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
   for (const double p : run_.sweep(-LimiteSweep, LimiteSweep, kFineSweepStep))
-    mark(p, equator_, palette(9));
+    mark(p, equator_, ink, [](Punto) { return Sun{Sun::kOpen, 0}; });
 }
 
 // The hours are counted before noon, and no longitude enters. Noon itself is upright on the
@@ -147,11 +156,32 @@ void Drawing::Equinoziale() {
 void Drawing::Ore() {
   double q = 0;
   for (const double t : run_.sweep(-90, 90, p_.PassoOre, {.step = Field::TxtHour})) {
-    const double slope = over(-1, std::tan(p_.radians(t)) * cosF_);
+    const Ink ink{.colour = palette(hourInk(t)), .family = CurveFamily::Hours};
+    const double H = p_.radians(t);
+    if (run_.trueShadows()) {
+      wholeLine({0, 0}, std::sin(H) * cosF_, std::cos(H), ink,
+                [&](Punto at) { return suns_.ofHourPlane(H, at); });
+      continue;
+    }
+    const double slope = over(-1, std::tan(H) * cosF_);
     for (const double p : swept()) {
       assign(q, slope * p);
-      mark(p, q, palette(hourInk(t)));
+      mark(p, q, ink, [&](Punto at) { return suns_.ofHourPlane(-H, at); });
     }
+  }
+}
+
+// A line of the reference plane for true shadows: a steep one is swept along q too, so that noon is
+// there and the dots stand close, and along p beyond that.
+template <class SunAt>
+void Drawing::wholeLine(Punto through, double dp, double dq, const Ink& ink, SunAt sunAt) {
+  const bool steep = std::abs(dq) > std::abs(dp);
+  if (steep) {
+    for (const double q : swept()) mark(through.x + over(dp, dq) * (q - through.y), q, ink, sunAt);
+  }
+  for (const double p : swept()) {
+    const double q = through.y + over(dq, dp) * (p - through.x);
+    if (!steep || std::abs(q) > LimiteSweep) mark(p, q, ink, sunAt);
   }
 }
 
@@ -163,11 +193,19 @@ void Drawing::LineaPolare() {
   if (!(g != 0)) return;
   const double slope = -std::tan(p_.PiGreco / 2 + g);
   for (const double x : run_.sweep(-kPlaneLineReach, kPlaneLineReach, kPolarLineStep)) {
-    dot(sheet_, {-(p_.PuntoRiferimentoX + x), slope * x - p_.PuntoRiferimentoY}, palette(4));
+    const Punto at{-(p_.PuntoRiferimentoX + x), slope * x - p_.PuntoRiferimentoY};
+    dot(sheet_, at, {.colour = palette(4), .family = CurveFamily::Hours}, suns_.ofHourPlane(0, at));
   }
 }
 
 void Drawing::Sustilare() {
+  if (run_.trueShadows()) {
+    // An arcsine mirrors it where the axis points down on the plane.
+    const Punto pole = poleAlong(StylePlane(p_));
+    for (const double k : run_.sweep(-kPlaneLineReach, kPlaneLineReach, kSweepStep))
+      dot(sheet_, {k * pole.x, k * pole.y}, palette(9));
+    return;
+  }
   const double a = p_.ArcSin(over(std::sin(p_.DeclRad) * cosF_, std::cos(p_.ElevStilo)));
   if (!(a != 0)) return;
   const double slope = over(-1, std::tan(a));
@@ -184,21 +222,29 @@ void Drawing::Curve() {
       const double R = radicand(conics[i], p);
       if (!(R >= 0)) continue;
       const double middle = equator_ - conics[i].A1 / 2;
-      mark(p, middle - std::sqrt(R), cones_[i].colour);
-      mark(p, middle + std::sqrt(R), cones_[i].colour);
+      const auto sunAt = [&](Punto at) { return suns_.ofPair(cones_[i].declination, at); };
+      mark(p, middle - std::sqrt(R), cones_[i].ink(), sunAt);
+      mark(p, middle + std::sqrt(R), cones_[i].ink(), sunAt);
     }
   }
 }
 
 // Italic (side +1) and babylonian (side -1) hours: the tangents to the conic of the circumpolar
 // sky, whose cone is as wide as the latitude, from the hours of the equinoctial.
-void Drawing::hoursFromHorizon(double side) {
+void Drawing::hoursFromHorizon(double side, CurveFamily family) {
   const ConicSet horizon = conicOf(tanF_ * tanF_);
+  const Ink ink{.colour = palette(14), .family = family};
   double slope = 0;
   for (const double t : run_.sweep(-90, 90, 15)) {
     const double w = over(St_, tanF_) * std::tan(p_.radians(t));
     assign(slope, tangentSlope(horizon, w, side));
-    for (const double p : swept()) mark(p, slope * (p - w) + equator_, palette(14));
+    // Here p grows to the West, as the hours before noon.
+    const auto sunAt = [&](Punto at) { return suns_.ofEquinoxHour(-p_.radians(t), side, at); };
+    if (run_.trueShadows()) {
+      wholeLine({w, equator_}, 1, slope, ink, sunAt);
+    } else {
+      for (const double p : swept()) mark(p, slope * (p - w) + equator_, ink, sunAt);
+    }
   }
 }
 

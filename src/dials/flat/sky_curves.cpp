@@ -5,6 +5,7 @@
 
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
+#include "dials/trig.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
 
@@ -20,15 +21,21 @@ bool isUpright(const Run& run) { return run.panel[Item::mnuVertSph].checked; }
 
 bool isLevel(const Run& run) { return !isUpright(run) && std::abs(run.params.ReclinGradi) == 90; }
 
-// Only the universal dial takes its reclination to these curves.
+// Only the universal dial takes its reclination to these curves; with true shadows every dial that
+// has one.
 void readReclination(Run& run) {
   DialParams& p = run.params;
-  p.ReclinRad = run.panel[Item::mnuUni].checked ? p.radians(p.ReclinGradi) : 0;
+  const bool takes = run.trueShadows() ? !isUpright(run) : run.panel[Item::mnuUni].checked;
+  p.ReclinRad = takes ? p.radians(p.ReclinGradi) : 0;
 }
 
-double horizonOf(const DialParams& p) { return p.Stilo * std::tan(p.ReclinRad); }
+double horizonOf(const Run& run) {
+  return horizonLimit(run, run.params.Stilo * std::tan(run.params.ReclinRad));
+}
 
 }  // namespace
+
+double horizonLimit(const Run& run, double height) { return run.trueShadows() ? HUGE_VAL : height; }
 
 Piano planeOf(const DialParams& p) {
   return {p.Stilo, p.LatRad, p.DeclRad, p.PiGreco / 2 - p.ReclinRad};
@@ -44,17 +51,26 @@ void CurvaAsr(Run& run) {
   const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
   const double s = signOrOne(p.LatRad);
   const bool level = isLevel(run);
-  double altitude = 0, H = 0;
+  // The hour angle of the prayer on a day whose noon sun stands so far from the zenith; a fault
+  // where the sun does not get there.
+  const auto prayer = [&](double fromZenith, double d) {
+    const double altitude = arctan(over(1, 1 + std::tan(fromZenith)));
+    return p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s;
+  };
+  double H = 0;
   Punto point;
   for (const double degrees : run.sweep(-kSolstice, kSolstice, 0.05)) {
     const double d = p.radians(degrees);
-    assign(altitude, arctan(over(1, 1 + std::tan((p.LatRad - d) * s))));
-    assign(H, p.ArcCos(over(std::sin(altitude) - sinLat * std::sin(d), cosLat * std::cos(d))) * s);
+    const double fromZenith = (p.LatRad - d) * s;
+    // North of the zenith the noon shadow's length comes out negative.
+    const double own = prayer(std::abs(fromZenith), d);
+    assign(H, run.trueShadows() || fromZenith >= 0 ? own : prayer(fromZenith, d));
     assign(point, project(std::sin(H), std::cos(H), std::tan(d)));
+    const Sun sun{sound(own) ? own : p.PiGreco, d};
     // A level plane, whose horizon is infinitely far, has its points in any case.
-    const auto mark = [&] { dot(run.sheet, {s * point.x, s * point.y}, kAsrInk, {H, d}); };
-    if (s * point.y <= s * p.LimiteOrizzonte) mark();
-    if (level) mark();
+    const auto mark = [&] { dot(run.sheet, {s * point.x, s * point.y}, kAsrInk, sun); };
+    if (s * point.y <= s * horizonLimit(run, p.LimiteOrizzonte)) mark();
+    if (level && !run.trueShadows()) mark();
   }
 }
 
@@ -72,15 +88,18 @@ class Qibla {
         window_(run),
         project_(planeOf(p_)),
         s_(signOrOne(p_.LatRad)),
-        horizon_(horizonOf(p_)),
+        horizon_(horizonOf(run)),
         level_(isLevel(run)) {
     const double away = p_.radians(run.number(Field::txtQlon) - run.number(Field::txtLON));
     const double target = p_.radians(run.number(Field::txtQlat));
     const double sinLat = std::sin(p_.LatRad), cosLat = std::cos(p_.LatRad);
+    const double southward = sinLat * std::cos(away) - cosLat * std::tan(target);
     double tangent = 0;
-    assign(tangent, over(std::sin(away), sinLat * std::cos(away) - cosLat * std::tan(target)));
-    azimuth_ = p_.degrees(arctan(tangent));
+    assign(tangent, over(std::sin(away), southward));
     b_ = arctan(sinLat * tangent);
+    // The whole circle tells a place in the North from the direction opposite to it.
+    towards_ = Trig(std::atan2(std::sin(away), southward));
+    azimuth_ = p_.degrees(run.trueShadows() ? towards_.angle : arctan(tangent));
     sinB_ = std::sin(b_);
     tanLat_ = std::tan(p_.LatRad);
   }
@@ -117,8 +136,24 @@ class Qibla {
     const double tangent = std::tan(p_.radians(degrees));
     const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
     if (!(std::abs(g) <= 1)) return;
-    const double H = s_ * (b_ - p_.ArcSin(g));
-    const Sun sun{H, p_.radians(degrees)};
+    // A day's sun meets the vertical plane of the direction twice.
+    const double H = s_ * (b_ - p_.ArcSin(g)), other = s_ * (b_ + p_.PiGreco + p_.ArcSin(g));
+    if (!run_.trueShadows()) {
+      mark(H, {isOver(H, tangent) ? H : other, p_.radians(degrees)}, tangent);
+      return;
+    }
+    for (const double each : {H, other}) {
+      if (isOver(each, tangent)) mark(each, {each, p_.radians(degrees)}, tangent);
+    }
+  }
+
+  // True when the sun stands over the place and not opposite to it.
+  bool isOver(double H, double tangent) const {
+    const double southward = std::sin(p_.LatRad) * std::cos(H) - std::cos(p_.LatRad) * tangent;
+    return std::sin(H) * towards_.sine + southward * towards_.cosine > 0;
+  }
+
+  void mark(double H, const Sun& sun, double tangent) {
     assign(point_, project_(std::sin(H), std::cos(H), tangent));
     if (!window_.holds(point_)) return;
     const bool sunUp = s_ * point_.y <= s_ * horizon_;
@@ -141,6 +176,7 @@ class Qibla {
   bool level_;
   double azimuth_ = 0;  // of the Qibla, degrees from the South, West positive
   double b_ = 0, sinB_ = 0, tanLat_ = 0;
+  Trig towards_;  // the direction of the place in the whole circle
   Punto point_;
 };
 
@@ -160,10 +196,12 @@ void LineeAzimut(Run& run) {
   assign(p.DeclGradi, run.number(Field::txtDecl));
   wrapDeclination(p);
   readReclination(run);
-  if (p.LatRad == 0 || !run.on(Field::ckAz)) return;
+  // Those of the northern half, and those of the equator, are for true shadows alone.
+  const bool all = run.trueShadows();
+  if ((p.LatRad == 0 && !all) || !run.on(Field::ckAz)) return;
   const Window window(run);
   const Projection project(planeOf(p));
-  const double horizon = horizonOf(p);
+  const double horizon = horizonOf(run);
   const double sinLat = std::sin(p.LatRad), tanLat = std::tan(p.LatRad);
   Pen pen(run.sheet);
   pen.dip(
@@ -171,15 +209,18 @@ void LineeAzimut(Run& run) {
   SolarDays days(p, p.LatRad);
   double H = 0;
   Punto point;
-  for (const double azimuth : run.sweep(-90, 90, 15)) {
-    const double b = arctan(sinLat * std::tan(p.radians(azimuth)));
-    const double slope = over(std::sin(b), tanLat);
+  for (const double azimuth : all ? run.sweep(-165, 180, 15) : run.sweep(-90, 90, 15)) {
+    const double A = p.radians(azimuth), tanA = std::tan(A);
+    const double b = all ? std::atan2(sinLat * std::sin(A), std::cos(A)) : arctan(sinLat * tanA);
+    const double slope =
+        p.LatRad == 0 ? std::copysign(tanA, std::sin(A)) : over(std::sin(b), tanLat);
     for (const SolarDay& day : days.of(run.sweep(-kSolstice, kSolstice, 0.05))) {
-      assign(H, b - p.ArcSin(day.tangent * slope));
+      // A day whose sun does not come there has the hour of the day before; midnight stands for it.
+      const bool comes = assign(H, b - p.ArcSin(day.tangent * slope));
       assign(point, project(std::sin(H), std::cos(H), day.tangent));
       pen.visit(point,
                 drawIf(point.y <= horizon && window.holds(point) && day.degrees > -kSolstice),
-                {H, day.radians});
+                {comes ? H : p.PiGreco, day.radians});
     }
   }
 }
@@ -196,7 +237,7 @@ void CurveAlmucantarat(Run& run) {
   if (p.LatRad < 0) return;
   const Window window(run);
   const Projection project(planeOf(p));
-  const double horizon = horizonOf(p);
+  const double horizon = horizonOf(run);
   const double sinLat = std::sin(p.LatRad), cosLat = std::cos(p.LatRad);
   const double highest = 90 - run.number(Field::txtLAT) + kSolstice;
   const double step = 0.005 * run.number(Field::txt_Definition);

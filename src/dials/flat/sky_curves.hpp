@@ -20,6 +20,10 @@ inline Verdict TracciaCurva(const Window& window, double horizon, Punto p, bool 
   return drawIf(pastStart && window.holds(p));
 }
 
+// The height over which the drawing has no shadow. A judge of true shadows knows it better: with
+// one nothing is cut off.
+double horizonLimit(const Run& run, double height);
+
 // The plane of the record: Stilo, LatRad, DeclRad, and ZenitPiano from ReclinRad.
 Piano planeOf(const DialParams& params);
 

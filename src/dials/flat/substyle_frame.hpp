@@ -42,6 +42,13 @@ struct HourLine {
   double slope_, rise_;
 };
 
+// True for an hour (radians) whose sun stands behind the record's wall on the days of equal day and
+// night, given from the substyle's hour as the arctangent has it: of a wall that faces away from
+// the noon sun that is the hour of its back.
+inline bool isBehindWall(const DialParams& p, double fromSubstyle) {
+  return (std::cos(fromSubstyle) < 0) != (p.ElevStilo < 0);
+}
+
 // A line of italic (side -1) or babylonian (side +1) hours: the tangent to the latitude's conic
 // from the hour B of the equinoctial, radians from the substyle's hour, which is that of the
 // plane's back where the elevation is negative. Unlike the slope of a tangent it passes B = a

@@ -74,7 +74,8 @@ class Drawing : PanelDrawing {
   }
 
   void trace(Pen& pen, Punto point, bool pastStart, const Sun& sun) const {
-    pen.visit(point, TracciaCurva(window_, p_.LimiteOrizzonte, point, pastStart), sun);
+    pen.visit(point,
+              TracciaCurva(window_, horizonLimit(run_, p_.LimiteOrizzonte), point, pastStart), sun);
   }
 
   void ImpostaUniversale();
@@ -89,6 +90,7 @@ class Drawing : PanelDrawing {
   void LineaSustilare();
   void TriangoloStilo();
   void styleLine(const PolarStyle& style, Punto tip);
+  void styleInWindow(const PolarStyle& style, Punto tip);
   void LineaOrizzonte();
 };
 
@@ -163,7 +165,9 @@ void Drawing::NumeriUniversale() {
   Punto point;
   for (const double t : run_.sweep(-90, 90, 15)) {
     assign(point, ProiezioneSferica(plane, hourAngle(t), declination));
-    if (!window_.holds(point) || !(point.y <= p_.LimiteOrizzonte)) continue;
+    if (!window_.holds(point) || !(point.y <= horizonLimit(run_, p_.LimiteOrizzonte)) ||
+        !isShown(sheet_, point, CurveFamily::Hours, {hourAngle(t), declination}))
+      continue;
     const int fromMidnight = 12 + static_cast<int>(t) / 15;
     const int hour = fromMidnight > 12 ? fromMidnight - 12 : fromMidnight;
     if (on(Field::ckRomani)) {
@@ -242,7 +246,7 @@ void Drawing::LineaDeclinazione() {
     const double H = p_.radians(t);
     assign(point, project(std::sin(H), std::cos(H), tangent));
     const double above = equinoctial.above(point);
-    const bool ownSide = declination >= 0 ? above < 0 : above > 0;
+    const bool ownSide = run_.trueShadows() || (declination >= 0 ? above < 0 : above > 0);
     trace(pen, point, ownSide && t > hours.first(), {H, day});
   }
 }
@@ -277,6 +281,11 @@ void Drawing::analemma(bool southern) {
 // --- The style
 
 void Drawing::LineaSustilare() {
+  if (run_.trueShadows()) {
+    const auto chord = clippedLine({0, 0}, poleAlong(StylePlane(p_)), window_);
+    if (chord) line(sheet_, chord->a, chord->b, palette(15));
+    return;
+  }
   if (p_.DeclRad == 0) return;
   const double slope = EquinoctialLine(p_, StylePlane(p_)).slope;
   Pen pen(sheet_);
@@ -296,14 +305,30 @@ void Drawing::TriangoloStilo() {
   const Punto tip{reach * std::cos(style.substyle), reach * std::sin(style.substyle)};
   circle(sheet_, tip, kTipMark, palette(12));
   line(sheet_, tip, {0, 0}, {palette(10), sheet_.layer("ortostilo")});
-  const Chord substyle = clippedSubstyle(style.substyle, window_);
-  line(sheet_, substyle.b, substyle.a, {palette(12), sheet_.layer("sottostilo")});
-  styleLine(style, tip);
+  if (run_.trueShadows()) {
+    styleInWindow(style, tip);
+  } else {
+    const Chord substyle = clippedSubstyle(style.substyle, window_);
+    line(sheet_, substyle.b, substyle.a, {palette(12), sheet_.layer("sottostilo")});
+    styleLine(style, tip);
+  }
   const Punto centre = style.centre;
   if (window_.holdsX(centre.x)) {
     line(sheet_, {centre.x, window_.y1}, {centre.x, window_.y2},
          {palette(8), sheet_.layer("maxpendenza")});
   }
+}
+
+// The substyle and the style by the plane's vectors, cut to the window: each in one piece, also
+// where they stand upright.
+void Drawing::styleInWindow(const PolarStyle& style, Punto tip) {
+  const Punto pole = poleAlong(StylePlane(p_));
+  if (const auto substyle = clippedLine({0, 0}, pole, window_))
+    line(sheet_, substyle->b, substyle->a, {palette(12), sheet_.layer("sottostilo")});
+  const Punto way{style.centre.x - tip.x, style.centre.y - tip.y};
+  const auto laid =
+      style.hasCentre() ? clippedLine(tip, way, window_, 0, 1) : clippedLine(tip, pole, window_);
+  if (laid) line(sheet_, laid->b, laid->a, {palette(15), sheet_.layer("assostilo")});
 }
 
 // The style itself, laid into the plane along the substyle: from its tip to the centre, or to the

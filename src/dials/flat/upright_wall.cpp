@@ -19,14 +19,23 @@ double hourAngleOf(HourSystem system, double n, double arc, double PiGreco) {
   return kFault;
 }
 
+CurveFamily familyOf(HourSystem system) {
+  switch (system) {
+    case HourSystem::Italic: return CurveFamily::Italic;
+    case HourSystem::Babylonian: return CurveFamily::Babylonian;
+    case HourSystem::Temporary: return CurveFamily::Temporary;
+  }
+  return CurveFamily::None;
+}
+
 }  // namespace
 
 bool castHour(UprightShadow& shadow, const Angles& angles, HourSystem system, double n,
-              const SolarDay& day) {
+              const SolarDay& day, double& H) {
   if (!sound(day.arc)) return false;
-  const double H = hourAngleOf(system, n, day.arc, angles.PiGreco);
+  H = hourAngleOf(system, n, day.arc, angles.PiGreco);
   shadow.aim(std::sin(H), std::cos(H), day);
-  if (Sgn(H) != Sgn(shadow.azimuth)) shadow.turnToWall();
+  if (shadow.acrossNoon(H)) shadow.turnToWall();
   if (!shadow.beforeWall()) return false;
   shadow.cast();
   return true;
@@ -36,17 +45,19 @@ void drawSunHours(Run& run, const Sweep& hours, HourSystem system, Rgb colour) {
   DialParams& p = run.params;
   const Window window(run);
   Pen pen(run.sheet, kSkyGap);
-  pen.dip({colour});
+  pen.dip({.colour = colour, .family = familyOf(system)});
   SolarDays days(p, p.LatRad);
-  UprightShadow shadow(p);
+  UprightShadow shadow(run);
+  double H = 0;
   for (const double n : hours) {
     const Sweep declinations =
         run.sweep(-kSolstice, kSolstice, p.PassoCurva * 10, {.step = Field::txt_Definition});
     for (const SolarDay& day : days.of(declinations)) {
       p.DeclSole = day.degrees;
-      if (!castHour(shadow, p, system, n, day)) continue;
+      if (!castHour(shadow, p, system, n, day, H)) continue;
       pen.visit(shadow.point,
-                TracciaCurva(window, 0, shadow.point, day.degrees > declinations.first()));
+                TracciaCurva(window, 0, shadow.point, day.degrees > declinations.first()),
+                {H, day.radians});
     }
   }
 }
@@ -88,7 +99,7 @@ void constructConic(Run& run, const ConicSet& conic, const SubstyleTurn& turn, d
   const double reach = p.SegnoDecl * p.Stilo * side;
   const Punto tip{reach * turn.cosine, reach * turn.sine};
   const Punto centre = uprightCentre(p);
-  line(sheet, tip, centre, palette(9));
+  if (!sideWall || !run.trueShadows()) line(sheet, tip, centre, palette(9));
   if (!sideWall) line(sheet, tip, {centre.x, p.PuntoRiferimentoY}, palette(2));
   dot(sheet, {p.PuntoRiferimentoX, p.PuntoRiferimentoY * side}, palette(15));
 

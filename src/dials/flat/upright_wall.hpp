@@ -15,9 +15,12 @@ namespace dialwright {
 // the normal. Each figure that a sample can't give keeps that of the sample before.
 class UprightShadow {
  public:
-  // For the record's Stilo, LatRad and DeclRad.
-  explicit UprightShadow(const DialParams& p)
+  // For the record's Stilo, LatRad and DeclRad. Where true shadows are asked for the azimuth comes
+  // from the whole circle, and no turn is needed.
+  explicit UprightShadow(const Run& run) : UprightShadow(run.params, run.trueShadows()) {}
+  explicit UprightShadow(const DialParams& p, bool wholeCircle = false)
       : angles_(p),
+        wholeCircle_(wholeCircle),
         style_(p.Stilo),
         declination_(p.DeclRad),
         sinLat_(std::sin(p.LatRad)),
@@ -30,7 +33,8 @@ class UprightShadow {
   // The sun of an hour angle: its altitude, and its azimuth by the tangent, which leaves half a
   // turn open and is always South at noon.
   void aim(double sinH, double cosH, const SolarDay& day) {
-    assign(azimuth, arctan(over(sinH, southward(cosH, day))));
+    assign(azimuth, wholeCircle_ ? std::atan2(sinH, southward(cosH, day))
+                                 : arctan(over(sinH, southward(cosH, day))));
     assign(tanAltitude, angles_.TanArcSin(sinLat_ * day.sine + cosLat_ * day.cosine * cosH));
   }
 
@@ -40,14 +44,21 @@ class UprightShadow {
   }
 
   // True when the azimuth lies on the other side of the meridian than the hour.
-  bool acrossMeridian(double sinH) const { return Sgn(sinH) != Sgn(std::sin(azimuth)); }
+  bool acrossMeridian(double sinH) const {
+    return !wholeCircle_ && Sgn(sinH) != Sgn(std::sin(azimuth));
+  }
+  // The same by the hour angle itself.
+  bool acrossNoon(double H) const { return !wholeCircle_ && Sgn(H) != Sgn(azimuth); }
   // Turns the azimuth by so many half turns.
   void turn(double halves) { azimuth += halves * angles_.PiGreco; }
   // Turns it by the half turn that brings it nearer to the wall's normal.
   void turnToWall() { azimuth -= Sgn(azimuth - declination_) * angles_.PiGreco; }
 
   // True when the sun is before the wall's face, be it up or not.
-  bool beforeWall() const { return std::abs(azimuth - declination_) < angles_.PiGreco / 2; }
+  bool beforeWall() const {
+    const double aside = azimuth - declination_;
+    return wholeCircle_ ? std::cos(aside) > 0 : std::abs(aside) < angles_.PiGreco / 2;
+  }
 
   // The point of the azimuth and altitude. A sun behind the wall gives the point of its opposite.
   void cast() {
@@ -57,6 +68,7 @@ class UprightShadow {
 
  private:
   const Angles& angles_;
+  bool wholeCircle_;
   double style_, declination_, sinLat_, cosLat_;
 };
 
@@ -66,8 +78,9 @@ enum class HourSystem { Italic, Babylonian, Temporary };
 
 // The shadow of the hour n of a system on a day; false where the sun does not rise and set or
 // stands behind the wall. Below the horizon the point lies above the foot.
+// Sets the hour angle, radians.
 bool castHour(UprightShadow& shadow, const Angles& angles, HourSystem system, double n,
-              const SolarDay& day);
+              const SolarDay& day, double& H);
 
 // The lines of a system's hours from solstice to solstice, in steps of ten times PassoCurva.
 void drawSunHours(Run& run, const Sweep& hours, HourSystem system, Rgb colour);

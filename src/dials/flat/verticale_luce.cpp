@@ -11,6 +11,9 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/gnomonic_scheme.hpp"
+#include "dials/flat/plane_suns.hpp"
+#include "dials/flat/sky_curves.hpp"
+#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
 #include "dials/site.hpp"
@@ -29,9 +32,13 @@ constexpr double kHourLineBottom = -0.8;  // ordinate
 constexpr double kSideWall = 80;  // degrees of declination from which the centre is of no use
 constexpr double kAnalemmaPi = 3.1415926536;
 
-struct InkedPoint {
+constexpr Sun kEquinox{Sun::kOpen, 0};
+
+// A mean noon on the dial.
+struct MeanNoon {
   Punto at;
   Rgb colour = 0;
+  Sun sun;
 };
 
 class Drawing : PanelDrawing {
@@ -43,19 +50,22 @@ class Drawing : PanelDrawing {
  private:
   void PreparaVerticale();
   void locateCentre();
+  PlaneSuns suns() const { return {sheet_, planeOf(p_)}; }
+  void hourStroke(Punto from, Punto to, double H, Rgb colour);
 
   void StiloConico();
   void conicHours(double side, const Ink& ink);
 
   void OreAstronomiche();
+  double hourAngle(double H) const { return p_.radians(H) - p_.CorrFuso * p_.UsaLongitudine; }
   Punto hourPoint(double H, double f);
   void LineeOrarie();
   void CurveDeclinazione();
   void curvesAtEquator();
   void Analemma();
-  std::vector<InkedPoint> yearOfNoons();
-  bool noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic, double& v);
-  void noonAtEquator(const SunOfDay& sun, InkedPoint& noon);
+  std::vector<MeanNoon> yearOfNoons();
+  bool noonOfConics(const SunOfDay& sun, double g, MeanNoon& noon, ConicSet& conic, double& v);
+  void noonAtEquator(const SunOfDay& sun, MeanNoon& noon);
   void LineaEquinoziale();
   void LineaSustilare();
   void LineaMeridiana();
@@ -128,8 +138,15 @@ void Drawing::StiloConico() {
   }
   writeEccentricity(run_);
   if (p_.LatGradi == 0 || p_.LatGradi == 90) return;
-  if (on(Field::ck_Italiche)) conicHours(-1, {kItalicPink, sheet_.layer("ita")});
-  if (on(Field::ck_babiloniche)) conicHours(+1, {palette(13), sheet_.layer("bab")});
+  if (on(Field::ck_Italiche)) {
+    conicHours(
+        -1, {.colour = kItalicPink, .layer = sheet_.layer("ita"), .family = CurveFamily::Italic});
+  }
+  if (on(Field::ck_babiloniche)) {
+    conicHours(
+        +1,
+        {.colour = palette(13), .layer = sheet_.layer("bab"), .family = CurveFamily::Babylonian});
+  }
 }
 
 // Italic (side -1) and babylonian (side +1) hours as tangents to the style's conic from the hours
@@ -137,18 +154,22 @@ void Drawing::StiloConico() {
 void Drawing::conicHours(double side, const Ink& ink) {
   const ConicSet& conic = p_.conic(Declination::Latitude);
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  const PlaneSuns suns = this->suns();
   Pen pen(sheet_);
   pen.dip(ink);
   double e0 = 0;
   double slope = 0;
   for (const double H : run_.sweep(-90, 90, 15)) {
-    assign(e0,
-           over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(p_.OrarioSustilare + p_.radians(H)));
-    assign(slope, tangentSlope(conic, e0, side));
+    const double h = p_.OrarioSustilare + p_.radians(H);
+    // From an hour behind the wall the tangent is one of the other count.
+    const double own = run_.trueShadows() && isBehindWall(p_, h) ? -side : side;
+    assign(e0, over(p_.Stilo, std::cos(p_.ElevStilo)) * std::tan(h));
+    assign(slope, tangentSlope(conic, e0, own));
     const Sweep us = run_.sweep(-1, 1, 0.005);
     for (const double u : us) {
       const Punto point = turn(u, slope * (u - e0));
-      pen.visit(point, drawIf(u > us.first() && window_.holds(point)));
+      pen.visit(point, drawIf(u > us.first() && window_.holds(point)),
+                suns.ofEquinoxHour(p_.radians(H), -side, point));
     }
   }
 }
@@ -173,13 +194,18 @@ void Drawing::OreAstronomiche() {
   const double f = p_.LatGradi == 0 && p_.DeclGradi == 0 ? 0 : 1;
   const Punto N2 = gnomonicCentre(p_);
   Punto point;
+  const auto isDark = [&](double H) {
+    return !isShown(sheet_, point, CurveFamily::Hours, {hourAngle(H), 0});
+  };
   for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
     assign(point, hourPoint(H, f));
+    if (isDark(H)) continue;
     if (window_.holds(point)) circle(sheet_, point, kHourMark, palette(hourInk(H)));
     line(sheet_, point, N2, palette(7));
   }
   for (const double H : run_.sweep(H0, H1, 15, {.bound = Field::TxtFine})) {
     assign(point, hourPoint(H, f));
+    if (isDark(H)) continue;
     sheet_.ForeColor = palette(7);
     sheet_.Dati(textOf(H), point.x, -point.y + 0.02);
     const double hour = H / 15 + 12;
@@ -199,16 +225,31 @@ void Drawing::LineeOrarie() {
   const double top = std::abs(p_.DeclGradi) > kSideWall ? 1 : centre_.y;
   const double elevationSine = std::sin(p_.ElevStilo);
   const double reach = over(-p_.Stilo, std::cos(p_.ElevStilo));
+  // A side wall on the equator has level lines.
+  const bool level = run_.trueShadows() && p_.LatGradi == 0 && !hasCentre(p_);
+  const Projection project(planeOf(p_));
   double a = 0, foot = 0, x0 = 0, m = 0;
   for (const double H : run_.sweep(H0, H1, p_.PassoOre, {Field::TxtHour, Field::TxtFine})) {
+    if (level) {
+      const Retta hour = project.hourLine(hourAngle(H));
+      hourStroke({-1, hour.yAt(-1)}, {1, hour.yAt(1)}, hourAngle(H), palette(hourInk(H)));
+      continue;
+    }
     const double t = std::tan(-p_.OrarioSustilare - w - p_.radians(H));
     assign(a, -(elevationSine * t));
     assign(foot, reach * t);
     assign(x0, over(foot - p_.DistPiedeCentro * a, cosine - sine * a));
     assign(m, over(a * cosine + sine, cosine - a * sine));
-    sheet_.xLine(x0 - m * top, -top, x0 - m * kHourLineBottom, -kHourLineBottom,
-                 palette(hourInk(H)));
+    hourStroke({x0 - m * top, top}, {x0 - m * kHourLineBottom, kHourLineBottom}, hourAngle(H),
+               palette(hourInk(H)));
   }
+}
+
+// A straight line of an hour (radians), its lit part where true shadows are asked for.
+void Drawing::hourStroke(Punto from, Punto to, double H, Rgb colour) {
+  const PlaneSuns suns = this->suns();
+  litLine(sheet_, from, to, {.colour = colour, .family = CurveFamily::Hours},
+          [&](Punto at) { return suns.ofHourPlane(H, at); });
 }
 
 // --- Declination curves
@@ -217,6 +258,8 @@ void Drawing::CurveDeclinazione() {
   if (p_.LatGradi == 0) curvesAtEquator();
   if (!(p_.LatGradi > 0)) return;
   const SubstyleTurn turn(p_.Sustilare, p_.DistPiedeCentro);
+  const PlaneSuns suns = this->suns();
+  Ink ink{.family = CurveFamily::Declinations};
   for (const double u : run_.sweep(-2, 2, p_.PassoCurva, {.step = Field::txt_Definition})) {
     for (const DeclinationPair& pair : kDeclinationPairs) {
       const ConicSet& conic = p_.conic(pair.conic);
@@ -225,7 +268,9 @@ void Drawing::CurveDeclinazione() {
       const double half = std::sqrt(R);
       for (const double v : {-conic.A1 / 2 + half, -conic.A1 / 2 - half}) {
         const Punto point = turn(u, v);
-        if (window_.holds(point)) dot(sheet_, point, palette(pair.colour));
+        ink.colour = palette(pair.colour);
+        if (window_.holds(point))
+          dot(sheet_, point, ink, suns.ofPair(p_.radians(pair.declination), point));
       }
     }
   }
@@ -237,6 +282,7 @@ void Drawing::curvesAtEquator() {
   const double sine = std::sin(p_.DeclRad), cosine = std::cos(p_.DeclRad);
   const double foot = -p_.Stilo * sine * std::tan(p_.DeclRad) + over(p_.Stilo, cosine);
   std::array<double, kDeclinationPairs.size()> K{}, W{};
+  const PlaneSuns suns = this->suns();
   for (std::size_t i = 0; i < K.size(); ++i) K[i] = coneOf(p_, kDeclinationPairs[i].declination);
   for (const double X : run_.sweep(-1, 1, 0.01)) {
     const double along = -X * sine + foot;
@@ -245,40 +291,51 @@ void Drawing::curvesAtEquator() {
       assign(W[i], K[i] * along * along - across * across);
     const std::size_t first = W[2] < 0 ? 3 : W[1] < 0 ? 2 : W[0] < 0 ? 1 : 0;
     for (std::size_t i = first; i < kDeclinationPairs.size(); ++i) {
-      dot(sheet_, {X, std::sqrt(W[i])}, palette(kDeclinationPairs[i].colour));
-      dot(sheet_, {X, -std::sqrt(W[i])}, palette(kDeclinationPairs[i].colour));
+      const DeclinationPair& pair = kDeclinationPairs[i];
+      const Ink ink{.colour = palette(pair.colour), .family = CurveFamily::Declinations};
+      for (const Punto point : {Punto{X, std::sqrt(W[i])}, Punto{X, -std::sqrt(W[i])}})
+        dot(sheet_, point, ink, suns.ofPair(p_.radians(pair.declination), point));
     }
   }
 }
 
 // --- The analemma
 
-// Each whole hour plots the same figure again: it thickens the points of an exported drawing.
+// Each whole hour plots the same figure again: it thickens the points of an exported drawing. Where
+// true shadows are asked for, once is enough.
 void Drawing::Analemma() {
-  const std::vector<InkedPoint> year = yearOfNoons();
-  for ([[maybe_unused]] const double hour : run_.sweep(6, 18, 1)) {
-    for (const InkedPoint& noon : year) dot(sheet_, noon.at, noon.colour);
+  const std::vector<MeanNoon> year = yearOfNoons();
+  for ([[maybe_unused]] const double hour : run_.sweep(6, run_.trueShadows() ? 6 : 18, 1)) {
+    for (const MeanNoon& noon : year) {
+      dot(sheet_, noon.at, {.colour = noon.colour, .family = CurveFamily::Analemma}, noon.sun);
+    }
   }
 }
 
-std::vector<InkedPoint> Drawing::yearOfNoons() {
+std::vector<MeanNoon> Drawing::yearOfNoons() {
   const bool equator = p_.LatGradi == 0;
   const bool facesPole = p_.DeclGradi == 0 || std::abs(p_.DeclGradi) == 180;
   // The analemma leaves a finer circle constant behind: what follows in this run and its report is
   // measured with it.
   p_.PiGreco = kAnalemmaPi;
   const double tilt = p_.radians(obliquity(47));
-  std::vector<InkedPoint> year;
-  InkedPoint noon;
+  const Projection project(planeOf(p_));
+  std::vector<MeanNoon> year;
+  MeanNoon noon;
   ConicSet conic;
   double v = 0;
   for (const double L : run_.sweep(-80, 280, 360 / (kDaysOfYear * 4))) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
     if (equator && facesPole) {
       noonAtEquator(sun, noon);
-    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v)) {
+    } else if (!noonOfConics(sun, equator ? -1 : 1, noon, conic, v) && !run_.trueShadows()) {
       continue;
     }
+    const double H = sun.equationOfTime - p_.CorrFuso;
+    noon.sun = {H, sun.declination};
+    // The conics of a side wall on the equator have no such meeting.
+    if (run_.trueShadows() && equator)
+      assign(noon.at, project(std::sin(H), std::cos(H), std::tan(sun.declination)));
     year.push_back(noon);
   }
   return year;
@@ -286,7 +343,7 @@ std::vector<InkedPoint> Drawing::yearOfNoons() {
 
 // The meeting of the day's conic with the hour line of the equation of time; g chooses the branch.
 // False when they don't meet.
-bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, ConicSet& conic,
+bool Drawing::noonOfConics(const SunOfDay& sun, double g, MeanNoon& noon, ConicSet& conic,
                            double& v) {
   const double d = sun.declination;
   const double t = std::tan(d);
@@ -321,7 +378,7 @@ bool Drawing::noonOfConics(const SunOfDay& sun, double g, InkedPoint& noon, Coni
   return true;
 }
 
-void Drawing::noonAtEquator(const SunOfDay& sun, InkedPoint& noon) {
+void Drawing::noonAtEquator(const SunOfDay& sun, MeanNoon& noon) {
   const double side = std::abs(p_.DeclGradi) == 180 ? -1 : 1;
   const double t = std::tan(-p_.CorrFuso + sun.equationOfTime);
   assign(noon.at.y, over(side * p_.Stilo, std::tan(sun.declination) * root(t * t + 1)));
@@ -335,14 +392,16 @@ void Drawing::LineaEquinoziale() {
   const Punto M = noonOnEquinoctial(p_);
   if (p_.LatGradi > 0) {
     Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
-    pen.dip({kEquinoctialBlue, sheet_.layer("eq")});
+    pen.dip({.colour = kEquinoctialBlue,
+             .layer = sheet_.layer("eq"),
+             .family = CurveFamily::Equinoctial});
     const double slope = std::tan(p_.Sustilare);
     const double drop = over(p_.DistPiedeCentro, std::cos(p_.Sustilare));
     Punto point;
     const Sweep xs = run_.sweep(-1, 1, 0.005);
     for (const double X : xs) {
       assign(point, {X, slope * X - drop});
-      pen.visit(point, drawIf(X > xs.first() && window_.holdsY(point.y)));
+      pen.visit(point, drawIf(X > xs.first() && window_.holdsY(point.y)), kEquinox);
     }
   }
   circle(sheet_, M, p_.Stilo / 100, palette(12));
@@ -353,11 +412,18 @@ void Drawing::LineaEquinoziale() {
   line(sheet_, M, N2, palette(12));
   if (p_.LatGradi == 0 && p_.DeclGradi != 0) {
     const double X = over(p_.DistPiedeCentro, std::sin(p_.Sustilare));
-    sheet_.xLine(X, 0, X, 1, palette(9));
+    line(sheet_, {X, 0}, {X, -1}, {.colour = palette(9), .family = CurveFamily::Equinoctial},
+         kEquinox, kEquinox);
   }
 }
 
 void Drawing::LineaSustilare() {
+  if (run_.trueShadows()) {
+    // Also an upright one, which has no slope.
+    const auto chord = clippedLine({0, 0}, poleAlong(StylePlane(p_)), window_, -1, 1);
+    if (chord) line(sheet_, chord->a, chord->b, palette(3));
+    return;
+  }
   Pen pen(sheet_, Pen::kNoLimit, Stroke::FromPrevious);
   pen.dip({palette(3)});
   const double slope = std::tan(p_.Sustilare);
@@ -373,7 +439,7 @@ void Drawing::LineaMeridiana() {
   if (p_.DeclGradi == 180) p_.Sustilare = 0;
   if (!hasCentre(p_)) return;
   locateCentre();
-  sheet_.xLine(centre_.x, -centre_.y, centre_.x, sheet_.ShiftY(), palette(12));
+  hourStroke(centre_, {centre_.x, -sheet_.ShiftY()}, 0, palette(12));
 }
 
 void Drawing::ChiudiVerticale() {

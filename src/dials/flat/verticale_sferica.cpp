@@ -71,8 +71,8 @@ class Drawing {
   Sweep declinations(double first, double last) const {
     return run_.sweep(first, last, p_.PassoCurva * 10, {.step = Field::txt_Definition});
   }
-  void trace(Pen& pen, Punto point, bool pastStart) const {
-    pen.visit(point, TracciaCurva(window_, kHorizon, point, pastStart));
+  void trace(Pen& pen, Punto point, bool pastStart, const Sun& sun) const {
+    pen.visit(point, TracciaCurva(window_, kHorizon, point, pastStart), sun);
   }
 
   void ImpostaVerticale();
@@ -153,9 +153,9 @@ void Drawing::OreVerticale() {
   const LayerId layer = sheet_.layer("oreastro");
   Pen pen(sheet_, kSkyGap);
   SolarDays days(p_, p_.LatRad);
-  UprightShadow shadow(p_);
+  UprightShadow shadow(run_);
   for (const double t : run_.sweep(-kReach, kReach, p_.PassoOre, {.step = Field::TxtHour})) {
-    pen.dip({palette(hourInk(t)), layer});
+    pen.dip({.colour = palette(hourInk(t)), .layer = layer, .family = CurveFamily::Hours});
     const double H = hourAngle(t);
     const double sinH = std::sin(H), cosH = std::cos(H);
     const Sweep year = run_.sweep(-kSolstice, kSolstice, 0.05);
@@ -163,7 +163,7 @@ void Drawing::OreVerticale() {
       shadow.aim(sinH, cosH, day);
       if (shadow.acrossMeridian(sinH)) shadow.turnToWall();
       shadow.cast();
-      trace(pen, shadow.point, day.degrees > year.first());
+      trace(pen, shadow.point, day.degrees > year.first(), {H, day.radians});
     }
   }
 }
@@ -173,14 +173,16 @@ void Drawing::OreVerticale() {
 template <class Draw>
 void Drawing::alongNumeralRow(double first, Draw numeral) {
   const SolarDay day = dayOf(Field::txtLineofdeclination);
-  UprightShadow shadow(p_);
+  UprightShadow shadow(run_);
   for (const double t : run_.sweep(first, -first, 15)) {
     const double H = hourAngle(t);
     const double sinH = std::sin(H);
     shadow.aim(sinH, std::cos(H), day);
     if (shadow.acrossMeridian(sinH)) shadow.turn(+1);
     shadow.cast();
-    if (shadow.point.y <= kHorizon) numeral(shadow.point, 12 + static_cast<int>(t) / 15);
+    if (shadow.point.y <= kHorizon &&
+        isShown(sheet_, shadow.point, CurveFamily::Hours, {H, day.radians}))
+      numeral(shadow.point, 12 + static_cast<int>(t) / 15);
   }
 }
 
@@ -214,11 +216,13 @@ void Drawing::arabicNumeral(Punto at, int hour, double size) {
 
 void Drawing::dayCurves(std::span<const DayCurve> curves) {
   Pen pen(sheet_, kDayGap);
-  UprightShadow shadow(p_);
+  UprightShadow shadow(run_);
   for (const DayCurve& curve : curves) {
     const bool zodiac = std::abs(curve.declination) != kSolstice;
     if (zodiac && on(Field::ckZodiaco)) continue;
-    pen.dip({palette(curve.colour), sheet_.layer(curve.layer)});
+    pen.dip({.colour = palette(curve.colour),
+             .layer = sheet_.layer(curve.layer),
+             .family = CurveFamily::Declinations});
     const SolarDay day = solarDay(p_, p_.LatRad, curve.declination);
     const Sweep hours =
         curve.step > 0 ? run_.sweep(-kReach, kReach, curve.step) : declinations(-kReach, kReach);
@@ -228,7 +232,7 @@ void Drawing::dayCurves(std::span<const DayCurve> curves) {
       shadow.aim(sinH, std::cos(H), day);
       if (shadow.acrossMeridian(sinH)) shadow.turn(Sgn(H));
       shadow.cast();
-      trace(pen, shadow.point, t > hours.first());
+      trace(pen, shadow.point, t > hours.first(), {H, day.radians});
     }
   }
 }
@@ -240,8 +244,10 @@ void Drawing::LineaDeclinazioneV() {
   const SolarDay day = dayOf(Field::txtLineofdeclination);
   const EquinoctialLine equinoctial(p_, StylePlane(p_));
   Pen pen(sheet_, kSkyGap);
-  pen.dip({kOrange, sheet_.layer(textOf(day.degrees))});
-  UprightShadow shadow(p_);
+  pen.dip({.colour = kOrange,
+           .layer = sheet_.layer(textOf(day.degrees)),
+           .family = CurveFamily::Declinations});
+  UprightShadow shadow(run_);
   const Sweep hours = run_.sweep(-kReach, kReach, 0.1);
   for (const double t : hours) {
     const double H = p_.radians(t);
@@ -250,8 +256,8 @@ void Drawing::LineaDeclinazioneV() {
     if (shadow.acrossMeridian(sinH)) shadow.turn(-Sgn(H));
     shadow.cast();
     const double above = equinoctial.above(shadow.point);
-    const bool ownSide = day.degrees > 0 ? above < 0 : above > 0;
-    trace(pen, shadow.point, ownSide && t > hours.first());
+    const bool ownSide = run_.trueShadows() || (day.degrees > 0 ? above < 0 : above > 0);
+    trace(pen, shadow.point, ownSide && t > hours.first(), {H, day.radians});
   }
 }
 
@@ -289,10 +295,12 @@ void Drawing::dayLongHours() {
 void Drawing::labels(std::span<const double> hours, HourSystem system, double ahead, Rgb colour,
                      const char* blank) {
   const SolarDay day = solstice();
-  UprightShadow shadow(p_);
+  UprightShadow shadow(run_);
   sheet_.ForeColor = colour;
+  double H = 0;
   for (const double n : hours) {
-    if (!castHour(shadow, p_, system, n + ahead, day) || !(shadow.point.y <= kHorizon)) continue;
+    if (!castHour(shadow, p_, system, n + ahead, day, H) || !(shadow.point.y <= kHorizon)) continue;
+    if (!isShown(sheet_, shadow.point, CurveFamily::Hours, {H, day.radians})) continue;
     sheet_.Dati(blank + textOf(n) + blank, shadow.point.x, -shadow.point.y);
   }
 }
@@ -303,12 +311,13 @@ void Drawing::LineaEquinoxV() {
   constexpr double kFirstDrawn = -90;
   const SolarDay day = solarDay(p_, p_.LatRad, 0);
   Pen pen(sheet_, kDayGap);
-  pen.dip({palette(9), sheet_.layer("equinox")});
-  UprightShadow shadow(p_);
+  pen.dip(
+      {.colour = palette(9), .layer = sheet_.layer("equinox"), .family = CurveFamily::Equinoctial});
+  UprightShadow shadow(run_);
   for (const double t : declinations(-kReach, kReach)) {
     const double H = p_.radians(t);
     const double sinH = std::sin(H);
-    if (p_.LatRad == 0) {
+    if (p_.LatRad == 0 && !run_.trueShadows()) {
       // On the equator that day's sun is East or West throughout.
       shadow.azimuth = p_.PiGreco / 2;
       shadow.tanAltitude = std::tan(-std::abs(H) + p_.PiGreco / 2);
@@ -317,7 +326,7 @@ void Drawing::LineaEquinoxV() {
     }
     if (shadow.acrossMeridian(sinH)) shadow.turnToWall();
     shadow.cast();
-    trace(pen, shadow.point, t > kFirstDrawn);
+    trace(pen, shadow.point, t > kFirstDrawn, {H, 0});
   }
 }
 
@@ -341,8 +350,9 @@ void Drawing::AnalemmaV() {
   const double last = toSummer ? 90 : 270;
   const double reach = on(Field::CheckL) ? 135 : 0;
   Pen pen(sheet_);
-  pen.dip({palette(7), sheet_.layer("Lemniscate")});
-  UprightShadow shadow(p_);
+  pen.dip(
+      {.colour = palette(7), .layer = sheet_.layer("Lemniscate"), .family = CurveFamily::Analemma});
+  UprightShadow shadow(run_);
   std::vector<MeanNoon> year;
   for (const double t : run_.sweep(-reach, reach, p_.PassoOre, {.step = Field::TxtHour})) {
     const Sweep longitudes = run_.sweep(first, last, 360 / kDaysOfYear);
@@ -358,7 +368,8 @@ void Drawing::AnalemmaV() {
       shadow.cast();
       const Punto point = shadow.point;
       if (pastStart && point.y > kFarthest) continue;
-      pen.visit(point, drawIf(pastStart && point.y <= kHorizon && window_.holds(point)));
+      pen.visit(point, drawIf(pastStart && point.y <= kHorizon && window_.holds(point)),
+                {H, noon.sun.radians});
     }
   }
 }
@@ -371,7 +382,7 @@ void Drawing::LineaSustilareV() {
   const double sinH = std::sin(Hs), cosH = std::cos(Hs);
   Pen pen(sheet_, kDayGap);
   pen.dip({palette(12), sheet_.layer("sustilare")});
-  UprightShadow shadow(p_);
+  UprightShadow shadow(run_);
   const Sweep range = declinations(-80, 80);
   for (const double degrees : range) {
     const SolarDay day = solarDay(p_, p_.LatRad, degrees);
@@ -410,8 +421,10 @@ void Drawing::styleTriangle(Punto centre, Punto tip, double S, double E) {
   if (!sideWall() && window_.holdsX(centre.x)) {
     line(sheet_, {centre.x, window_.y1}, {centre.x, window_.y2}, {palette(8), sheet_.layer("12h")});
   }
-  const Chord chord = clippedSubstyle(S, window_);
-  line(sheet_, chord.b, chord.a, {palette(12), sheet_.layer("sottostilo")});
+  // For true shadows an upright one is upright.
+  const auto chord = run_.trueShadows() ? clippedLine({0, 0}, poleAlong(StylePlane(p_)), window_)
+                                        : std::optional(clippedSubstyle(S, window_));
+  if (chord) line(sheet_, chord->b, chord->a, {palette(12), sheet_.layer("sottostilo")});
 
   const double T = std::tan(S + E);
   const auto styleLine = [&](double y) {

@@ -7,6 +7,19 @@ namespace dialwright::proof {
 
 using SceneMaker = std::optional<Scene> (*)(const Panel&);
 
+// The flat dials: upright walls, reclined planes, any plane.
+std::optional<Scene> wallDial(const Panel& panel);
+std::optional<Scene> reclinedDial(const Panel& panel);
 std::optional<Scene> universalDial(const Panel& panel);
+std::optional<Scene> fountain(const Panel& panel);
+std::optional<Scene> equiangularDial(const Panel& panel);
+std::optional<Scene> wireAndChain(const Panel& panel);
+std::optional<Scene> levelBall(const Panel& panel);
+std::optional<Scene> uprightBall(const Panel& panel);
+
+std::optional<Scene> dottedCylinder(const Panel& panel);
+std::optional<Scene> parabolicCylinder(const Panel& panel);
+std::optional<Scene> sphericalCylinder(const Panel& panel);
+std::optional<Scene> filteringHat(const Panel& panel);
 
 }  // namespace dialwright::proof

@@ -20,15 +20,26 @@ Scene tipOnPlane(double latitude, const Plane& plane, double style) {
   return scene;
 }
 
+std::optional<Scene> dialOn(const Panel& panel, double latitude, double reclination) {
+  const bool level = std::abs(reclination) == 90;
+  const double declination = level ? 0 : numberIn(panel, Field::txtDecl);
+  return tipOnPlane(latitude, Plane::facing(radians(declination), radians(reclination)),
+                    numberIn(panel, Field::TxtStilo));
+}
+
 }  // namespace
 
 std::optional<Scene> universalDial(const Panel& panel) {
-  const double reclination = reclinationOf(panel);
-  const bool level = std::abs(reclination) == 90;
-  const double declination = level ? 0 : numberIn(panel, Field::txtDecl);
-  return tipOnPlane(numberIn(panel, Field::txtLAT),
-                    Plane::facing(radians(declination), radians(reclination)),
-                    numberIn(panel, Field::TxtStilo));
+  return dialOn(panel, numberIn(panel, Field::txtLAT), reclinationOf(panel));
+}
+
+// A southern latitude counts by its size.
+std::optional<Scene> reclinedDial(const Panel& panel) {
+  return dialOn(panel, std::abs(numberIn(panel, Field::txtLAT)), reclinationOf(panel));
+}
+
+std::optional<Scene> wallDial(const Panel& panel) {
+  return dialOn(panel, numberIn(panel, Field::txtLAT), 0);
 }
 
 }  // namespace dialwright::proof

@@ -1,60 +1,20 @@
-// Program 26 on a wall in the sun: every line is the path of the far end of the half ball's shadow,
-// and the drawing's order, inks and texts are those of the dial.
+// Program 26: the demonstration of the half ball's shadow, the straight equinoctial, and the
+// drawing's order, inks and texts.
 #include "dials/bifilar/ball_verticale.hpp"
 
-#include "numerics/numbers.hpp"
+#include "dials/bifilar/bifilar_case.hpp"
 #include "support/odd_input.hpp"
-#include "support/shadow_dial.hpp"
 
 namespace dialwright {
 namespace {
 
 using sky::deg;
-using sky::offGrid;
 using sky::rad;
 
-struct HalfBall : ShadowDial<sky::Ball> {
-  explicit HalfBall(const Site& site = {kLatitude, 20})
-      : ShadowDial(Item::mnuBall_v, QuadranteBallVerticale, {0.2, 0}, site) {
-    bothWays = true;
-  }
+struct HalfBall : BifilarCase {
+  explicit HalfBall(double degrees = kLatitude, double declination = 20)
+      : BifilarCase(Item::mnuBall_v, QuadranteBallVerticale, degrees, declination) {}
 };
-
-TEST(BallVerticale, LinesAreThePathsOfTheShadowsFarEnd) {
-  std::size_t night = 0;
-  for (const Site& site :
-       {Site{kLatitude, 0}, {kLatitude, 37}, {62, -20}, {30, -75}, {5, 10}, {kLatitude, 90}}) {
-    HalfBall dial(site);
-    dial.checkAll({Field::chkOreAstronomiche, Field::Ck_DayLightCurves, Field::ck_Equinoziale,
-                   Field::ck_Italiche, Field::ck_babiloniche, Field::ckTemp});
-    dial.set(Field::TxtInizio, "1").set(Field::TxtFine, "23").set(Field::TxtHour, "2").run();
-    const std::size_t count = dial.everySun(
-        "ore", [](double H, double d) { return onYear(d) && offGrid(H, 7.5) < kAngle; });
-    EXPECT_GT(count, 1000u);
-    EXPECT_LT(dial.opposite, count) << "of twice as many ends";
-    night += dial.opposite;
-
-    std::size_t chords = 0;
-    for (const double day : {0.0, -23.445, 23.445, -20.1552, 20.1552, -11.4746, 11.4746}) {
-      chords += dial.everySun(day == 0 ? "eq" : textOf(day) + "°", [&](double H, double d) {
-        // The equator's sun of that hour lights the wall.
-        const double lit = sky::dot(sky::sun(dial.latitude, rad(H), 0), dial.plane.normal);
-        return std::abs(d - day) < kAngle && std::abs(H) < (day == -20.1552 ? 150 : 120) &&
-               lit > -1e-8;
-      });
-    }
-    EXPECT_GT(chords, 500u);
-    EXPECT_GT(dial.everyOtherHour("Ita", "bab", "Temp"), 1000u);
-  }
-  EXPECT_GT(night, 100u) << "before sunrise and after sunset";
-}
-
-TEST(BallVerticale, AnalemmaIsTheYearsMeanNoon) {
-  HalfBall dial;
-  dial.check(Field::ck_Lemniscate).run();
-  EXPECT_EQ(dial.linesOf("analemma").size(), 365u);
-  dial.expectAnalemma(dial.linesOf("analemma"));
-}
 
 // The outline of the shadow and the edge of the ball's own shade, for noon of the winter solstice
 // or for the moment of txtAO and txtDelta.
@@ -64,10 +24,10 @@ TEST(BallVerticale, DemonstrationPlotsTheBallsShadow) {
     dial.set(Field::txtAO, "-25").set(Field::txtDelta, "12").check(Field::ckFunction, free).run();
     const sky::Vec sunwards = free ? sky::sun(dial.latitude, rad(-25), rad(12))
                                    : sky::sun(dial.latitude, 0, rad(-23.445));
-    sky::expectOutlines(dial.gnomon, dial.plane, sunwards, dial.pointsIn(palette(10)),
-                        dial.pointsIn(palette(4)));
+    expectOutlines(0.2, 0, dial.plane, sunwards, dial.pointsIn(palette(10)),
+                   dial.pointsIn(palette(4)));
     const CircleRecord end = dial.sheet.list().circles.back();
-    sky::expectFarEnd(dial.gnomon, dial.plane, {end.x, -end.y}, sunwards);
+    EXPECT_NEAR(std::hypot(end.x, end.y), 0.2 / sky::dot(sunwards, dial.plane.normal), 1e-9);
     const LineRecord axis = dial.linesIn(palette(14)).back();
     EXPECT_LT(sky::distance({axis.x1, axis.y1}, {end.x, end.y}), 1e-9);
     EXPECT_LT(sky::distance({axis.x2, axis.y2}, {1.2 * end.x, 1.2 * end.y}), 1e-9);
@@ -75,8 +35,9 @@ TEST(BallVerticale, DemonstrationPlotsTheBallsShadow) {
 }
 
 TEST(BallVerticale, StraightEquinoctialTouchesTheCurveAtTheSubstyle) {
-  for (const Site& site : {Site{kLatitude, 20}, {kLatitude, -40}, {30, 0}}) {
-    HalfBall dial(site);
+  for (const auto& [latitude, declination] :
+       {std::pair{kLatitude, 20.0}, {kLatitude, -40.0}, {30.0, 0.0}}) {
+    HalfBall dial(latitude, declination);
     dial.check(Field::ck_Equinoziale).run();
     const std::vector<LineRecord> straight = dial.linesOf("equi");
     ASSERT_GT(straight.size(), 500u);

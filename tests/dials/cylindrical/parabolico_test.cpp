@@ -1,100 +1,27 @@
 // Tests of program 10: the cylinder of parabolic cross-section.
 #include "dials/cylindrical/parabolico.hpp"
 
-#include "support/dotted_dial.hpp"
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "dials/cylindrical/wall_case.hpp"
 #include "support/odd_input.hpp"
+#include "support/sky.hpp"
 
 namespace dialwright {
 namespace {
 
 using sky::rad;
 
-// The walls of the dotted dials that this one draws.
-std::vector<DottedWall> walls() {
-  std::vector<DottedWall> all;
-  for (const DottedWall& wall : kDottedWalls)
-    if (std::abs(wall.declination) <= 70) all.push_back(wall);
-  return all;
-}
-
-struct Dial : DottedDial<sky::ParabolaSection> {
-  explicit Dial(const DottedWall& wall = kDottedWalls[0])
-      : DottedDial(Item::M_Parabolico, QuadranteParabolico, wall,
-                   sky::parabolicWall(wall.radius, wall.style, wall.declination, wall.convex)) {
-    set(Field::TxtHour, "1");
-  }
+struct Dial : WallCase {
+  explicit Dial(const TestWall& wall = {})
+      : WallCase(Item::M_Parabolico, QuadranteParabolico, wall) {}
 };
 
-TEST(ParabolicCylinder, DotsOfTheHoursLieInTheirPlanes) {
-  for (const DottedWall& wall : walls()) {
-    for (const bool zone : {false, true}) {
-      Dial dial(wall);
-      dial.set(Field::TxtFuso, "-1");
-      const double shift = zone ? 7.6438 - 15 : 0;
-      const auto spots = zone ? dial.dots({Field::ck_Etna}, 7) : dial.dots({}, 7);
-      dial.expectInPlanes(spots, planes(hourPlane, wall.latitude, -90 + shift, 90 + shift, 15), 5);
-    }
-  }
-}
-
-// Six o'clock, the equator and the substyle have one colour.
-TEST(ParabolicCylinder, BlueDotsAreSixOClockTheEquatorAndTheSubstyle) {
-  for (const DottedWall& wall : walls()) {
-    Dial dial(wall);
-    const double H = sky::deg(sky::hourAngleOf(rad(wall.latitude), dial.model.tangent.normal));
-    const sky::Vec pole{0, std::cos(rad(wall.latitude)), std::sin(rad(wall.latitude))};
-    // On a wall that looks South the substyle is the noon generator.
-    dial.expectInPlanes(dial.dots({}, 9),
-                        {hourPlane(wall.latitude, 90), pole, hourPlane(wall.latitude, H)},
-                        wall.declination == 0 ? 1 : 0);
-  }
-}
-
-TEST(ParabolicCylinder, TheDayIsThatOfTheField) {
-  for (const DottedWall& wall : walls()) {
-    for (const double day : {23.445, 10.0}) {
-      Dial dial(wall);
-      dial.set(Field::txtLineofdeclination, textOf(day)).set(Field::TxtHour, "1e-9");
-      dial.expectDay(dial.dots({}, 12), day);  // without the dots of noon
-    }
-  }
-}
-
-// Where the tip's own ray meets the wall first, the dot is the shadow.
-TEST(ParabolicCylinder, LitDotsAreTheShadow) {
-  for (const DottedWall& wall : {kDottedWalls[0], kDottedWalls[1]}) {
-    Dial dial(wall);
-    std::size_t lit = 0;
-    for (const sky::Spot spot : dial.dots({}, 7)) {
-      if (std::abs(spot.x) > 0.15 || spot.y > -1e-6) continue;
-      const auto shadow = dial.model.shadow(dial.sunOf(spot));
-      ASSERT_TRUE(shadow);
-      ASSERT_NEAR(shadow->x, spot.x, 1e-9);
-      ASSERT_NEAR(shadow->y, spot.y, 1e-9 * (1 - spot.y));
-      ++lit;
-    }
-    EXPECT_GT(lit, 30u);
-  }
-}
-
-TEST(ParabolicCylinder, TheGeneratorsAreNoonAndTheVertex) {
-  for (const DottedWall& wall : walls()) {
-    Dial dial(wall);
-    dial.run();
-    const auto noon = dial.linesIn(palette(4)), vertex = dial.linesIn(palette(1));
-    ASSERT_EQ(noon.size() + vertex.size(), 2u);
-    const auto shadow = dial.model.shadow(sky::sun(rad(wall.latitude), 0, rad(-5)));
-    ASSERT_TRUE(shadow);
-    EXPECT_NEAR(noon[0].x1, shadow->x, 1e-8);
-    // In the vertex the section runs East.
-    const double u = dial.model.unroll(vertex[0].x1);
-    EXPECT_NEAR(dial.model.section.speed(u), 1, 1e-12);
-  }
-}
-
 TEST(ParabolicCylinder, TheSectionIsThePlanToScale) {
-  for (const DottedWall& wall : walls()) {
-    SCOPED_TRACE(name(wall));
+  for (const TestWall& wall : kTestWalls) {
+    SCOPED_TRACE(wall.declination);
     Dial dial(wall);
     dial.panel.setState(Field::Ck_Section, true);
     dial.run();
@@ -154,20 +81,6 @@ TEST(ParabolicCylinder, TheSouthAndWallsBeyondSeventyDegreesAreRefused) {
       EXPECT_EQ(dial.messages, std::vector<std::string>{"Sorry, graph not available  "});
     }
   }
-}
-
-// At noon the ordinate has no value and keeps that of the dot before: a level row, which only a
-// large sheet shows.
-TEST(ParabolicCylinder, NoonsOwnDotsAreALevelRow) {
-  Dial dial;
-  dial.sheet.QuadranteH(15);
-  dial.sheet.QuadranteL(15);
-  dial.sheet.ShiftX(7.5);
-  dial.sheet.ShiftY(12);
-  dial.set(Field::txtLineofdeclination, "0");  // of the equator, which has no dots of its own
-  const auto row = dial.dots({}, 12);
-  EXPECT_EQ(row.size(), 250u);
-  for (const sky::Spot spot : row) EXPECT_EQ(spot.y, row[0].y);
 }
 
 TEST(ParabolicCylinder, TakesAnyInput) {

@@ -1,16 +1,14 @@
-// Programs 2 to 5, the flat dials of the classroom, against a plane in the sun: what they draw
-// alike, each by its own method, is where the shadow of the style's tip falls.
+// Programs 2 to 5, the flat dials of the classroom: their styles, substyles and horizons, each by
+// its own method, and the order of their drawings.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <set>
 
 #include "dials/flat/frinter.hpp"
 #include "dials/flat/inclinati.hpp"
 #include "dials/flat/nuovo_proiettivo.hpp"
 #include "dials/flat/proiettivo.hpp"
 #include "support/flat_wall.hpp"
-#include "support/mean_sun.hpp"
 #include "support/odd_input.hpp"
 
 namespace dialwright {
@@ -21,32 +19,25 @@ struct Method {
   Item item;
   Driver driver;
   Field variable;
-  double solstice;
-  double zone;             // hour angle of the lines' noon in the standard meridian's time
-  std::size_t leastHours;  // of 23, noon and the two sixes as one
-  bool noon;               // drawn as the others
-  int italic, babylonian, analemma;  // colour numbers; 0 for what is not drawn, or not alike
-  const char* triangle;              // ends of the lines 13, 9, 14: Foot, Tip, Centre
-  const char* order;                 // of all families
+  const char* triangle;  // ends of the lines 13, 9, 14: Foot, Tip, Centre
+  const char* order;     // of all families
   const char* caption;
 };
 
 const Method kMethods[] = {
-    {"2 X", Item::M_Inclinati, DisegnaInclinati, Field::optX, 23.45, -7.3562, 17, false, 9, 10, 14,
-     "FT CT CF", "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 P14 ",
+    {"2 X", Item::M_Inclinati, DisegnaInclinati, Field::optX, "FT CT CF",
+     "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 P14 ",
      "Reclining dial by 3D analytic geometry, variable X"},
-    {"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY, 23.45, -7.3562, 17, false, 11, 10, 12,
-     "FT CT FC", "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 ",
+    {"2 Y", Item::M_Inclinati, DisegnaInclinati, Field::optY, "FT CT FC",
+     "P7 P12 P9 P2 P4 L13 L9 L14 L8 P13 P11 P10 ",
      "Declining, reclining dial by 3D analytic geometry, variable y"},
-    {"3", Item::M_Proiettivo, DisegnaProiettivo, Field::None, 23.445, 0, 17, false, 14, 14, 0,
-     "TF TC CF", "P12 L9 L13 L14 L8 P9 P7 P4 P13 P11 P14 L2 ",
+    {"3", Item::M_Proiettivo, DisegnaProiettivo, Field::None, "TF TC CF",
+     "P12 L9 L13 L14 L8 P9 P7 P4 P13 P11 P14 L2 ",
      "Flat sundial by projective method : former version"},
-    {"4", Item::M_nProiettivo, DisegnaNuovoProiettivo, Field::None, 23.445, -7.3562, 20, true, 14,
-     14, 14, "FT TC FC", "P9 P7 P12 L13 L9 L14 P13 P11 P14 L2 ",
-     "Flat sundial by projective method : latter version"},
-    {"5", Item::M_Frinter, DisegnaFrinter, Field::None, 23.445, -7.3562, 20, true, 0, 0, 6,
-     "TF TC FC", "L7 L12 L9 P12 P13 P11 L14 P6 P3 L2 L13 P15 ",
-     "Vertical dial by 2D analytic geometry"}};
+    {"4", Item::M_nProiettivo, DisegnaNuovoProiettivo, Field::None, "FT TC FC",
+     "P9 P7 P12 L13 L9 L14 P13 P11 P14 L2 ", "Flat sundial by projective method : latter version"},
+    {"5", Item::M_Frinter, DisegnaFrinter, Field::None, "TF TC FC",
+     "L7 L12 L9 P12 P13 P11 L14 P6 P3 L2 L13 P15 ", "Vertical dial by 2D analytic geometry"}};
 
 bool isProjective(const Method& m) {
   return m.item == Item::M_Proiettivo || m.item == Item::M_nProiettivo;
@@ -77,59 +68,6 @@ void onEveryPlane(Test test) {
   }
 }
 
-TEST(FlatFamilies, HoursLieInTheirPlanes) {
-  onEveryPlane([](const Method& method, FlatWall& wall) {
-    std::set<long> hours;
-    for (const int colour : {7, 9, 12}) {
-      if (colour == 12 && !method.noon) continue;
-      const double step = colour == 7 ? 7.5 : 180;
-      for (const sky::Spot& s : wall.addedBy(Field::chkOreAstronomiche, colour)) {
-        ASSERT_LT(wall.offHour(colour == 9 ? 90 : 0, s.x, s.y, step), kAngleSlack) << colour;
-        hours.insert(std::lround(std::remainder(wall.hourAngle(s.x, s.y), 180) / 7.5));
-      }
-    }
-    hours.erase(-12);  // is 12: six o'clock
-    EXPECT_GE(hours.size(), method.leastHours);
-    wall.sheet.Clear();
-    wall.check(Field::ck_Etna).run();
-    for (const PointRecord& p : wall.pointsIn(palette(7)))
-      ASSERT_LT(wall.offHour(method.zone, p.x, p.y, 7.5), kAngleSlack);
-  });
-}
-
-TEST(FlatFamilies, CurvesAndEquinoctialAreTheSunsDays) {
-  onEveryPlane([](const Method& method, FlatWall& wall) {
-    for (const auto& [colour, declination] :
-         {std::pair{12, method.solstice}, {13, 20.1552}, {11, 11.4746}}) {
-      const std::vector<sky::Spot> spots = wall.addedBy(Field::Ck_DayLightCurves, colour);
-      EXPECT_GT(spots.size(), 20u);
-      for (const sky::Spot& s : spots)
-        ASSERT_NEAR(std::abs(wall.declination(s.x, s.y)), declination, kAngleSlack);
-    }
-    wall.check(Field::Ck_DayLightCurves, false);
-    const std::vector<sky::Spot> equinoctial = wall.addedBy(Field::ck_Equinoziale, 9);
-    EXPECT_FALSE(equinoctial.empty());
-    for (const sky::Spot& s : equinoctial) ASSERT_NEAR(wall.declination(s.x, s.y), 0, kAngleSlack);
-  });
-}
-
-TEST(FlatFamilies, HoursFromTheHorizon) {
-  onEveryPlane([](const Method& method, FlatWall& wall) {
-    for (const auto& [box, count, colour] :
-         {std::tuple{Field::ck_Italiche, HorizonHours::Italic, method.italic},
-          {Field::ck_babiloniche, HorizonHours::Babylonian, method.babylonian}}) {
-      if (colour == 0) continue;
-      std::set<int> hours;
-      for (const sky::Spot& s : wall.addedBy(box, colour)) {
-        const HorizonCircle circle = wall.horizonCircle(count, s.x, s.y);
-        ASSERT_LT(circle.off, kAngleSlack);
-        hours.insert(circle.hours);
-      }
-      EXPECT_GE(hours.size(), 9u);
-    }
-  });
-}
-
 TEST(FlatFamilies, SubstyleAndHorizon) {
   onEveryPlane([](const Method& method, FlatWall& wall) {
     const sky::Spot centre = wall.centre();
@@ -151,24 +89,6 @@ TEST(FlatFamilies, SubstyleAndHorizon) {
     EXPECT_TRUE(!horizon.empty() || offSheet ||
                 (isProjective(method) && wall.site.reclination == 0));
     for (const sky::Spot& s : horizon) ASSERT_NEAR(wall.sun(s.x, s.y).z, 0, 1e-8);
-  });
-}
-
-TEST(FlatFamilies, TheAnalemmaIsTheYearsMeanNoon) {
-  onEveryPlane([](const Method& method, FlatWall& wall) {
-    if (method.analemma == 0) return;
-    const std::vector<sky::Spot> spots = wall.addedBy(Field::ck_Lemniscate, method.analemma);
-    for (const sky::Spot& s : spots) {
-      // In space a sun behind the plane is drawn by its opposite.
-      const double H = sky::rad(wall.hourAngle(s.x, s.y) + 7.3562);
-      const double d = sky::rad(wall.declination(s.x, s.y));
-      const double off = sky::secondsFromEquationOfTime(H, d);
-      const double opposite = sky::secondsFromEquationOfTime(H + std::numbers::pi, -d);
-      const bool flips = method.item == Item::M_Inclinati;
-      ASSERT_LT(flips ? std::min(off, opposite) : off, 25);
-      ASSERT_TRUE(flips || wall.plane.lit(wall.sun(s.x, s.y)));
-    }
-    EXPECT_TRUE(spots.size() > 300 || wall.site.declination != -14.57);
   });
 }
 

@@ -1,4 +1,4 @@
-// Program 5 against a wall in the sun.
+// Program 5 beside its shadows: whole lines, the analemma's inks, the equator and the poles.
 #include "dials/flat/frinter.hpp"
 
 #include <gtest/gtest.h>
@@ -50,37 +50,6 @@ TEST(Frinter, TheAnalemmaIsSetTwice) {
     ASSERT_EQ(points[i].colour, palette(d < 0 ? 12 : 3));
     ASSERT_EQ(points[i + 1].colour, palette(6));
     ASSERT_EQ(std::pair(points[i + 1].x, points[i + 1].y), std::pair(points[i].x, points[i].y));
-  }
-}
-
-// Every line touches the circumpolar sky. Where the hour is behind the wall, counted from the
-// substyle's hour, the tangent is the other one of its point: an italic line in place of a
-// babylonian one and the reverse.
-TEST(Frinter, HoursFromTheHorizon) {
-  for (const auto& [box, count, colour] : {std::tuple{Field::ck_Italiche, HorizonHours::Italic, 14},
-                                           {Field::ck_babiloniche, HorizonHours::Babylonian, 9}}) {
-    for (const FlatSite& site : kSites) {
-      FlatWall wall = dialOf(site);
-      wall.check(box).run();
-      const std::vector<LineRecord> lines = wall.linesIn(palette(colour));
-      ASSERT_EQ(lines.size(), 15u);
-      for (std::size_t i = 0; i < lines.size(); ++i) {
-        const double H = -105 + 15 * static_cast<double>(i);
-        const double fromSubstyle = wall.params.OrarioSustilare +
-                                    sky::rad(H + (std::abs(wall.site.declination) > 90 ? 180 : 0));
-        const bool behind = std::cos(fromSubstyle) < 0;
-        const int hours =
-            static_cast<int>(std::lround(H / 15)) + static_cast<int>(count) * (behind ? -6 : 6);
-        for (const sky::Spot& s : spotsOf(lines[i])) {
-          if (std::hypot(s.x, s.y) > 50) continue;
-          const double h =
-              sky::hourAngleOf(wall.latitude, wall.sun(s.x, s.y)) - sky::rad(15.0 * hours);
-          const double d = sky::declinationOf(wall.latitude, wall.sun(s.x, s.y));
-          EXPECT_NEAR(sky::deg(std::asin(sky::sun(wall.latitude, h, d).z)), 0, kAngleSlack)
-              << H << ' ' << hours;
-        }
-      }
-    }
   }
 }
 

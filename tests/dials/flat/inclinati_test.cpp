@@ -100,20 +100,6 @@ TEST(Inclinati, RefusalsOfEachVariable) {
   expect(Field::optY, {incomplete}, 0, 0);
 }
 
-TEST(Inclinati, SouthernLatitudesCountByTheirSize) {
-  std::vector<PointRecord> drawings[2];
-  for (const bool south : {false, true}) {
-    FlatWall wall = dialOf({45.7438, -14.57, 0}, Field::optX);
-    wall.set(Field::txtLAT, south ? "-45" : "45").check(Field::Ck_DayLightCurves).run();
-    drawings[south] = wall.sheet.list().points;
-  }
-  ASSERT_EQ(drawings[0].size(), drawings[1].size());
-  for (std::size_t i = 0; i < drawings[0].size(); ++i) {
-    ASSERT_EQ(drawings[0][i].x, drawings[1][i].x);
-    ASSERT_EQ(drawings[0][i].y, drawings[1][i].y);
-  }
-}
-
 // Where a line can't be swept, its statement fails and its row stays at the last height: such rows
 // are no shadows.
 TEST(Inclinati, RowsWithoutAHeightStayWhereTheyWere) {

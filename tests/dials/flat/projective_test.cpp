@@ -18,23 +18,6 @@ FlatWall dialOf(const FlatSite& site, Version version) {
                                     : FlatWall(Item::M_nProiettivo, DisegnaNuovoProiettivo, site);
 }
 
-// Noon has no slope on the former version's reference plane: its row keeps the ordinate where the
-// line before it ended. The polar line is noon, on planes that are not upright.
-TEST(Projective, NoonOfTheFormerVersion) {
-  for (const FlatSite& site :
-       {FlatSite{45.7438, -14.57, 0}, {45.7438, -14.57, 30}, {45, 37, -25}}) {
-    FlatWall wall = dialOf(site, Version::Former);
-    const std::vector<sky::Spot> row = wall.addedBy(Field::chkOreAstronomiche, 12);
-    if (site.reclination == 30) {
-      ASSERT_FALSE(row.empty());
-      EXPECT_GT(wall.offHour(0, row[3].x, row[3].y), 1);
-    }
-    const std::vector<PointRecord> polar = wall.pointsIn(palette(4));
-    EXPECT_EQ(polar.empty(), site.reclination == 0);
-    for (const PointRecord& p : polar) ASSERT_LT(wall.offHour(0, p.x, p.y), kAngleSlack);
-  }
-}
-
 // The style's triangle in the sheet's corner is similar to the one on the dial.
 TEST(Projective, ATriangleToMeasure) {
   for (const Version version : {Version::Former, Version::Latter}) {

@@ -1,14 +1,12 @@
-// Program 6 against a wall in the sun: every family is where the tip's shadow falls, and order,
-// inks, layers and texts are those of the dial.
+// Program 6 beside its shadows: numerals and labels, the latitude's conic, and the drawing's order,
+// inks, layers and texts.
 #include "dials/flat/verticale_sferica.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <set>
 
 #include "support/flat_wall.hpp"
-#include "support/mean_sun.hpp"
 
 namespace dialwright {
 namespace {
@@ -19,7 +17,6 @@ using sky::Spot;
 constexpr FlatSite kDefault{45.7438, -14.57};
 const std::vector<FlatSite> kSites = {kDefault,  {45.7438, 37}, {45.7438, -75}, {62, 0.5},
                                       {28, -50}, {45, 130},     {35, 90},       {65, 180}};
-constexpr double kLongitude = 7.3562;  // degrees East of the site, where the zone's meridian is
 
 class Wall : public FlatWall {
  public:
@@ -64,31 +61,7 @@ TEST(VerticaleSferica, LabelsStandOnTheirHoursAtTheSummerSolstice) {
   EXPECT_EQ(labels({Field::ckTemp, Field::ck_Italiche}), labels({Field::ck_Italiche}));
 }
 
-// Suns of the night behind the wall draw the equinox's other end again, from six in the evening on.
-TEST(VerticaleSferica, EquinoxStartsAtSixInTheMorning) {
-  Wall wall({45.7438, 0});
-  wall.check(Field::ck_Equinoziale).set(Field::x1txt, "-2").set(Field::x2txt, "2").run();
-  int morning = 0, afternoon = 0;
-  for (const LineRecord& line : wall.linesOf("equinox")) {
-    const double H = wall.hourAngle(line.x1, line.y1);
-    morning += H > -72 && H < -65;
-    afternoon += H < 72 && H > 65;
-  }
-  EXPECT_EQ(afternoon, 70);
-  EXPECT_EQ(morning, 140);
-}
-
-TEST(VerticaleSferica, AnalemmaIsTheYearsMeanHours) {
-  Wall wall;
-  wall.check(Field::ck_Lemniscate).check(Field::CheckL).set(Field::TxtHour, "1").run();
-  double highest = 0;
-  for (const LineRecord& line : wall.linesOf("Lemniscate")) {
-    highest = std::max(highest, wall.declination(line.x1, line.y1));
-    const double mean = std::remainder(wall.hourAngle(line.x1, line.y1) + kLongitude, 15);
-    EXPECT_LT(sky::secondsFromEquationOfTime(rad(mean), rad(wall.declination(line.x1, line.y1))),
-              30);
-  }
-  EXPECT_NEAR(highest, 23.4445, 0.0006) << "an obliquity of 23 degrees 26 minutes 42 seconds";
+TEST(VerticaleSferica, HalfAnAnalemma) {
   const auto half = [](bool concave) {
     Wall part;
     part.check(Field::ck_Lemniscate).check(Field::Ck_Section);
@@ -102,18 +75,6 @@ TEST(VerticaleSferica, AnalemmaIsTheYearsMeanHours) {
             (std::pair<std::size_t, std::size_t>(182, 181)));
   EXPECT_LT(rising.front().y1, rising.back().y1);
   EXPECT_GT(falling.front().y1, falling.back().y1);
-}
-
-// Where the wall loses the sun for part of the year, the analemma is closed by a chord.
-TEST(VerticaleSferica, AnalemmaBridgesTheDaysWithoutSun) {
-  Wall wall({45.7438, 40});
-  wall.check(Field::ck_Lemniscate).check(Field::CheckL).set(Field::x1txt, "-30");
-  wall.set(Field::y2txt, "-30").run();
-  double longest = 0;
-  for (const LineRecord& line : wall.linesOf("Lemniscate")) {
-    longest = std::max(longest, sky::distance({line.x1, line.y1}, {line.x2, line.y2}));
-  }
-  EXPECT_GT(longest, 1);
 }
 
 TEST(VerticaleSferica, ConicIsTheConeOfTheLatitude) {
@@ -259,18 +220,6 @@ TEST(VerticaleSferica, DrawsTheEquator) {
   EXPECT_TRUE(equator.told().ends_with("|ecc. " + textOf(rounded(equator.params.Eccentricita, 4)) +
                                        "|F1|F2|"))
       << "the one before stays";
-}
-
-// Between the tropics the noon line alone takes a sun North of the zenith for one in the South.
-TEST(VerticaleSferica, NoonIsAlwaysSouth) {
-  Wall north({10, 180});
-  north.check(Field::chkOreAstronomiche).run();
-  std::set<double> hours;
-  for (const LineRecord& line : north.linesOf("oreastro")) {
-    hours.insert(7.5 * std::round(north.hourAngle(line.x1, line.y1) / 7.5));
-    EXPECT_NE(line.colour, palette(12)) << "noon";
-  }
-  EXPECT_TRUE(hours.contains(7.5) && hours.contains(-7.5));
 }
 
 }  // namespace

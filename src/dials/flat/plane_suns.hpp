@@ -1,0 +1,121 @@
+// The suns that the lines of a flat dial by plane geometry stand for: such lines are not traced sun
+// by sun, so that the day of a sample has to be told by its place.
+#pragma once
+
+#include <cmath>
+#include <numbers>
+
+#include "dials/pen.hpp"
+
+namespace dialwright {
+
+// Each is worked out only where somebody asks for it; else it is no sun.
+class PlaneSuns {
+ public:
+  PlaneSuns(const SheetPlot& sheet, const Piano& plane)
+      : project_(plane), tanLat_(std::tan(plane.LatRad)), asked_(asksForSuns(sheet)) {}
+
+  // The day of a point: the declination of the sun that throws the tip's shadow there, radians.
+  double declination(Punto at) const {
+    const auto ray = project_.rayFrom(at);
+    return std::atan2(ray.sine, std::hypot(ray.sinH, ray.cosH));
+  }
+
+  // A line in the plane of an hour (radians): on the centre's other side it is that of the hour
+  // twelve later.
+  Sun ofHourPlane(double H, Punto at) const {
+    if (!asked_) return {};
+    const auto ray = project_.rayFrom(at);
+    const bool opposite = ray.sinH * std::sin(H) + ray.cosH * std::cos(H) < 0;
+    return {opposite ? H + kMidnight : H, Sun::kOpen};
+  }
+
+  // A curve of a declination and of its opposite, one on each side of the equinoctial.
+  Sun ofPair(double declination, Punto at) const {
+    if (!asked_) return {};
+    return {Sun::kOpen, std::copysign(declination, project_.rayFrom(at).sine)};
+  }
+
+  // The hour from sunset (+1) or sunrise (-1) that comes at an hour angle (radians) on the days of
+  // equal day and night.
+  Sun ofEquinoxHour(double H, double side, Punto at) const {
+    return ofHorizonHour(H - side * kMidnight / 2, side, at);
+  }
+
+  // The hour so many radians before (negative) or after sunset (+1) or sunrise (-1), on the day of
+  // the point. A day without them has no such hour: midnight's sun stands for it.
+  Sun ofHorizonHour(double fromHorizon, double side, Punto at) const {
+    if (!asked_) return {};
+    const double day = declination(at);
+    const double cosine = -tanLat_ * std::tan(day);
+    if (!(std::abs(cosine) <= 1)) return {kMidnight, day};
+    return {side * std::acos(cosine) + fromHorizon, day};
+  }
+
+ private:
+  static constexpr double kMidnight = std::numbers::pi;
+
+  Projection project_;
+  double tanLat_;
+  bool asked_;
+};
+
+// A stretch whose suns are lit: one stroke where the sun half way between those of its ends is half
+// way along it, else halves, since the sun may run unevenly.
+template <class SunAt>
+void litStretch(SheetPlot& sheet, ShadowJudge& judge, Punto from, Punto to, const Ink& ink,
+                SunAt sunAt, int depth) {
+  constexpr int kMostHalvings = 6;
+  const Sun first = sunAt(from), second = sunAt(to);
+  if (depth == kMostHalvings || judge.isTrack(from, to, {ink.family, first, second})) {
+    line(sheet, from, to, ink, first, second);
+    return;
+  }
+  const Punto half{(from.x + to.x) / 2, (from.y + to.y) / 2};
+  litStretch(sheet, judge, from, half, ink, sunAt, depth + 1);
+  litStretch(sheet, judge, half, to, ink, sunAt, depth + 1);
+}
+
+// The part of a straight line that shadows follow. Without a judge it is the whole line; with one,
+// each stretch of it whose suns are lit. `sunAt` tells the sun of a point.
+template <class SunAt>
+void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt) {
+  ShadowJudge* judge = sheet.judge();
+  if (judge == nullptr) {
+    line(sheet, from, to, ink, sunAt(from), sunAt(to));
+    return;
+  }
+  constexpr int kPieces = 400;
+  constexpr int kHalvings = 40;
+  const auto at = [&](double part) {
+    return Punto{from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)};
+  };
+  const auto lit = [&](double part) {
+    return judge->isShadow(at(part), ink.family, sunAt(at(part)));
+  };
+  // Where the light ends between a lit and a dark place.
+  const auto edge = [&](double light, double dark) {
+    for (int i = 0; i < kHalvings; ++i) {
+      const double half = (light + dark) / 2;
+      (lit(half) ? light : dark) = half;
+    }
+    return light;
+  };
+  double begin = -1, last = -1;  // of the stretch of the moment, as parts of the line
+  const auto draw = [&](double end) {
+    if (end > begin) litStretch(sheet, *judge, at(begin), at(end), ink, sunAt, 0);
+    begin = -1;
+  };
+  for (int i = 0; i <= kPieces; ++i) {
+    const double part = static_cast<double>(i) / kPieces;
+    if (lit(part)) {
+      if (begin < 0) begin = i == 0 ? part : edge(part, last);
+    } else if (begin >= 0) {
+      draw(edge(last, part));
+    }
+    last = part;
+  }
+  if (begin >= 0) draw(last);
+}
+
+}  // namespace dialwright

@@ -1,0 +1,43 @@
+// Where a body's shadow ends.
+#include "proof/casters/far_end.hpp"
+
+#include <numbers>
+
+namespace dialwright::proof {
+
+namespace {
+
+// The part of a direction that is square to another one of length 1, stretched to length 1.
+std::optional<Vec> aside(Vec direction, Vec from) {
+  const Vec across = direction - dot(direction, from) * from;
+  if (!(length(across) > 1e-12)) return std::nullopt;
+  return unit(across);
+}
+
+}  // namespace
+
+// The light grazes the ball in the ring square to the sun, which is highest on the normal's side.
+std::optional<Vec> BallsFarEnd::nearest(Vec, Vec sunwards) const {
+  const auto top = aside(normal_, sunwards);
+  if (!top) return std::nullopt;
+  return centre_ + radius_ * *top;
+}
+
+RimsFarEnd::RimsFarEnd(Vec centre, double radius, Vec normal)
+    : CurvedEdge(
+          [=, right = square(normal), up = cross(normal, square(normal))](double u) {
+            const double turn = 2 * std::numbers::pi * u;
+            return centre + (radius * std::cos(turn)) * right + (radius * std::sin(turn)) * up;
+          },
+          true),
+      centre_(centre),
+      radius_(radius),
+      normal_(normal) {}
+
+std::optional<Vec> RimsFarEnd::nearest(Vec, Vec sunwards) const {
+  const auto towards = aside(sunwards, normal_);
+  if (!towards) return std::nullopt;
+  return centre_ - radius_ * *towards;
+}
+
+}  // namespace dialwright::proof
