@@ -27,7 +27,7 @@ class PlaceMap {
     const Piano plane = planeOf(run);
     sinLat_ = std::sin(plane.LatRad);
     cosLat_ = std::cos(plane.LatRad);
-    level_ = p_.InclinGradi == 0;
+    level_ = plane.ZenitPiano == 0;
     backwards_ = std::abs(declination) >= 90;
     tanDecl_ = std::tan(plane.DeclRad);
     depth_ = over(1, std::tan(plane.ZenitPiano) * std::cos(plane.DeclRad));
@@ -78,11 +78,14 @@ class PlaceMap {
   }
 
  private:
+  // A dial without a field for its inclination is an upright wall, whatever an earlier dial has
+  // left in the record.
   static Piano planeOf(const Run& run) {
     const DialParams& p = run.params;
-    const double declination = p.InclinGradi == 0 ? 0 : run.number(Field::txtDecl);
+    const double inclination = run.panel[Field::txtReclinZ].visible ? p.InclinGradi : 90;
+    const double declination = inclination == 0 ? 0 : run.number(Field::txtDecl);
     return {p.Stilo, p.radians(run.number(Field::txtLAT)), p.radians(declination),
-            p.radians(p.InclinGradi)};
+            p.radians(inclination)};
   }
 
   const DialParams& p_;

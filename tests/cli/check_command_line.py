@@ -122,6 +122,8 @@ def refusals_and_files():
         file.write("old")
     refused = run("run", "1", "txtLAT=-10", "-o", "old.csv", status=1)
     expect("Southern" in refused.stderr and read("old.csv") == "old", "a refusal leaves the old file")
+    level = run("run", "2", "optY=1", "txtReclinZ=0", status=1)
+    expect("please use variable X" in level.stderr, "a refusal by the caption is told")
     expect(run("run", "1", "txtLAT=-10", "--quiet", status=1).stderr == "", "--quiet")
     run("run", "mnuBall2", "-o", "empty.csv")
     expect(rows_of(read("empty.csv")) == [], "an item without a drawing draws nothing and says nothing")

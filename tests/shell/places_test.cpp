@@ -191,6 +191,20 @@ TEST(OptionalPoint, WithTrueShadowsIsThereWhenTheSunShinesOnIt) {
   }
 }
 
+TEST(OptionalPoint, StandsOnAnUprightWallWhereTheDialHasNoFieldForAnother) {
+  // Other dials' clicks leave a level plane in the hidden field.
+  for (const char* left : {"0", "30"}) {
+    DialCase dial(Item::mnuVertSph, drawPoint);
+    dial.set(Field::txtLAT, "45").set(Field::txtDecl, "15").set(Field::txtReclinZ, left);
+    dial.set(Field::txtLON, "0").set(Field::txtAO, "20").set(Field::txtDelta, "10").run();
+    const sky::Spot expected =
+        sky::Plane::facing(15, 0).tipShadow(kStyle, sky::sun(rad(45), rad(20), rad(10)));
+    ASSERT_EQ(dial.sheet.list().circles.size(), 1u);
+    const CircleRecord& spot = dial.sheet.list().circles[0];
+    EXPECT_LT(sky::distance({spot.x, -spot.y}, expected), 1e-8) << left;
+  }
+}
+
 TEST(Places, TakeLevelAndBackwardPlanesAndAnyInput) {
   DialCase level = dialOf(drawCities, "0");
   level.set(Field::txt_R2, "-8").set(Field::TxtRadius, "8").run();
