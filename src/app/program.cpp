@@ -2,6 +2,7 @@
 #include "app/program.hpp"
 
 #include <fstream>
+#include <memory>
 #include <system_error>
 
 #include "lettering/specimen.hpp"
@@ -20,13 +21,24 @@ constexpr double kFirstSheet = 10;  // times the page
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
 
+// The judge of a dial whose fields make no scene: there is no shadow at all.
+class NoShadow : public ShadowJudge {
+ public:
+  bool isShadow(Punto, CurveFamily, const Sun&) override { return false; }
+  bool isTrack(Punto, Punto, const Meaning&) override { return false; }
+};
+
 // Has the strokes of a run judged while it lasts, when the panel asks for true shadows only.
 class TrueShadows {
  public:
   TrueShadows(const Panel& panel, SheetPlot& sheet) : sheet_(sheet) {
     if (!panel.on(Field::ckTrue)) return;
-    if (auto scene = proof::sceneOf(panel)) judge_.emplace(std::move(*scene));
-    if (judge_) sheet_.judge(&*judge_);
+    if (auto scene = proof::sceneOf(panel)) {
+      judge_ = std::make_unique<proof::SceneJudge>(std::move(*scene));
+    } else if (proof::hasScenes(panel.chosen())) {
+      judge_ = std::make_unique<NoShadow>();
+    }
+    sheet_.judge(judge_.get());
   }
   ~TrueShadows() { sheet_.judge(nullptr); }
   TrueShadows(const TrueShadows&) = delete;
@@ -34,7 +46,7 @@ class TrueShadows {
 
  private:
   SheetPlot& sheet_;
-  std::optional<proof::SceneJudge> judge_;
+  std::unique_ptr<ShadowJudge> judge_;
 };
 
 RunResult runOf(Panel& panel, DialParams& params, SheetPlot& sheet, const Ports& ports) {

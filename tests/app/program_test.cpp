@@ -36,6 +36,21 @@ TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOne) {
   EXPECT_EQ(program->CartellaDXF().filename(), "DialwrightDXF");
 }
 
+// Fields that make no surface have no shadow: a cone that widens.
+TEST_F(ProgramTest, TrueShadowsOfSenselessFieldsAreNone) {
+  const auto lines = [&](const char* lower, bool onlyTrue) {
+    const auto program = start();
+    program->click(Item::mnuCorncon);
+    program->type(Field::TxtStilo, lower);
+    program->panel().setState(Field::ckTrue, onlyTrue);
+    program->CmdRun_Click();
+    return program->sheet().list().lines.size();
+  };
+  EXPECT_GT(lines("0.6", false), 10000u);
+  EXPECT_LT(lines("0.6", true), 100u);
+  EXPECT_GT(lines("0.3", true), 10000u);
+}
+
 TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
   folder.put("DialwrightDXF", "a file in its place");
   EXPECT_EQ(start()->CartellaDXF(), folder / "DialwrightDXF");

@@ -79,7 +79,7 @@ def drawing():
     expect(hours != whole, "a click's hours can be overridden afterwards, from left to right")
     mixed = run("run", "-o", "-", "1", "--press", "cmdInvX", "TXTLAT=41.9", "--format", "csv", "TxtStilo=0.1")
     expect(rows_of(mixed.stdout) == small, "options before, between and behind the words")
-    sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "-o", "small.svg")
+    sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "--true", "-o", "small.svg")
     expect('viewBox="0 0 1000 800"' in read("small.svg"), "--size")
     expect(sized.stderr == "", "silent when all is well")
     expect("light graph" in run("run", "1", "--verbose").stderr, "--verbose shows the caption")
