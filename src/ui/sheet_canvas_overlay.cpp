@@ -1,11 +1,20 @@
 // What stands over the sheet's pictures and moves without a new one: the shadow, the keyboard's
 // cross.
 #include <QPainter>
+#include <algorithm>
 
 #include "app/moment.hpp"
 #include "ui/sheet_canvas.hpp"
 
 namespace dialwright {
+
+namespace {
+
+constexpr double kLeastEnd = 5;  // pixels; the circle around the end is seen at any zoom
+
+double endRadius(double zoom) { return std::max(kShadowEnd, kLeastEnd / zoom); }  // metres
+
+}  // namespace
 
 void SheetCanvas::showShadow(const std::vector<proof::Polyline>& shadow) {
   viewport()->update(shadowArea().toAlignedRect());
@@ -21,7 +30,7 @@ QPointF SheetCanvas::placeOf(Punto ofDial) const {
 
 QRectF SheetCanvas::shadowArea() const {
   QRectF area;
-  const double rim = kShadowEnd + kShadowWidth / zoom_;
+  const double rim = endRadius(zoom_) + kShadowWidth / zoom_;
   for (const proof::Polyline& line : shadow_) {
     for (const Punto each : line) {
       const QPointF place = placeOf(each);
@@ -54,7 +63,7 @@ void SheetCanvas::drawShadow(QPainter& painter) const {
     const bool closed = first.x == last.x && first.y == last.y;
     const QPointF end = placeOf(last);
     if (!closed && QRectF({0, 0}, size()).contains(end))
-      painter.drawEllipse(toPixel(end), kShadowEnd * zoom_, kShadowEnd * zoom_);
+      painter.drawEllipse(toPixel(end), endRadius(zoom_) * zoom_, endRadius(zoom_) * zoom_);
   }
   painter.restore();
 }
