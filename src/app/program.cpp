@@ -28,7 +28,8 @@ class NoShadow : public ShadowJudge {
   bool isTrack(Punto, Punto, const Meaning&) override { return false; }
 };
 
-// Has the strokes of a run judged while it lasts, when the panel asks for true shadows only.
+// Has the strokes of a run or of a press judged while it lasts, when the panel asks for true
+// shadows only.
 class TrueShadows {
  public:
   TrueShadows(const Panel& panel, SheetPlot& sheet) : sheet_(sheet) {
@@ -141,10 +142,12 @@ void Program::pressEnabled(Field button) {
     case Field::cmdSave: SalvaDefault(); break;
     case Field::cmdData: cmdData_Click(run); break;
     case Field::cmdStati: loadWorld(run); break;
-    case Field::cmdPlot:
+    case Field::cmdPlot: {
       if (world_.rows.empty()) loadWorld(run);
+      const TrueShadows judged(panel_, sheet_);
       DisegnaMondo(run, world_);
       break;
+    }
     case Field::Option_P: click(Field::Option_P, true); break;
     default: break;
   }
@@ -199,6 +202,7 @@ void Program::click(Field field, bool state) {
   Run run(panel_, params_, sheet_, all);
   clickField(run, field, state);
   if (field != Field::Option_P || !state) return;
+  const TrueShadows judged(panel_, sheet_);
   if (panel_.on(Field::ckFunction)) {
     MappaCitta(run);
   } else {

@@ -184,6 +184,22 @@ TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
   EXPECT_FALSE(program->panel().on(Field::Option_P));
 }
 
+// A map by the style of the run, on a panel that has another one by now, is no shadow of that one.
+TEST_F(ProgramTest, JudgesAPressAfterTheRunWithTrueShadows) {
+  const auto program = start();
+  program->click(Item::mnuUni);
+  program->type(Field::txtLON, "0");
+  program->click(Field::ckTrue, true);
+  program->CmdRun_Click();
+  const std::size_t dial = program->sheet().list().size();
+  program->press("Option_P");
+  EXPECT_EQ(program->sheet().list().size(), dial + 11) << "a dot and a star of ten strokes";
+  program->type(Field::TxtStilo, "0.3");
+  program->press("Option_P");
+  EXPECT_EQ(program->sheet().list().size(), dial + 11);
+  EXPECT_EQ(program->sheet().judge(), nullptr);
+}
+
 TEST(Drivers, AreTriedInOneOrderAndCoverWhatIsNotSilent) {
   const std::vector<Item> order = {
       Item::M_Light,      Item::M_CILINDRICI,  Item::M_Proiettivo,  Item::M_Parabolico,
