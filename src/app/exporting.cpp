@@ -25,7 +25,9 @@ PictureOptions pictureOf(const Options& options) {
 }
 
 std::string dxf(Program& program, const Options&, const Sink& sink) {
-  DXF_Generate(program.sheet(), program.params().PiGreco, sink);
+  const bool onlyTrue = program.panel().on(Field::ckTrue);
+  DXF_Generate(program.sheet(), program.params().PiGreco, sink,
+               onlyTrue ? InvertedAxes::True : InvertedAxes::Stored);
   return {};
 }
 

@@ -2,6 +2,7 @@
 #include "app/program.hpp"
 
 #include <fstream>
+#include <memory>
 #include <system_error>
 
 #include "lettering/specimen.hpp"
@@ -20,13 +21,25 @@ constexpr double kFirstSheet = 10;  // times the page
 constexpr double kStartShift = 3.333333;
 constexpr double kWindowShift = 3.3333333;
 
-// Has the strokes of a run judged while it lasts, when the panel asks for true shadows only.
+// The judge of a dial whose fields make no scene: there is no shadow at all.
+class NoShadow : public ShadowJudge {
+ public:
+  bool isShadow(Punto, CurveFamily, const Sun&) override { return false; }
+  bool isTrack(Punto, Punto, const Meaning&) override { return false; }
+};
+
+// Has the strokes of a run or of a press judged while it lasts, when the panel asks for true
+// shadows only.
 class TrueShadows {
  public:
   TrueShadows(const Panel& panel, SheetPlot& sheet) : sheet_(sheet) {
     if (!panel.on(Field::ckTrue)) return;
-    if (auto scene = proof::sceneOf(panel)) judge_.emplace(std::move(*scene));
-    if (judge_) sheet_.judge(&*judge_);
+    if (auto scene = proof::sceneOf(panel)) {
+      judge_ = std::make_unique<proof::SceneJudge>(std::move(*scene));
+    } else if (proof::hasScenes(panel.chosen())) {
+      judge_ = std::make_unique<NoShadow>();
+    }
+    sheet_.judge(judge_.get());
   }
   ~TrueShadows() { sheet_.judge(nullptr); }
   TrueShadows(const TrueShadows&) = delete;
@@ -34,7 +47,7 @@ class TrueShadows {
 
  private:
   SheetPlot& sheet_;
-  std::optional<proof::SceneJudge> judge_;
+  std::unique_ptr<ShadowJudge> judge_;
 };
 
 RunResult runOf(Panel& panel, DialParams& params, SheetPlot& sheet, const Ports& ports) {
@@ -129,10 +142,12 @@ void Program::pressEnabled(Field button) {
     case Field::cmdSave: SalvaDefault(); break;
     case Field::cmdData: cmdData_Click(run); break;
     case Field::cmdStati: loadWorld(run); break;
-    case Field::cmdPlot:
+    case Field::cmdPlot: {
       if (world_.rows.empty()) loadWorld(run);
+      const TrueShadows judged(panel_, sheet_);
       DisegnaMondo(run, world_);
       break;
+    }
     case Field::Option_P: click(Field::Option_P, true); break;
     default: break;
   }
@@ -187,6 +202,7 @@ void Program::click(Field field, bool state) {
   Run run(panel_, params_, sheet_, all);
   clickField(run, field, state);
   if (field != Field::Option_P || !state) return;
+  const TrueShadows judged(panel_, sheet_);
   if (panel_.on(Field::ckFunction)) {
     MappaCitta(run);
   } else {

@@ -83,6 +83,12 @@ void Board::decimalToSex(const Notation& notation) {
   double degrees = 0, minutes = 0, seconds = 0;
   const double value = number(notation.decimal);
   GradiDecToSex(value, degrees, minutes, seconds);
+  if (panel_.on(Field::ckTrue)) {
+    const HourParts parts = roundedParts(std::abs(value));
+    degrees = parts.hours;
+    minutes = parts.minutes;
+    seconds = parts.seconds;
+  }
   at(notation.degrees).text = textOf(std::abs(degrees));
   at(notation.minutes).text = textOf(minutes);
   at(notation.seconds).text = textFixed(seconds, 4);
@@ -148,7 +154,8 @@ BoardInput Board::readInput() const {
           .az = number(BoardField::txtAngle),
           .zone = number(BoardField::TxtFuso),
           .dst = on(BoardField::ckDst),
-          .declination = panelNumber(Field::txtDecl)};
+          .declination = panelNumber(Field::txtDecl),
+          .onlyTrue = panel_.on(Field::ckTrue)};
 }
 
 void Board::write(Field field, std::string_view text) {
@@ -163,14 +170,16 @@ void Board::Declinazione() {
   const std::string declination = textOf(figures_.declination);
   write(Field::txtLineofdeclination, declination);
   write(Field::txtDelta, declination);
-  write(Field::txtAO, textOf(figures_.dialTime - 12));
+  // The panel's field means degrees and has been handed hours.
+  write(Field::txtAO, textOf(input_.onlyTrue ? figures_.hourAngle : figures_.dialTime - 12));
   at(BoardField::txtResult).text = resultsText(input_, figures_, sun_, T_, lineEnd_);
   Transito();
 }
 
 void Board::Transito() {
   if (figures_.UT != 0) {
-    const HourParts& parts = sun_.rightAscensionParts;
+    const HourParts parts =
+        input_.onlyTrue ? roundedParts(sun_.rightAscension) : sun_.rightAscensionParts;
     write(Field::txtSid_h, textOf(parts.hours));
     write(Field::txtSid_m, textOf(parts.minutes));
     write(Field::txtSid_s, textOf(parts.seconds));
@@ -178,7 +187,8 @@ void Board::Transito() {
   }
   const double star = panelNumber(Field::txtSid_h) + panelNumber(Field::txtSid_m) / 60 +
                       panelNumber(Field::txtSid_s) / 3600;
-  const HourParts transit = OreDaAngolo(transitHours(sun_.julianDay, star * 15, input_.Lon) * 15);
+  const double hours = transitHours(sun_.julianDay, star * 15, input_.Lon, input_.onlyTrue);
+  const HourParts transit = input_.onlyTrue ? roundedParts(hours) : OreDaAngolo(hours * 15);
   write(Field::TxtDate, twoDigits(textOf(input_.day)) + " " + twoDigits(textOf(input_.month)) +
                             " " + textOf(input_.year) + T_(" Transit UT ") + textOf(transit.hours) +
                             ":" + textOf(transit.minutes));

@@ -19,6 +19,16 @@ void GradiDecToSex(double decimal, double& degrees, double& minutes, double& sec
   seconds = (sixtieths - minutes) * 60;
 }
 
+HourParts roundedParts(double value) {
+  constexpr double kFine = 1e4, kMinute = 60 * kFine, kWhole = 60 * kMinute;
+  if (!sound(value * kWhole)) return {};
+  const double total = rounded(value * kWhole, 0);
+  const double whole = std::floor(total / kWhole);
+  const double rest = total - whole * kWhole;
+  const double minutes = std::floor(rest / kMinute);
+  return {whole, minutes, (rest - minutes * kMinute) / kFine};
+}
+
 double GradiSexToDec(char sign, double degrees, double minutes, double seconds) {
   const double sum = degrees + minutes / 60 + seconds / 3600;
   if (!sound(sum)) return kFault;

@@ -7,6 +7,7 @@ namespace {
 
 constexpr double kHorizon = -0.01454;  // sine of the sun's depression at sunrise, 50 minutes
 constexpr double kDay = 24;
+constexpr double kSkyADay = 360.98564736629;  // degrees that the sky turns in a day
 
 double aroundTheClock(double hours) {
   return hours > kDay ? hours - kDay : hours < 0 ? hours + kDay : hours;
@@ -23,7 +24,7 @@ void setTimes(const BoardInput& in, BoardFigures& f) {
   assign(f.dialTime, aroundTheClock(f.UT + f.LH + f.equation / 60));
   assign(f.hourAngle, (f.dialTime - 12) * 15);
   assign(f.noon, 12 - (f.LH + f.equation / 60) - in.zone);
-  f.clock = in.dst ? 1 : in.zone;
+  f.clock = in.dst ? 1 : in.onlyTrue ? 0 : in.zone;
 }
 
 void setDirections(const BoardInput& in, const SunOfMoment& sun, BoardFigures& f) {
@@ -55,6 +56,13 @@ double folded(double declination) {
   return declination > 0 ? 180 - declination : -(declination + 180);
 }
 
+// The normal halves the angle between the sun and the way through the wall.
+double normalOfMirror(const SunOfMoment& sun, double azimuth, double declination) {
+  const double normal = (azimuth + declination) / 2 + 90;
+  const bool away = std::cos(sun.radians(normal - azimuth)) < 0;
+  return std::remainder(away ? normal + 180 : normal, 360);
+}
+
 }  // namespace
 
 BoardFigures boardFigures(const BoardInput& in, SunOfMoment& sun) {
@@ -65,15 +73,20 @@ BoardFigures boardFigures(const BoardInput& in, SunOfMoment& sun) {
   setDirections(in, sun, f);
   setDay(in, sun, f);
   assign(f.mirror, (f.azimuth - folded(in.declination)) / 2);
+  if (in.onlyTrue) {
+    assign(f.mirrorNormal, normalOfMirror(sun, f.azimuth, in.declination));
+    sun.reduceRightAscension();
+  }
   return f;
 }
 
-double transitHours(double julianDay, double rightAscension, double longitude) {
+double transitHours(double julianDay, double rightAscension, double longitude, bool ownPace) {
   const double days = julianDay - 2451545;
   const double T = days / 36525;
-  const double theta = Normalizza360(280.46061837 + 360.98564736629 * days + 0.000387933 * T * T -
-                                     T * T * T / 38710000);
+  const double theta =
+      Normalizza360(280.46061837 + kSkyADay * days + 0.000387933 * T * T - T * T * T / 38710000);
   double q = (rightAscension + longitude - theta) / 360;
+  if (ownPace) return (q - std::floor(q)) * kDay * 360 / kSkyADay;
   if (q < 0) q += 1;
   if (q > 1) q -= 1;
   return q * kDay;

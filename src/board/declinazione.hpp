@@ -19,6 +19,7 @@ struct BoardInput {
   double zone = 0;         // hours, West positive
   bool dst = false;        // the clock is one hour ahead of the zone's
   double declination = 0;  // of the main panel's dial
+  bool onlyTrue = false;   // times on the clock, figures reduced, the mirror's normal
 };
 
 // Angles in degrees; azimuths from South, positive to the West, in -180 to 180; times in hours.
@@ -33,9 +34,12 @@ struct BoardFigures {
   double height = 0;  // without refraction
   double wall = 0;    // declination of the wall
   double mirror = 0;  // declination of the mirror
-  double noon = 0;    // on the zone's clock
-  double arc = 0;     // from sunrise to sunset, 24 for a day without a night
-  double clock = 0;   // hours that are added to what is printed of noon, sunrise and sunset
+  // Azimuth of its normal, on the side of the sun, when only true figures are asked for: the beam
+  // then enters the wall squarely.
+  double mirrorNormal = 0;
+  double noon = 0;   // on the zone's clock
+  double arc = 0;    // from sunrise to sunset, 24 for a day without a night
+  double clock = 0;  // hours that are added to what is printed of noon, sunrise and sunset
 
   double sunrise() const { return noon - arc / 2; }
   double sunset() const { return noon + arc / 2; }
@@ -52,7 +56,9 @@ std::string resultsText(const BoardInput& in, const BoardFigures& f, const SunOf
                         const Translator& T, std::string_view lineEnd);
 
 // Hours of the day at which a star of that right ascension (degrees) is on the meridian of a
-// longitude (degrees, West positive), on the day whose 0 h UT is that Julian day.
-double transitHours(double julianDay, double rightAscension, double longitude);
+// longitude (degrees, West positive), on the day whose 0 h UT is that Julian day. The sky is taken
+// to turn once a day, or at its own pace.
+double transitHours(double julianDay, double rightAscension, double longitude,
+                    bool ownPace = false);
 
 }  // namespace dialwright

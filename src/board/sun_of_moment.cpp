@@ -74,6 +74,11 @@ void SunOfMoment::setRightAscension(double obliquity, double lambda) {
     rightAscensionParts = OreDaAngolo(rightAscension * 15);
 }
 
+void SunOfMoment::reduceRightAscension() {
+  rightAscension -= 24 * std::floor(rightAscension / 24);
+  rightAscensionParts = OreDaAngolo(rightAscension * 15);
+}
+
 void SunOfMoment::EqTempo(double year, double month, double day, double hours, double minutes,
                           double seconds, double& result) {
   setJulianDay(year, month, day, hourOfDay(hours, minutes, seconds) / 24);

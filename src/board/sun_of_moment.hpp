@@ -22,6 +22,9 @@ struct SunOfMoment : Angles {
   void EqTempo(double year, double month, double day, double hours, double minutes, double seconds,
                double& result);
 
+  // Brings the right ascension below 24 hours.
+  void reduceRightAscension();
+
  private:
   void setJulianDay(double year, double month, double day, double F);
   void setRightAscension(double obliquity, double lambda);

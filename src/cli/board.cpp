@@ -77,22 +77,24 @@ Json figuresOf(const Board& board) {
   const BoardFigures& f = board.figures();
   const SunOfMoment& sun = board.sun();
   const auto onClock = [&f](double time) { return f.sunSets() ? Json(time + f.clock) : Json(); };
-  return {{"azimuth", f.azimuth},
-          {"height", f.height},
-          {"declination", f.declination},
-          {"rightAscension", sun.rightAscension},
-          {"equationOfTime", f.equation},
-          {"julianDay", sun.julianDay},
-          {"timeOfDial", f.dialTime},
-          {"hourAngle", f.hourAngle},
-          {"standardMeridian", board.input().zone * 15},
-          {"noon", f.noon + f.clock},
-          {"dailyArc", f.arc},
-          {"sunrise", onClock(f.sunrise())},
-          {"sunset", onClock(f.sunset())},
-          {"declinationOfDial", f.wall},
-          {"sense", f.wallSense()},
-          {"declinationOfMirror", f.mirror}};
+  Json figures = {{"azimuth", f.azimuth},
+                  {"height", f.height},
+                  {"declination", f.declination},
+                  {"rightAscension", sun.rightAscension},
+                  {"equationOfTime", f.equation},
+                  {"julianDay", sun.julianDay},
+                  {"timeOfDial", f.dialTime},
+                  {"hourAngle", f.hourAngle},
+                  {"standardMeridian", board.input().zone * 15},
+                  {"noon", f.noon + f.clock},
+                  {"dailyArc", f.arc},
+                  {"sunrise", onClock(f.sunrise())},
+                  {"sunset", onClock(f.sunset())},
+                  {"declinationOfDial", f.wall},
+                  {"sense", f.wallSense()},
+                  {"declinationOfMirror", f.mirror}};
+  if (board.input().onlyTrue) figures["normalOfMirror"] = f.mirrorNormal;
+  return figures;
 }
 
 Json writtenBy(const Board& board, const Panel& panel) {
@@ -106,6 +108,7 @@ Json writtenBy(const Board& board, const Panel& panel) {
 
 void commandBoard(const Request& request) {
   const auto program = startProgram(request);
+  if (request.trueShadows) program->panel().setState(Field::ckTrue, true);
   Board board = program->openBoard();
   board.setMoment(presentOf(request));
   for (const std::string& assignment : request.words) assignBoardField(board, assignment);

@@ -9,6 +9,7 @@
 #include "cli/commands.hpp"
 #include "cli/errors.hpp"
 #include "cli/manual.hpp"
+#include "cli/outputs.hpp"
 #include "cli/request.hpp"
 #include "cli/shadow.hpp"
 #include "cli/words.hpp"
@@ -248,12 +249,15 @@ int runCommandLine(int argc, char** argv) {
   app.require_subcommand(1);
   const std::map<std::string, Command> commands = buildGrammar(app, request);
   try {
-    app.parse(argc, argv);
-    commands.at(app.get_subcommands().front()->get_name())(request);
-    std::cout.flush();
+    try {
+      app.parse(argc, argv);
+      commands.at(app.get_subcommands().front()->get_name())(request);
+    } catch (const CLI::ParseError& error) {
+      // Help and version come this way, too, and have been said.
+      if (const int status = parseFailure(app, error, argc, argv); status != 0) return status;
+    }
+    finishOutput();
     return 0;
-  } catch (const CLI::ParseError& error) {
-    return parseFailure(app, error, argc, argv);
   } catch (const UsageError& error) {
     return usageError(error.what());
   } catch (const CommandFailure& error) {

@@ -65,6 +65,10 @@ void writeTo(const std::string& path, const Writer& writer) {
   writer([](std::string_view chunk) {
     std::cout.write(chunk.data(), static_cast<std::streamsize>(chunk.size()));
   });
+  finishOutput();
+}
+
+void finishOutput() {
   std::cout.flush();
   if (!std::cout)
     throw CommandFailure("standard output took no more: the disk may be full or the reader gone");

@@ -26,6 +26,9 @@ void requirePdf(const std::vector<std::string>& paths);
 // FileError.
 void writeTo(const std::string& path, const Writer& writer);
 
+// Sends off what was written to standard output. Throws CommandFailure unless all of it arrived.
+void finishOutput();
+
 // Writes them in order. Throws CommandFailure with a sentence that names the path and the cause.
 void writeOutputs(Program& program, const std::vector<Output>& outputs, const Request& request);
 

@@ -135,8 +135,9 @@ void runDial(Program& program, const Request& request, Remark remark) {
     result = program.CmdRun_Click();
     program.ports.progress = {};
   }
-  if (request.verbose && !program.sheet().caption().empty())
-    std::cerr << program.sheet().caption() << '\n';
+  // A dial may refuse by its caption alone: then it takes the place of a message.
+  const bool told = request.verbose || (result == RunResult::Refused && !request.quiet);
+  if (told && !program.sheet().caption().empty()) std::cerr << program.sheet().caption() << '\n';
   if (result == RunResult::Refused) throw CommandFailure("");
   if (remarks) remarkOnShadows(program);
 }

@@ -53,7 +53,7 @@ class Background {
     ticks(0, 15, inner_);
     numerals();
     // The quarters start at a quarter turn's number of radians, taken as degrees.
-    ticks(p_.PiGreco / 2, 15.0 / 4, middle_);
+    ticks(run_.trueShadows() ? 0 : p_.PiGreco / 2, 15.0 / 4, middle_);
     days();
     signs();
   }
@@ -64,6 +64,8 @@ class Background {
   void numerals();
   void days();
   void day(double d, int ink);
+  Punto beyondSunset(double r) const;
+  void besideMeridian(Punto& at, double r) const;
   void signs();
 
   Run& run_;
@@ -111,24 +113,41 @@ void Background::days() {
   day(-kSolstice, kSummerInk);
 }
 
-// Every circle has the arc of a winter's day, also that of a summer's.
+// The circle of declination -d. Every one has the arc of a winter's day, also that of a summer's,
+// unless it is to be true.
 void Background::day(double d, int ink) {
   const double c = cosineOfSemiArc(p_.LatRad, p_.radians(d));
   if (std::abs(c) > 1) return;
-  dayArc(p_, sheet_, ring(p_, R_, d), p_.ArcCos(std::abs(c)), ink);
+  dayArc(p_, sheet_, R_, -d, p_.ArcCos(run_.trueShadows() ? -c : std::abs(c)), ink);
 }
 
-// A sign stands at the height where its ring meets the circle that runs kSignsBeyond outside the
-// horizon. It goes beside the meridian on a large chart only; else both stand on it.
-void Background::signs() {
+// Where a ring meets the horizon in the West, and kSignsBeyond further outwards.
+Punto Background::beyondSunset(double r) const {
+  const double sine = std::sin(p_.LatRad), cosine = std::cos(p_.LatRad);
+  const double y = (r * r - R_ * R_) / (2 * R_) * sine / cosine;
+  const double x = std::sqrt(r * r - y * y);
+  return {x + kSignsBeyond * sine * x / R_, y + kSignsBeyond * (sine * y / R_ - cosine)};
+}
+
+// At the height where a ring meets the circle that runs kSignsBeyond outside the horizon. It goes
+// beside the meridian on a large chart only; else both signs of a day stand on it.
+void Background::besideMeridian(Punto& at, double r) const {
   const double centre = over(R_, std::tan(p_.LatRad));
   const double q = over(R_, std::sin(p_.LatRad)) + kSignsBeyond;
+  assign(at.y, over(r * r - q * q + centre * centre, 2 * centre));
+  const double square = r * r - at.y * at.y;
+  if (square > kLeastSquare) assign(at.x, root(square));
+}
+
+void Background::signs() {
   Punto at;
   for (const DaySigns& signs : kDaySigns) {
     const double r = ring(p_, R_, signs.declination);
-    assign(at.y, over(r * r - q * q + centre * centre, 2 * centre));
-    const double square = r * r - at.y * at.y;
-    if (square > kLeastSquare) assign(at.x, root(square));
+    if (run_.trueShadows()) {
+      assign(at, beyondSunset(r));
+    } else {
+      besideMeridian(at, r);
+    }
     signs.left(run_, -at.x, at.y, 90, 1);
     signs.right(run_, at.x, at.y, 90, 1);
   }

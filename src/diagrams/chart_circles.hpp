@@ -22,13 +22,18 @@ inline void arc(SheetPlot& sheet, Punto centre, double radius, Rgb colour, doubl
   circle(sheet, centre, radius, colour, {.startAngle = start, .endAngle = end});
 }
 
-// The arc of a day: a semi-diurnal arc on both sides of the South. A negative angle would ask for a
-// line to the centre.
-inline void dayArc(const Angles& angles, SheetPlot& sheet, double radius, double semiArc, int ink) {
+// The arc of a day on a chart of radius R: a semi-diurnal arc (radians) on both sides of the South.
+// The declination is in degrees. A negative angle would ask for a line to the centre.
+inline void dayArc(const Angles& angles, SheetPlot& sheet, double R, double declination,
+                   double semiArc, int ink) {
+  const double radius = ring(angles, R, -declination);
   const double south = angles.PiGreco / 2;
   const double start = south - semiArc;
-  arc(sheet, {0, 0}, radius, palette(ink), start < 0 ? start + 2 * angles.PiGreco : start,
-      south + semiArc);
+  if (!sound(radius + semiArc)) return;
+  const Sun sun{Sun::kOpen, angles.radians(declination)};
+  arc(sheet, {0, 0}, radius, palette(ink),
+      {.startAngle = start < 0 ? start + 2 * angles.PiGreco : start, .endAngle = south + semiArc},
+      {CurveFamily::Declinations, sun, sun});
 }
 
 }  // namespace dialwright

@@ -120,8 +120,8 @@ bool Chart::sunSetsAllYear() const {
 
 void Chart::solstices() {
   const double solstice = p_.radians(kSolstice);
-  dayArc(p_, sheet_, winter_, p_.ArcCos(cosineOfSemiArc(p_.LatRad, -solstice)), kWinterInk);
-  dayArc(p_, sheet_, summer_, p_.ArcCos(cosineOfSemiArc(p_.LatRad, solstice)), kSummerInk);
+  dayArc(p_, sheet_, R_, -kSolstice, p_.ArcCos(cosineOfSemiArc(p_.LatRad, -solstice)), kWinterInk);
+  dayArc(p_, sheet_, R_, kSolstice, p_.ArcCos(cosineOfSemiArc(p_.LatRad, solstice)), kSummerInk);
 }
 
 // The great circle whose pole is the zenith. At the equator it is the line East to West: its centre

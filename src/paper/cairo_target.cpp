@@ -154,6 +154,7 @@ void CairoTarget::circle(const TargetCircle& circle) {
   const bool mapped = within(circle.aspect, 1e-6, 1e6) && std::isfinite(circle.startAngle) &&
                       std::isfinite(circle.endAngle);  // Cairo can't scale by zero
   if (!mapped || !reachable(circle.x, circle.y) || !within(circle.radius, 0, kFarthest)) return;
+  if (circle.radius == 0) return point(circle.x, circle.y, circle.colour);
   flush();
   arcPath(circle);
   if (circle.fill >= 0 && circle.closed()) {

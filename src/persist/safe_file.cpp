@@ -2,6 +2,7 @@
 #include "persist/safe_file.hpp"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -107,19 +108,26 @@ void fill(int descriptor, const fs::path& path, const Writer& writer) {
   output.flush();
 }
 
+// A lock goes with the open file and ends with its process, however that ends.
+bool lock(const Descriptor& file) { return ::flock(file.number(), LOCK_EX | LOCK_NB) == 0; }
+
 // A new file in a folder. It gets a name when it is whole, so that a program that is interrupted
-// leaves nothing behind; where the file system makes no files without a name, it has one of its own
-// from the start.
+// while it writes leaves nothing behind; where the file system makes no files without a name, it
+// has one of its own from the start. Under that name it is locked: what bears such a name and isn't
+// was left by a program that came to a sudden end.
 class Temporary {
  public:
   Temporary(const fs::path& folder, const fs::path& wanted) : folder_(folder), wanted_(wanted) {
     if (::access(kOpenFiles, X_OK) == 0) {
       file_ = Descriptor(::open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
     }
-    if (file_.open()) return;
+    if (file_.open()) {
+      lock(file_);
+      return;
+    }
     findName([this](const char* name) {
       file_ = Descriptor(::open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-      return file_.open();
+      return file_.open() && keepsName();
     });
   }
   Temporary(const Temporary&) = delete;
@@ -138,12 +146,38 @@ class Temporary {
         return ::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
       });
     }
-    if (!file_.close()) throw unwritable(wanted_, errno);
+    // Some file systems tell only here that something did not arrive. The lock stays with the other
+    // descriptor until the file is in its place.
+    Descriptor twin(::dup(file_.number()));
+    if (!twin.open() || !twin.close()) throw unwritable(wanted_, errno);
     if (::rename(name_.c_str(), target.c_str()) != 0) throw unwritable(wanted_, errno);
     name_.clear();
   }
 
+  // Removes what programs that came to a sudden end have left in a folder.
+  static void removeLeftovers(const fs::path& folder) {
+    std::error_code none;
+    for (fs::directory_iterator at(folder, none), end; !none && at != end; at.increment(none)) {
+      const std::string name = at->path().filename().string();
+      if (!name.starts_with(kPrefix) || !name.ends_with(kEnding)) continue;
+      const Descriptor file(::open(at->path().c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC));
+      if (file.open() && lock(file)) ::unlink(at->path().c_str());
+    }
+  }
+
  private:
+  static constexpr std::string_view kPrefix = ".dialwright-";
+  static constexpr std::string_view kEnding = ".tmp";
+
+  // Locks a file that was made under a name; false when it was taken for a leftover before that.
+  bool keepsName() const {
+    struct stat status {};
+    const bool locked = lock(file_) || errno != EWOULDBLOCK;  // some file systems have no locks
+    if (locked && ::fstat(file_.number(), &status) == 0 && status.st_nlink > 0) return true;
+    errno = EEXIST;
+    return false;
+  }
+
   // Where the system shows a program its open files; a file is named by way of it.
   static constexpr char kOpenFiles[] = "/proc/self/fd/";
 
@@ -153,7 +187,8 @@ class Temporary {
     constexpr int kAttempts = 100;
     std::random_device random;
     for (int i = 0; i < kAttempts; ++i) {
-      const fs::path name = folder_ / (".dialwright-" + std::to_string(random()) + ".tmp");
+      const fs::path name =
+          folder_ / std::string(kPrefix).append(std::to_string(random())).append(kEnding);
       if (make(name.c_str())) {
         name_ = name;
         return;
@@ -236,6 +271,7 @@ void replaceFile(const fs::path& path, const Writer& writer) {
   if (old.exists) requireWritable(old, path);
   requireWritable(folder, path);
 
+  Temporary::removeLeftovers(folder.path);
   Temporary file(folder.path, path);
   fill(file.descriptor(), path, writer);
   if (old.exists) inherit(file.descriptor(), old, path);

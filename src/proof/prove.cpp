@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "sheet/pen.hpp"
+
 namespace dialwright::proof {
 
 namespace {
@@ -71,6 +73,7 @@ Proof prove(const DisplayList& list, const Scene& scene, double within,
   SceneJudge judge(scene, within);
   proof.lines.assign(list.lines.size(), Finding::True);
   proof.points.assign(list.points.size(), Finding::True);
+  proof.circles.assign(list.circles.size(), Finding::True);
   for (std::size_t i = 0; i < list.lines.size(); ++i) {
     if (stopped && stopped()) break;
     const Meaning meaning = list.meaningOfLine(i);
@@ -90,12 +93,27 @@ Proof prove(const DisplayList& list, const Scene& scene, double within,
     proof.points[i] = found.finding;
     table.count(point.layer, found);
   }
+  for (std::size_t i = 0; i < list.circles.size(); ++i) {
+    const Meaning meaning = list.meaningOfCircle(i);
+    if (!meaning.first.known()) continue;
+    const CircleRecord& circle = list.circles[i];
+    StrokeFinding worst;
+    alongArc(circle, [&](Punto at) {
+      const StrokeFinding found = judge.find(at, at, meaning);
+      if (found.finding > worst.finding) worst.finding = found.finding;
+      worst.miss = std::max(worst.miss, found.miss);
+      worst.minutes = std::max(worst.minutes, found.minutes);
+    });
+    proof.circles[i] = worst.finding;
+    table.count(circle.layer, worst);
+  }
   return proof;
 }
 
 void mark(DisplayList& list, const Proof& proof) {
   paint(list.lines, proof.lines);
   paint(list.points, proof.points);
+  paint(list.circles, proof.circles);
 }
 
 }  // namespace dialwright::proof

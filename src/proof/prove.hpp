@@ -19,8 +19,8 @@ struct LayerProof {
 };
 
 struct Proof {
-  std::vector<LayerProof> layers;      // that have such strokes, in the order of their first one
-  std::vector<Finding> lines, points;  // of each record; True for what stands for no sun
+  std::vector<LayerProof> layers;  // that have such strokes, in the order of their first one
+  std::vector<Finding> lines, points, circles;  // of each record; True for what stands for no sun
 
   LayerProof total() const;
 };

@@ -1,6 +1,8 @@
 // The table of the scenes.
 #include "proof/scenes.hpp"
 
+#include <algorithm>
+
 #include "proof/scenes/builders.hpp"
 
 namespace dialwright::proof {
@@ -32,6 +34,12 @@ constexpr SceneRow kScenes[] = {
     {Item::mnucatenaria, wireAndChain},
     {Item::mnuBall, levelBall},
     {Item::mnuBall_v, uprightBall},
+    {Item::mnuCorncil, cylindricalCornice},
+    {Item::mnuCorncon, conicalCornice},
+    {Item::mnuCorn_flat, outerDisc},
+    {Item::mnuCorn_flat2, innerDisc},
+    {Item::mnuConoAntico, scaphe},
+    {Item::mnuDia, skyChart},
 };
 // clang-format on
 
@@ -43,6 +51,10 @@ std::optional<Scene> sceneOf(const Panel& panel) {
     if (row.dial == dial) return row.make(panel);
   }
   return std::nullopt;
+}
+
+bool hasScenes(Item dial) {
+  return std::ranges::any_of(kScenes, [=](const SceneRow& row) { return row.dial == dial; });
 }
 
 double numberIn(const Panel& panel, Field field) {

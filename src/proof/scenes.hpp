@@ -12,6 +12,9 @@ namespace dialwright::proof {
 // fields that make none.
 std::optional<Scene> sceneOf(const Panel& panel);
 
+// True for a dial that has a scene where its fields make sense.
+bool hasScenes(Item dial);
+
 // The number of a field, 0 when it is too large.
 double numberIn(const Panel& panel, Field field);
 

@@ -57,6 +57,7 @@ void DisplayList::clear() {
   texts.clear();
   lineMeanings_.clear();
   pointMeanings_.clear();
+  circleMeanings_.clear();
 }
 
 void DisplayList::append(DisplayList&& other) {

@@ -100,13 +100,15 @@ class DisplayList {
   // What the strokes stand for is kept beside the records, once somebody wants to know.
   void keepMeanings(bool keep) { keepsMeanings_ = keep; }
   bool keepsMeanings() const { return keepsMeanings_; }
-  // The meaning of the line, and of the point, that came last.
+  // The meaning of the line, the point and the circle that came last.
   void meanLine(const Meaning& meaning) { mean(lineMeanings_, lines.size(), meaning); }
   void meanPoint(const Meaning& meaning) { mean(pointMeanings_, points.size(), meaning); }
-  // The meaning of a line and of a point by its place in its list; of family None when it stands
-  // for no sun or nobody asked before it was drawn.
+  void meanCircle(const Meaning& meaning) { mean(circleMeanings_, circles.size(), meaning); }
+  // The meaning of a line, a point and a circle by its place in its list; of family None when it
+  // stands for no sun or nobody asked before it was drawn.
   Meaning meaningOfLine(std::size_t line) const { return meaningIn(lineMeanings_, line); }
   Meaning meaningOfPoint(std::size_t point) const { return meaningIn(pointMeanings_, point); }
+  Meaning meaningOfCircle(std::size_t circle) const { return meaningIn(circleMeanings_, circle); }
 
   void clear();
   // Takes over what another list holds, behind what this one has.
@@ -167,6 +169,7 @@ class DisplayList {
   std::vector<EntityKind> order_;
   std::vector<Meaning> lineMeanings_;
   std::vector<Meaning> pointMeanings_;
+  std::vector<Meaning> circleMeanings_;
   bool keepsMeanings_ = false;
   std::vector<std::string> names_;
   std::unordered_map<std::string, std::uint32_t> numbers_;

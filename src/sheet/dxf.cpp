@@ -2,6 +2,8 @@
 #include "sheet/dxf.hpp"
 
 #include <array>
+#include <tuple>
+#include <type_traits>
 
 #include "numerics/fault.hpp"
 #include "sheet/utf8.hpp"
@@ -66,9 +68,9 @@ std::string DXF_DefaultName(const std::tm& now) {
   return name;
 }
 
-void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
+void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink, InvertedAxes axes) {
   OutputBuffer out(sink);
-  DxfWriter writer(sheet, piGreco, out);
+  DxfWriter writer(sheet, piGreco, out, axes);
   writer.DXF_CreaHeader();
   out << " 0 \r\nSECTION\r\n 2 \r\nENTITIES\r\n";
   writer.DXF_Entities();
@@ -76,8 +78,8 @@ void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink) {
   out.flush();
 }
 
-DxfWriter::DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out)
-    : sheet_(sheet), piGreco_(piGreco), out_(out) {
+DxfWriter::DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out, InvertedAxes axes)
+    : sheet_(sheet), piGreco_(piGreco), out_(out), trueAxes_(axes == InvertedAxes::True) {
   for (const std::string& name : sheet.list().layerNames()) layers_.push_back(layerText(name));
 }
 
@@ -90,7 +92,13 @@ void DxfWriter::DXF_CreaHeader() {
 }
 
 void DxfWriter::DXF_Entities() {
-  sheet_.list().visit([this](auto& record) { write(record); });
+  sheet_.list().visit([this](auto& record) {
+    using Record = std::remove_reference_t<decltype(record)>;
+    if constexpr (!std::is_same_v<Record, VertexRecord>) {  // a vertex is known by its place
+      if (trueAxes_) return writeCopy(record);
+    }
+    write(record);
+  });
 }
 
 // --- Records: x goes to the writer itself, y as a negated copy.
@@ -174,8 +182,19 @@ void DxfWriter::DXF_Line(double& x1, double& y1, double& x2, double& y2, int col
   out_.significant(y2 * kMillimetres) << "\r\n 31 \r\n0\r\n";
 }
 
-// The four values pass from line to line by reference: each is turned over once for each use.
+// The four values pass from line to line by reference: each is turned over once for each use, but
+// for true axes.
 void DxfWriter::DXF_Box(double& x1, double& y1, double& x2, double& y2, int colour, LayerId layer) {
+  if (trueAxes_) {
+    const auto edge = [&](double fromX, double fromY, double toX, double toY) {
+      DXF_Line(fromX, fromY, toX, toY, colour, layer);
+    };
+    edge(x1, y2, x2, y2);
+    edge(x2, y2, x2, y1);
+    edge(x2, y1, x1, y1);
+    edge(x1, y1, x1, y2);
+    return;
+  }
   DXF_Line(x1, y2, x2, y2, colour, layer);
   DXF_Line(x2, y2, x2, y1, colour, layer);
   DXF_Line(x2, y1, x1, y1, colour, layer);
@@ -191,6 +210,18 @@ void DxfWriter::DXF_Circle(double& x, double& y, double radius, int colour, Laye
   out_.significant(radius * kMillimetres) << "\r\n";
 }
 
+// An arc's ends, in degrees, as the axes turn it: a mirror changes the way round, and with it the
+// ends.
+std::pair<double, double> DxfWriter::mirrored(double start, double end) const {
+  if (sheet_.SignX() < 0) {
+    start = 180 - std::exchange(end, 180 - start);
+  }
+  if (sheet_.SignY() < 0) {
+    start = -std::exchange(end, -start);
+  }
+  return {start, end};
+}
+
 void DxfWriter::DXF_Arc(double& x, double& y, double radius, double start, double end, int colour,
                         LayerId layer) {
   if (!toSheet(x, y) || !sound(radius * kMillimetres) || !sound(start) || !sound(end)) return;
@@ -198,6 +229,7 @@ void DxfWriter::DXF_Arc(double& x, double& y, double radius, double start, doubl
   colourGroup(colour);
   position(x, y);
   out_ << " 30 \r\n0\r\n 40 \r\n";
+  if (trueAxes_) std::tie(start, end) = mirrored(start, end);
   out_.significant(radius * kMillimetres) << "\r\n 50 \r\n";
   out_.significant(start) << "\r\n 51 \r\n";
   out_.significant(end) << "\r\n";

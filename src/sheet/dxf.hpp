@@ -3,6 +3,7 @@
 
 #include <ctime>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "sheet/output_buffer.hpp"
@@ -15,8 +16,12 @@ namespace dialwright {
 //
 // piGreco is the circle constant that the arcs' angles are turned into degrees with. With an
 // inverted x axis every export turns the stored x values over, so that every second one is not
-// mirrored; that is why the sheet is not const.
-void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink);
+// mirrored; that is why the sheet is not const. A box's edges are turned over edge by edge then,
+// and an arc keeps its angles; both are right with InvertedAxes::True, which leaves the sheet as it
+// is.
+enum class InvertedAxes { Stored, True };
+void DXF_Generate(SheetPlot& sheet, double piGreco, const Sink& sink,
+                  InvertedAxes axes = InvertedAxes::Stored);
 
 // The name that a save dialogue proposes, without its ending: "DXF", then year, month, day, hour,
 // minute and second as plain numbers.
@@ -30,7 +35,8 @@ int DXF_QbColorConverter(Rgb colour);
 // reference are multiplied by the sheet's axis signs for good.
 class DxfWriter {
  public:
-  DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out);
+  DxfWriter(SheetPlot& sheet, double piGreco, OutputBuffer& out,
+            InvertedAxes axes = InvertedAxes::Stored);
 
   void DXF_CreaHeader();
   void DXF_Entities();
@@ -55,7 +61,13 @@ class DxfWriter {
   void write(BoxRecord& box);
   void write(CircleRecord& circle);
   void write(VertexRecord& vertex);
+  // A record that the writer turns over as a copy.
+  template <class Record>
+  void writeCopy(Record record) {
+    write(record);
+  }
 
+  std::pair<double, double> mirrored(double start, double end) const;
   bool toSheet(double& x, double& y) const;
   void head(std::string_view entity, LayerId layer);
   void colourGroup(int colour);
@@ -64,6 +76,7 @@ class DxfWriter {
   SheetPlot& sheet_;
   double piGreco_;
   OutputBuffer& out_;
+  bool trueAxes_;
   std::vector<std::string> layers_;  // the names as a DXF may hold them
 };
 

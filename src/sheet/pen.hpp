@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "numerics/projection.hpp"
 #include "sheet/sheet_plot.hpp"
@@ -145,6 +146,36 @@ inline void dot(SheetPlot& sheet, Punto at, const Ink& ink, const Sun& sun) {
 inline void circle(SheetPlot& sheet, Punto centre, double radius, Rgb colour,
                    const CircleStyle& style = {}) {
   sheet.xCircle(centre.x, sheetY(centre.y), radius, colour, style);
+}
+
+// Points of a circle's arc, evenly and counter-clockwise from its start to its end: those that
+// stand for it where it is held against a shadow. Calls visitor(point) in dial coordinates.
+template <class Visitor>
+void alongArc(const CircleRecord& arc, Visitor visitor) {
+  constexpr int kPieces = 32;
+  const double turn = 2 * std::numbers::pi;
+  const double sweep = arc.endAngle - arc.startAngle + (arc.endAngle > arc.startAngle ? 0 : turn);
+  for (int i = 0; i <= kPieces; ++i) {
+    const double angle = arc.startAngle + sweep * i / kPieces;
+    visitor(Punto{arc.x + arc.radius * std::cos(angle), -arc.y + arc.radius * std::sin(angle)});
+  }
+}
+
+// The arc of a circle that a shadow follows, which a judge may refuse.
+inline void arc(SheetPlot& sheet, Punto centre, double radius, Rgb colour, const CircleStyle& style,
+                const Meaning& meaning) {
+  if (ShadowJudge* judge = sheet.judge()) {
+    const CircleRecord record{centre.x,   sheetY(centre.y), radius,         style.aspect, colour,
+                              style.fill, style.startAngle, style.endAngle, style.layer};
+    bool all = true;
+    alongArc(record,
+             [&](Punto p) { all = all && judge->isShadow(p, meaning.family, meaning.first); });
+    if (!all) return;
+  }
+  const std::size_t before = sheet.list().circles.size();
+  circle(sheet, centre, radius, colour, style);
+  if (sheet.list().keepsMeanings() && sheet.list().circles.size() > before)
+    sheet.list().meanCircle(meaning);
 }
 
 // A line of text in a colour, which stays the sheet's ForeColor.

@@ -430,7 +430,11 @@ void SvgWriter::draw(const CircleRecord& circle) {
   const double x = across(circle.x * sheet_.SignX());
   const double y = down(circle.y * sheet_.SignY());
   const double radius = circle.radius * kMicrometres;
-  if (!reaches(x, y) || !(radius > 0 && radius <= kReach)) return;
+  if (!reaches(x, y) || !(radius >= 0 && radius <= kReach)) return;
+  if (radius == 0) {  // which would not be shown
+    joiner_.dot(spot(x, y), circle.colour);
+    return;
+  }
   const double aspect = circle.aspect > 0 && sound(circle.aspect) ? circle.aspect : 1;
   const double wide = aspect > 1 ? radius / aspect : radius;
   const double high = aspect > 1 ? radius : radius * aspect;

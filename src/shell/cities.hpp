@@ -12,6 +12,12 @@ struct City {
   double longitudeTerm;   // degrees: the longitude with West positive
   double
       storedDeclination;  // degrees: minus the latitude, but the latitude itself for the two poles
+
+  // Degrees, North positive, of the poles as of all others.
+  constexpr double latitude() const {
+    const bool pole = storedDeclination == 90 || storedDeclination == -90;
+    return pole ? storedDeclination : -storedDeclination;
+  }
 };
 
 // All 166 cities in the order in which a dial draws them, roughly from East to West.

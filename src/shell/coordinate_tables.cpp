@@ -82,7 +82,7 @@ class Tables {
         window_(report.run),
         plane_(Piano{p_.Stilo, p_.LatRad, p_.DeclRad, p_.PiGreco / 2}),
         step_(over(kHour, report.run.number(Field::TxtHour))),
-        correction_(report.run.on(Field::ck_Etna) ? p_.CorrLon : 0),
+        correction_(correctionOf(report)),
         corners_{{{window_.x1, window_.y1, "h            x1          y         y1           x "},
                   {window_.x2, window_.y2, "h            x2          y         y2           x "}}} {
   }
@@ -93,6 +93,11 @@ class Tables {
   void say(std::string_view text) const { r_.say(text); }
   Sweep hours() const {
     return r_.run.sweep(-kLastHourAngle, kLastHourAngle, step_, {.step = Field::TxtHour});
+  }
+  // CorrLon is that of the zone of the first meridian to the East.
+  static double correctionOf(const Report& report) {
+    if (!report.run.on(Field::ck_Etna)) return 0;
+    return report.run.trueShadows() ? report.p.CorrFuso : report.p.CorrLon;
   }
   // The sun's hour angle of the line of a clock's hour angle; degrees to radians.
   double hourAngle(double H) const { return p_.radians(H) - correction_; }

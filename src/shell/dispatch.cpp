@@ -1,6 +1,8 @@
 // The run's dispatch.
 #include "shell/dispatch.hpp"
 
+#include "sheet/pen.hpp"
+
 namespace dialwright {
 
 bool CmdRun_Click(Run& run, std::span<const DriverRow> drivers) {
@@ -37,7 +39,7 @@ void DisegnaCornice(Run& run) {
   const double y1 = run.number(Field::y1txt);
   const double x2 = run.number(Field::x2txt);
   const double y2 = run.number(Field::y2txt);
-  run.sheet.xBox(x1, -y1, x2, -y2, palette(3), false, run.sheet.layer("Quadro"));
+  run.sheet.xBox(x1, sheetY(y1), x2, sheetY(y2), palette(3), false, run.sheet.layer("Quadro"));
 }
 
 }  // namespace dialwright

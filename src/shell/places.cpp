@@ -21,12 +21,13 @@ constexpr double kInnerStar = 0.381966;
 // The plane of the dial with its lit side, for suns given in degrees.
 class PlaceMap {
  public:
-  explicit PlaceMap(const Run& run) : p_(run.params), projection_(planeOf(run)) {
+  explicit PlaceMap(const Run& run)
+      : p_(run.params), sheet_(run.sheet), projection_(planeOf(run)), onlyTrue_(run.trueShadows()) {
     const double declination = run.number(Field::txtDecl);
     const Piano plane = planeOf(run);
     sinLat_ = std::sin(plane.LatRad);
     cosLat_ = std::cos(plane.LatRad);
-    level_ = p_.InclinGradi == 0;
+    level_ = plane.ZenitPiano == 0;
     backwards_ = std::abs(declination) >= 90;
     tanDecl_ = std::tan(plane.DeclRad);
     depth_ = over(1, std::tan(plane.ZenitPiano) * std::cos(plane.DeclRad));
@@ -34,6 +35,7 @@ class PlaceMap {
 
   // Projects a sun; what fails keeps its value from the sun before. False on the dark side.
   bool litImage(double hourAngle, double declination, Punto& image) {
+    if (onlyTrue_) return trueImage(hourAngle, declination, image);
     const double H = p_.radians(hourAngle), delta = p_.radians(declination);
     if (!sound(H) || !sound(delta)) return false;
     const double sinH = std::sin(H), cosH = std::cos(H), tanDelta = std::tan(delta);
@@ -55,6 +57,20 @@ class PlaceMap {
     return true;
   }
 
+  // Projects a sun that is up and before the plane, by the plane's normal: false for any other.
+  bool trueImage(double hourAngle, double declination, Punto& image) const {
+    const double H = p_.radians(hourAngle), delta = p_.radians(declination);
+    const double sinH = std::sin(H), cosH = std::cos(H);
+    const double sine = std::sin(delta), cosine = std::cos(delta), tangent = std::tan(delta);
+    const double height = sinLat_ * sine + cosLat_ * cosine * cosH;
+    const bool before = projection_.lit(sinH, cosH, tangent) == (cosine > 0);
+    if (!sound(height) || !(height > 0) || !before) return false;
+    const Punto shadow = projection_(sinH, cosH, tangent);
+    if (!sound(shadow.x) || !sound(shadow.y)) return false;
+    image = shadow;
+    return isShown(sheet_, image, CurveFamily::Marks, {H, delta});
+  }
+
   // Projects a sun on either side.
   void image(double hourAngle, double declination, Punto& image) const {
     const double H = p_.radians(hourAngle);
@@ -62,23 +78,29 @@ class PlaceMap {
   }
 
  private:
+  // A dial without a field for its inclination is an upright wall, whatever an earlier dial has
+  // left in the record.
   static Piano planeOf(const Run& run) {
     const DialParams& p = run.params;
-    const double declination = p.InclinGradi == 0 ? 0 : run.number(Field::txtDecl);
+    const double inclination = run.panel[Field::txtReclinZ].visible ? p.InclinGradi : 90;
+    const double declination = inclination == 0 ? 0 : run.number(Field::txtDecl);
     return {p.Stilo, p.radians(run.number(Field::txtLAT)), p.radians(declination),
-            p.radians(p.InclinGradi)};
+            p.radians(inclination)};
   }
 
   const DialParams& p_;
+  const SheetPlot& sheet_;
   Projection projection_;
   double sinLat_ = 0, cosLat_ = 0, tanDecl_ = 0, depth_ = 0;
   double azimuth_ = 0, zenithDistance_ = 0;
   bool level_ = false;
   bool backwards_ = false;
+  bool onlyTrue_;
 };
 
-// The dictionary's "Inv" turns the map over: the stored declinations then count as they are.
-double mapSign(const Run& run) { return run.on(Field::ckAssi) ? -1 : 1; }
+// Without "Inv" the stored declinations count as they are, minus the latitude: the map is upside
+// down, unless only true shadows are drawn.
+double mapSign(const Run& run) { return run.on(Field::ckAssi) || run.trueShadows() ? -1 : 1; }
 
 std::string withoutDigits(std::string_view text) {
   std::string name;
@@ -104,7 +126,10 @@ void drawRows(Run& run, const WorldTable& world, Rgb colour, Wanted wanted) {
     if (!wanted(row)) continue;
     first = first || row.Tratto != stretch;
     stretch = row.Tratto;
-    if (!map.litImage(row.AngoloOrario, sigma * row.Declinazione, image)) continue;
+    if (!map.litImage(row.AngoloOrario, sigma * row.Declinazione, image)) {
+      first = first || run.trueShadows();  // the dark side parts a run
+      continue;
+    }
     pen.visit(image, drawIf(!first && window.holds(image)));
     first = false;
   }
@@ -183,17 +208,25 @@ void MappaCitta(Run& run) {
     run.sheet.ForeColor = palette(10);
     run.sheet.Dati(name, image.x, -(image.y - kNameDrop));
   };
-  for (const City& city : cities())
-    draw(city.name, city.longitudeTerm - longitude, city.storedDeclination);
-  draw("", 0, 0);  // the list is read one row past its last city
+  for (const City& city : cities()) {
+    const bool straight = run.trueShadows();  // the poles too
+    draw(city.name, city.longitudeTerm - longitude,
+         straight ? sigma * city.latitude() : city.storedDeclination);
+  }
+  if (!run.trueShadows()) draw("", 0, 0);  // the list is read one row past its last city
 }
 
 void PuntoOpzionale(Run& run) {
   run.sheet.Messaggio(run.T("Optional position"));
   const DialParams& p = run.params;
   Punto image;
-  PlaceMap(run).image(run.number(Field::txtAO) - run.number(Field::txtLON),
-                      run.number(Field::txtDelta), image);
+  const double hourAngle = run.number(Field::txtAO) - run.number(Field::txtLON);
+  const double declination = run.number(Field::txtDelta);
+  if (run.trueShadows()) {
+    if (!PlaceMap(run).trueImage(hourAngle, declination, image)) return;
+  } else {
+    PlaceMap(run).image(hourAngle, declination, image);
+  }
   const double radius = (p.Stilo / 20) * std::sin(p.radians(18)) / std::sin(p.radians(126));
   circle(run.sheet, image, radius, palette(14), {.fill = palette(9)});
   StellaCinquePunte(run.sheet, image.x, image.y, p.Stilo / 20, palette(15));

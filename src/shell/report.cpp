@@ -21,7 +21,8 @@ constexpr std::array kFlat = {Item::mnuUni,  Item::mnuVertSph,   Item::M_Frinter
 void generalBlock(const Report& r) {
   const SheetPlot& sheet = r.run.sheet;
   const auto typed = [&r](Field field) { return r.run.panel.text(field); };
-  r.run.sheet.Dati(r.run.T("DATA: "), -sheet.ShiftX() + kFromLeftEdge, -sheet.ShiftY());
+  const double fromLeft = r.run.trueShadows() ? 0 : kFromLeftEdge;
+  r.run.sheet.Dati(r.run.T("DATA: "), -sheet.ShiftX() + fromLeft, -sheet.ShiftY());
   r.say({{"Latitude ", typed(Field::txtLAT), kDegree},
          {"Longitude ", typed(Field::txtLON), kDegree}});
   if (!r.f.level) r.say({{"Declination ", typed(Field::txtDecl), kDegree}});

@@ -52,14 +52,20 @@ void setStyle(Run& run, ReportFigures& f) {
   if (f.level) f.centre.x = p.SustilareReport = 0;
 }
 
-void setSubstyleHour(DialParams& p, const ReportFigures& f) {
+void setSubstyleHour(DialParams& p, const ReportFigures& f, bool onEquatorToo) {
   if (f.level) {
     p.OrarioSustilare = 0;
     return;
   }
   const double sinD = std::sin(p.DeclRad);
-  assign(p.OrarioSustilare, arctan(over(sinD, std::tan(p.ReclinRad) * std::cos(p.LatRad) +
-                                                  std::cos(p.DeclRad) * std::sin(p.LatRad))));
+  const double towardsNoon =
+      std::tan(p.ReclinRad) * std::cos(p.LatRad) + std::cos(p.DeclRad) * std::sin(p.LatRad);
+  // An upright plane on the equator has its substyle a quarter turn from noon, or none.
+  if (onEquatorToo && towardsNoon == 0) {
+    p.OrarioSustilare = Sgn(sinD) * p.PiGreco / 2;
+    return;
+  }
+  assign(p.OrarioSustilare, arctan(over(sinD, towardsNoon)));
   if (Sgn(std::sin(p.OrarioSustilare)) != Sgn(sinD)) p.OrarioSustilare += Sgn(sinD) * p.PiGreco;
 }
 
@@ -79,7 +85,7 @@ ReportFigures prepareReport(Run& run) {
   ReportFigures f;
   readPlane(run, f);
   setStyle(run, f);
-  setSubstyleHour(p, f);
+  setSubstyleHour(p, f, run.trueShadows());
   setVerticalHour(p, f);
   if (!f.hasCentre()) return f;
   const double slope = arctan(std::tan(p.DeclRad) * std::sin(p.ReclinRad));

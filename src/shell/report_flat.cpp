@@ -52,14 +52,21 @@ void styleLines(const Report& r) {
           " h"}});
 }
 
-void hourLines(const Report& r) {
-  // A plane that looks due South or North has no such angle: the noon hour stands for it.
+// The hours of the hour line that lies level. A plane that looks due South or North has no such
+// angle: the noon hour stands for it, or rather both sixes.
+std::string horizontalHour(const Report& r) {
   double horizontal = 0;
   const double sinLat = std::sin(r.p.LatRad * r.p.SegnoEmisfero);
-  assign(horizontal, arctan(over(-1, sinLat * std::tan(r.p.DeclRad))));
+  const double slope = sinLat * std::tan(r.p.DeclRad);
+  if (r.run.trueShadows() && slope == 0) return "6" + std::string(kColumnGap) + "18";
+  assign(horizontal, arctan(over(-1, slope)));
+  return cut(clockHour(r.p, horizontal));
+}
+
+void hourLines(const Report& r) {
   const std::string horizon =
       r.f.level ? r.run.T("inf") : roundedText(r.p.Stilo * std::tan(r.p.ReclinRad), 5);
-  r.say({{"horizontal hour:    ", cut(clockHour(r.p, horizontal))},
+  r.say({{"horizontal hour:    ", horizontalHour(r)},
          {"vertical hour:    ", cut(r.f.verticalHour)},
          {"longitude correction:    ", cut(r.f.longitudeCorrection), " m"},
          {"substyle longitude = ", roundedText(-r.f.longitudeCorrection, 4)},

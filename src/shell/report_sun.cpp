@@ -1,6 +1,7 @@
 // The report's block on the sun's path: when it rises and sets, and when it shines on the dial.
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
@@ -28,6 +29,20 @@ Stretch aroundHour(double hour, double arc) {
   return {rounded(hour - arc / 15, 2), rounded(hour + arc / 15, 2)};
 }
 
+// When the sun is both up and before the plane. The window turns round midnight: where all of the
+// day counts, each of its turns that meets the day is a stretch; otherwise the one by its own
+// clock.
+std::vector<Stretch> litStretches(const Stretch& day, const Stretch& window, bool allTurns) {
+  std::vector<Stretch> stretches;
+  for (const double turn : {-24.0, 0.0, 24.0}) {
+    if (turn != 0 && !allTurns) continue;
+    const Stretch lit{std::max(day.start, window.start + turn),
+                      std::min(day.end, window.end + turn)};
+    if (lit.start < lit.end) stretches.push_back(lit);
+  }
+  return stretches;
+}
+
 void dayOnDial(const Report& r, double declination) {
   const DialParams& p = r.p;
   const double a = semiArc(p, p.LatRad * p.SegnoEmisfero, declination);
@@ -43,14 +58,14 @@ void dayOnDial(const Report& r, double declination) {
   } else {
     r.say({{"Sunrise at ", hoursMinutes(day.start)}, {"Sunset at ", hoursMinutes(day.end)}});
   }
-  // The window is not carried round midnight: of two stretches the one by its own clock is told.
-  const Stretch lit{std::max(day.start, window.start), std::min(day.end, window.end)};
-  if (lit.start < lit.end) {
+  const bool allTurns = r.run.trueShadows();
+  const std::vector<Stretch> stretches =
+      allTurns && b == kNoNight ? std::vector<Stretch>{day} : litStretches(day, window, allTurns);
+  for (const Stretch& lit : stretches) {
     r.say({{"Sun on dial at ", hoursMinutes(lit.start)},
            {"Sun off dial at ", hoursMinutes(lit.end)}});
-  } else {
-    r.say({{"Sun off dial all the day "}});
   }
+  if (stretches.empty()) r.say({{"Sun off dial all the day "}});
 }
 
 std::string bothSigns(const Report& r, double angle) {

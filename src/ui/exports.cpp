@@ -137,7 +137,7 @@ bool Exports::exportDxf() {
   std::tm local{};
   localtime_r(&now, &local);
   return save({exportKinds(program_).front()},
-              program_.CartellaDXF() / (DXF_DefaultName(local) + ".dxf"));
+              program_.config().workingFolder / (DXF_DefaultName(local) + ".dxf"));
 }
 
 bool Exports::saveBitmap() {

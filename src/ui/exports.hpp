@@ -37,7 +37,7 @@ class Exports {
   // These ask for a path and write; a failure is shown in a message box. False when nothing was
   // written.
   bool exportAs();
-  bool exportDxf();   // into the folder of exported drawings, and on to the viewer
+  bool exportDxf();   // under the name of the moment, and on to the viewer
   bool saveBitmap();  // the sheet as it stands on the screen
   bool exportPages();
 

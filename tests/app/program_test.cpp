@@ -36,6 +36,21 @@ TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOne) {
   EXPECT_EQ(program->CartellaDXF().filename(), "DialwrightDXF");
 }
 
+// Fields that make no surface have no shadow: a cone that widens.
+TEST_F(ProgramTest, TrueShadowsOfSenselessFieldsAreNone) {
+  const auto lines = [&](const char* lower, bool onlyTrue) {
+    const auto program = start();
+    program->click(Item::mnuCorncon);
+    program->type(Field::TxtStilo, lower);
+    program->panel().setState(Field::ckTrue, onlyTrue);
+    program->CmdRun_Click();
+    return program->sheet().list().lines.size();
+  };
+  EXPECT_GT(lines("0.6", false), 10000u);
+  EXPECT_LT(lines("0.6", true), 100u);
+  EXPECT_GT(lines("0.3", true), 10000u);
+}
+
 TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
   folder.put("DialwrightDXF", "a file in its place");
   EXPECT_EQ(start()->CartellaDXF(), folder / "DialwrightDXF");
@@ -167,6 +182,22 @@ TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
   EXPECT_EQ(program->press("cmdPlot"), Press::Done);
   EXPECT_EQ(program->press("Option_P"), Press::Done);
   EXPECT_FALSE(program->panel().on(Field::Option_P));
+}
+
+// A map by the style of the run, on a panel that has another one by now, is no shadow of that one.
+TEST_F(ProgramTest, JudgesAPressAfterTheRunWithTrueShadows) {
+  const auto program = start();
+  program->click(Item::mnuUni);
+  program->type(Field::txtLON, "0");
+  program->click(Field::ckTrue, true);
+  program->CmdRun_Click();
+  const std::size_t dial = program->sheet().list().size();
+  program->press("Option_P");
+  EXPECT_EQ(program->sheet().list().size(), dial + 11) << "a dot and a star of ten strokes";
+  program->type(Field::TxtStilo, "0.3");
+  program->press("Option_P");
+  EXPECT_EQ(program->sheet().list().size(), dial + 11);
+  EXPECT_EQ(program->sheet().judge(), nullptr);
 }
 
 TEST(Drivers, AreTriedInOneOrderAndCoverWhatIsNotSilent) {

@@ -222,6 +222,49 @@ TEST_F(BoardTest, WritesATransitAtZeroHours) {
   EXPECT_EQ(panel.text(Field::txtSid_h), "2");
 }
 
+TEST_F(BoardTest, TellsTheClockAndTheSunsDegreesWithTrueShadows) {
+  panel.setState(Field::ckTrue, true);
+  const BoardFigures& f = at("21", "3", "2024", "3", {{BoardField::TxtFuso, "-5"}});
+  EXPECT_EQ(panel.text(Field::txtAO), textOf(f.hourAngle));
+  EXPECT_EQ(numberOf(told("noon:  ")), std::floor(f.noon)) << "on the zone's clock";
+  EXPECT_NEAR(f.noon, 17 - (7.6438 / 15 + f.equation / 60), 1e-12);
+  EXPECT_EQ(told("Right Ascension : ").substr(0, 4), "0 3 ");
+  board.click(BoardField::ckDst, true);
+  calculate();
+  EXPECT_EQ(numberOf(told("noon:  ")), std::floor(f.noon) + 1);
+  // A beam from the sun leaves the mirror square to the wall.
+  for (const double wall : {-14.57, 100.0, 180.0, -60.0}) {
+    panel.setText(Field::txtDecl, textOf(wall));
+    for (const std::string_view hour : {"8", "15"}) {
+      at("3", "5", "2021", hour);
+      EXPECT_LT(std::abs(std::remainder(f.azimuth - f.mirrorNormal, 360)), 90);
+      EXPECT_NEAR(std::remainder(2 * f.mirrorNormal - f.azimuth - wall - 180, 360), 0, 1e-9);
+      EXPECT_EQ(told("normal of the mirror: "), textOf(f.mirrorNormal));
+    }
+  }
+}
+
+TEST_F(BoardTest, RoundsSecondsBeforeItSplitsThemWithTrueShadows) {
+  const auto seconds = [this](std::string_view latitude) {
+    calculate({{BoardField::txtLAT, latitude}});
+    return board.text(BoardField::txtLatG) + ' ' + board.text(BoardField::txtLatP) + ' ' +
+           board.text(BoardField::txtLATS);
+  };
+  EXPECT_EQ(seconds("33.99999999999"), "33 59 60.0000");
+  panel.setState(Field::ckTrue, true);
+  EXPECT_EQ(seconds("33.99999999999"), "34 0 0.0000");
+  EXPECT_EQ(seconds("-7.6438"), "7 38 37.6800");
+  EXPECT_EQ(told("Latitude:   "), "-7 -38 -37.68");
+}
+
+// A star that is just past the meridian at 0 h comes back after a turn of the sky, 3.9 minutes
+// short of the day.
+TEST_F(BoardTest, WritesTheTransitAtTheSkysPaceWithTrueShadows) {
+  constexpr double kMeridian = 280.46061837;  // at Greenwich, of 1 January 2000 at noon
+  EXPECT_NEAR(transitHours(2451545, kMeridian - 1e-6, 0), 24, 1e-4);
+  EXPECT_NEAR(transitHours(2451545, kMeridian - 1e-6, 0, true), 24 - 3.9317 / 60, 1e-4);
+}
+
 TEST_F(BoardTest, TakesAnyInput) {
   for (std::size_t i = 0; i < kBoardFieldCount; ++i) {
     const BoardField field = boardFieldAt(i);

@@ -79,7 +79,7 @@ def drawing():
     expect(hours != whole, "a click's hours can be overridden afterwards, from left to right")
     mixed = run("run", "-o", "-", "1", "--press", "cmdInvX", "TXTLAT=41.9", "--format", "csv", "TxtStilo=0.1")
     expect(rows_of(mixed.stdout) == small, "options before, between and behind the words")
-    sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "-o", "small.svg")
+    sized = run("run", "1", "--size", "1x0.8", "--shift", "0.5,0.2", "--true", "-o", "small.svg")
     expect('viewBox="0 0 1000 800"' in read("small.svg"), "--size")
     expect(sized.stderr == "", "silent when all is well")
     expect("light graph" in run("run", "1", "--verbose").stderr, "--verbose shows the caption")
@@ -109,6 +109,9 @@ def board():
     expect("altezza del Sole" in run("board", "--lang", "it").stdout, "--lang")
     for word, near in (("txtLatt=3", "txtLAT"), ("ckDst=x", "1 or 0"), ("cmdSignLAT=3", "+ or -"), ("3", "NAME=VALUE")):
         expect(near in run("board", word, status=2).stderr, f"board {word} should name {near}")
+    figures = json.loads(run("board", *moment, "--true", "--json").stdout)
+    expect(abs(float(figures["panel"]["txtAO"]) - figures["figures"]["hourAngle"]) < 1e-9, "--true: the hour angle in degrees")
+    expect(12 < figures["figures"]["noon"] < 13, "--true: noon on the clock")
     before = time.time()
     now = json.loads(run("board", "--now", "--json").stdout)["figures"]["julianDay"]
     expect(before - 2 < (now - 2440587.5) * 86400 < time.time() + 2, "--now")
@@ -119,6 +122,8 @@ def refusals_and_files():
         file.write("old")
     refused = run("run", "1", "txtLAT=-10", "-o", "old.csv", status=1)
     expect("Southern" in refused.stderr and read("old.csv") == "old", "a refusal leaves the old file")
+    level = run("run", "2", "optY=1", "txtReclinZ=0", status=1)
+    expect("please use variable X" in level.stderr, "a refusal by the caption is told")
     expect(run("run", "1", "txtLAT=-10", "--quiet", status=1).stderr == "", "--quiet")
     run("run", "mnuBall2", "-o", "empty.csv")
     expect(rows_of(read("empty.csv")) == [], "an item without a drawing draws nothing and says nothing")

@@ -213,28 +213,32 @@ TEST(StereographicChart, TheArrowShowsTheSideOfThePlane) {
 // --- The background
 
 TEST(StereographicChart, DayCirclesAreThoseOfTheirDeclination) {
-  Chart chart;
-  chart.run();
-  const auto winter = chart.circlesIn(9), summer = chart.circlesIn(12), days = chart.circlesIn(8);
-  ASSERT_EQ(winter.size(), 2u);
-  ASSERT_EQ(summer.size(), 2u);
-  ASSERT_EQ(days.size(), 1 + 22u);  // the first is the plane's whole circle
-  const auto expectDay = [&](const CircleRecord& c, double declination, bool toHorizon) {
-    for (const double part : {0.0, 0.3, 0.5, 1.0})
-      EXPECT_NEAR(deg(chart.sphere.declination(onArc(c, part))), declination, 1e-6);
-    EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0.5)), 0, kNear);
-    EXPECT_GE(c.startAngle, 0);
-    // In summer, all but the solstice's first circle have the arc of a winter's day.
-    const double semiArc = sky::semiArc(rad(45.7438), rad(toHorizon ? declination : -declination));
-    EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0)), semiArc, kNear) << declination;
-  };
-  expectDay(winter[0], -23.445, true);
-  expectDay(summer[0], 23.445, true);
-  expectDay(winter[1], -23.445, true);
-  expectDay(summer[1], 23.445, false);
-  for (int i = 0; i < 11; ++i) {
-    expectDay(days[1 + static_cast<std::size_t>(i)], -2 * (i + 1), true);
-    expectDay(days[12 + static_cast<std::size_t>(i)], 22 - 2 * i, false);
+  for (const bool onlyTrue : {false, true}) {
+    Chart chart;
+    chart.panel.setState(Field::ckTrue, onlyTrue);
+    chart.run();
+    const auto winter = chart.circlesIn(9), summer = chart.circlesIn(12), days = chart.circlesIn(8);
+    ASSERT_EQ(winter.size(), 2u);
+    ASSERT_EQ(summer.size(), 2u);
+    ASSERT_EQ(days.size(), 1 + 22u);  // the first is the plane's whole circle
+    const auto expectDay = [&](const CircleRecord& c, double declination, bool toHorizon) {
+      for (const double part : {0.0, 0.3, 0.5, 1.0})
+        EXPECT_NEAR(deg(chart.sphere.declination(onArc(c, part))), declination, 1e-6);
+      EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0.5)), 0, kNear);
+      EXPECT_GE(c.startAngle, 0);
+      // In summer, all but the solstice's first circle have the arc of a winter's day, unless true.
+      const bool whole = toHorizon || onlyTrue;
+      const double semiArc = sky::semiArc(rad(45.7438), rad(whole ? declination : -declination));
+      EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0)), semiArc, kNear) << declination;
+    };
+    expectDay(winter[0], -23.445, true);
+    expectDay(summer[0], 23.445, true);
+    expectDay(winter[1], -23.445, true);
+    expectDay(summer[1], 23.445, false);
+    for (int i = 0; i < 11; ++i) {
+      expectDay(days[1 + static_cast<std::size_t>(i)], -2 * (i + 1), true);
+      expectDay(days[12 + static_cast<std::size_t>(i)], 22 - 2 * i, false);
+    }
   }
 }
 
@@ -252,12 +256,22 @@ TEST(StereographicChart, HoursStandOnTheirRing) {
   for (int i = 0; i < 25; ++i)
     EXPECT_NEAR(std::remainder(angleOf(ticks[1 + static_cast<std::size_t>(i)]) - 15 * i, 360), 0,
                 1e-5);
-  // The quarters are 1.57 degrees off the hours.
+  // The quarters are 1.57 degrees off the hours, unless true.
   for (std::size_t i = 26; i < ticks.size(); ++i) {
     EXPECT_NEAR(std::remainder(angleOf(ticks[i]) - pi / 2, 3.75), 0, 1e-5);
     EXPECT_NEAR(std::hypot(ticks[i].x1, ticks[i].y1), 0.81 * summer, kNear);
     EXPECT_NEAR(std::hypot(ticks[i].x2, ticks[i].y2), 0.855 * summer, kNear);
   }
+}
+
+TEST(StereographicChart, TrueQuartersStandOnTheQuarters) {
+  Chart chart;
+  chart.panel.setState(Field::ckTrue, true);
+  chart.run();
+  const auto ticks = chart.linesIn(palette(5));
+  ASSERT_EQ(ticks.size(), 1 + 25 + 97u);
+  for (std::size_t i = 1; i < ticks.size(); ++i)
+    EXPECT_NEAR(std::remainder(deg(std::atan2(-ticks[i].y1, ticks[i].x1)), 3.75), 0, 1e-5);
 }
 
 // Six in the evening is in the West; the first stretch runs back to one, midnight has no numeral.
@@ -337,6 +351,29 @@ TEST(StereographicChart, SignsStandBesideTheHorizon) {
     ASSERT_EQ(places.size(), kNumerals + wanted.size() + 1);  // and the arrow
     for (std::size_t i = 0; i < wanted.size(); ++i)
       EXPECT_LT(sky::distance(places[kNumerals + i], wanted[i]), 1e-7) << i;
+  }
+}
+
+// True signs stand 0.1 m beyond the horizon's circle, where the sun of their day rises and sets.
+TEST(StereographicChart, TrueSignsStandBeyondSunriseAndSunset) {
+  for (const double latitude : {0.0, 20.0, 45.7438, 66.0}) {
+    Chart chart(latitude);
+    chart.panel.setState(Field::ckTrue, true);
+    chart.run();
+    const auto places = chart.characters();
+    ASSERT_EQ(places.size(), kNumerals + 6u + 1);
+    const double phi = rad(latitude);
+    for (std::size_t i = 0; i < 6; ++i) {
+      const sky::Spot sign = places[kNumerals + i];
+      // Back by 0.1 m towards the circle's centre, which is (0, R/tan phi).
+      const sky::Vec out{sign.x * std::sin(phi), sign.y * std::sin(phi) - kR * std::cos(phi), 0};
+      const double back = 0.1 / std::hypot(out.x, out.y);
+      const sky::Spot end{sign.x - back * out.x, sign.y - back * out.y};
+      EXPECT_NEAR(chart.sphere.altitude(end), 0, 1e-6);
+      const double day = i < 2 ? -kSolstice : i < 4 ? kSolstice : 0;
+      EXPECT_NEAR(deg(chart.sphere.declination(end)), day, 1e-5);
+      EXPECT_EQ(end.x > 0, i % 2 == 1);
+    }
   }
 }
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -135,6 +136,20 @@ TEST(ReplaceFile, IsWholeAfterAKill) {
     ASSERT_EQ(content.size(), kSize);
     ASSERT_EQ(content.find_first_not_of(content.front()), std::string::npos);
   }
+}
+
+TEST(ReplaceFile, RemovesLeftoversThatNobodyWrites) {
+  const Folder folder;
+  for (const char* name : {".dialwright-1.tmp", ".dialwright-2.tmp", ".dialwright-x", "a.tmp"})
+    folder.put(name, "half");
+  const int busy = ::open((folder / ".dialwright-2.tmp").c_str(), O_WRONLY);
+  ASSERT_EQ(::flock(busy, LOCK_EX), 0);
+  EXPECT_EQ(replacing(folder / "file"), "");
+  EXPECT_EQ(folder.count(), 4u);
+  ::close(busy);
+  EXPECT_EQ(replacing(folder / "file"), "");
+  EXPECT_EQ(folder.count(), 3u);
+  EXPECT_EQ(folder.get("file"), "new");
 }
 
 TEST(ReadFile, RefusesWhatIsNoPlainFileOrTooLarge) {

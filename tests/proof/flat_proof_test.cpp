@@ -398,6 +398,22 @@ std::size_t ofHour(const FlatProof& wall, double H, int colour) {
   return count;
 }
 
+// A reclination that an earlier dial of the program left in the record is none of a wall's.
+TEST(FlatProof, WallsAfterAPlaneThatLeaned) {
+  for (const FlatDial* dial : kAll) {
+    if (leans(*dial)) continue;
+    FlatProof wall(*dial, {});
+    wall.everything(false).boxes({Field::ck_Sustilare, Field::ck_Triangolo});
+    wall.prove(true);
+    const std::size_t lines = wall.sheet.list().lines.size(),
+                      dots = wall.sheet.list().points.size();
+    wall.params.ReclinRad = radians(40);
+    wall.prove(true);
+    EXPECT_EQ(wall.sheet.list().lines.size(), lines) << dial->name;
+    EXPECT_EQ(wall.sheet.list().points.size(), dots) << dial->name;
+  }
+}
+
 TEST(FlatProof, NoonIsThere) {
   for (const FlatDial* dial : {&kSpaceX, &kSpaceY, &kFormer}) {
     FlatProof wall(*dial, {});

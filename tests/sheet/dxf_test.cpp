@@ -22,7 +22,8 @@ class DxfTest : public testing::Test {
   // The groups as "code=value ", from a file that must have the form " code ", CR LF, value, CR LF
   // and the right head and tail, which are left out.
   std::string entities() {
-    const std::string all = written([&](const Sink& sink) { DXF_Generate(sheet, kPi, sink); });
+    const std::string all =
+        written([&](const Sink& sink) { DXF_Generate(sheet, kPi, sink, axes); });
     std::string groups;
     for (std::string_view file = all; !file.empty();) {
       const std::size_t code = file.find("\r\n");
@@ -59,6 +60,7 @@ class DxfTest : public testing::Test {
     return found;
   }
 
+  InvertedAxes axes = InvertedAxes::Stored;
   SheetPlot sheet = laidOut(1.99, 2.8, 0.995, 0.84);
 };
 
@@ -111,6 +113,27 @@ TEST_F(DxfTest, AnInvertedXAxisTurnsTheStoredXOverAtEachExport) {
   EXPECT_EQ(values(11), "300 -300 -300 100 100 ") << "every second export";
   sheet.invertY();
   for (int i = 0; i < 2; ++i) EXPECT_EQ(values(20), "200 0 0 0 -1000 1000 0 0 ");
+}
+
+TEST_F(DxfTest, TrueAxesMirrorBoxesAndArcsAtEachExport) {
+  axes = InvertedAxes::True;
+  sheet.xBox(0.1, 0, 0.3, 1, kWhite, false);
+  // A quarter from 10 to 100 degrees, counter-clockwise.
+  sheet.xCircle(0.7, 0.2, 0.1, kWhite, {.startAngle = kPi / 18, .endAngle = kPi / 1.8});
+  const std::string plain = entities();
+  sheet.invertX();
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(values(10) + "| " + values(11), "-100 -300 -300 -100 -700 | -300 -300 -100 -100 ");
+    EXPECT_EQ(values(50) + values(51), "80 170 ");
+  }
+  EXPECT_EQ(sheet.list().circles[0].x, 0.7) << "the drawing stays as it is";
+  sheet.invertY();
+  EXPECT_EQ(values(50) + values(51), "-170 -80 ");
+  EXPECT_EQ(values(20), "1000 1000 0 0 200 ");
+  sheet.invertX();
+  EXPECT_EQ(values(50) + values(51), "-100 -10 ");
+  sheet.invertY();
+  EXPECT_EQ(entities(), plain);
 }
 
 TEST_F(DxfTest, LinesOffTheSheetAreWrittenAndWhatIsNoNumberIsNot) {

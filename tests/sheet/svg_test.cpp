@@ -135,6 +135,11 @@ TEST_F(SvgTest, CirclesEllipsesBoxesAndPolylines) {
   EXPECT_EQ(paths(), Texts{"M300 150L300 250"});
 }
 
+TEST_F(SvgTest, ACircleWithoutRadiusIsADot) {
+  sheet.xCircle(0, 0, 0, kWhite);
+  EXPECT_EQ(paths(), Texts{"M200 150h0"});
+}
+
 TEST_F(SvgTest, WhatIsNoNumberStaysOutAndWhatIsFarIsCut) {
   const double huge = std::numeric_limits<double>::max();
   const double inf = std::numeric_limits<double>::infinity();

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "numerics/numbers.hpp"
+#include "shell/cities.hpp"
 #include "support/dial_case.hpp"
 #include "support/sky.hpp"
 
@@ -143,6 +147,61 @@ TEST(OptionalPoint, IsAStarAtTheShadow) {
     EXPECT_NEAR(star[i].y2, next.y1, 1e-12);
     const double radius = std::hypot(star[i].x1 - expected.x, star[i].y1 + expected.y);
     EXPECT_NEAR(radius, kStyle / 20 * (i % 2 == 0 ? 1 : 0.381966), 1e-8);
+  }
+}
+
+// Each city of a map of true shadows stands where its zenith sun throws the shadow, and all that
+// have one are there.
+TEST(Cities, WithTrueShadowsAreThoseBeforeThePlaneWhateverItsInclination) {
+  for (const char* inclination : {"-90", "-40", "0", "40", "90", "140"}) {
+    for (const char* declination : {"15", "-100", "180"}) {
+      for (const bool inverted : {true, false}) {
+        DialCase dial = dialOf(drawCities, inclination);
+        dial.set(Field::txtDecl, declination).check(Field::ckAssi, inverted);
+        dial.set(Field::txt_R2, "-180").set(Field::TxtRadius, "180").check(Field::ckTrue).run();
+        const double off = numberOf(inclination);
+        const auto plane = sky::Plane::facing(off == 0 ? 0 : numberOf(declination), 90 - off);
+        std::string expected;
+        for (const City& city : cities()) {
+          const double hour = city.longitudeTerm + 10;
+          const sky::Vec sun = sky::sun(rad(45), rad(hour), rad(city.latitude()));
+          if (std::abs(hour) < 180 && sun.z > 0 && dot(sun, plane.normal) > 0)
+            expected += std::string(city.name) + "|";
+        }
+        EXPECT_EQ(dial.told(), expected) << inclination << ' ' << declination;
+        for (const TextRecord& text : dial.sheet.list().texts) {
+          const auto city = std::ranges::find(cities(), text.text, &City::name);
+          const sky::Vec sun =
+              sky::sun(rad(45), rad(city->longitudeTerm + 10), rad(city->latitude()));
+          const sky::Spot shadow = plane.tipShadow(kStyle, sun);
+          EXPECT_LT(sky::distance({text.x, 0.02 - text.y}, shadow),
+                    1e-6 * std::max(1.0, std::hypot(shadow.x, shadow.y) / kStyle))
+              << text.text;
+        }
+      }
+    }
+  }
+}
+
+TEST(OptionalPoint, WithTrueShadowsIsThereWhenTheSunShinesOnIt) {
+  for (const auto& [hourAngle, stars] : {std::pair{"20", 10u}, {"170", 0u}}) {
+    DialCase dial = dialOf(drawPoint);
+    dial.set(Field::txtLON, "0").set(Field::txtAO, hourAngle).set(Field::txtDelta, "10");
+    EXPECT_EQ(dial.check(Field::ckTrue).run().sheet.list().lines.size(), stars);
+  }
+}
+
+TEST(OptionalPoint, StandsOnAnUprightWallWhereTheDialHasNoFieldForAnother) {
+  // Other dials' clicks leave a level plane in the hidden field.
+  for (const char* left : {"0", "30"}) {
+    DialCase dial(Item::mnuVertSph, drawPoint);
+    dial.set(Field::txtLAT, "45").set(Field::txtDecl, "15").set(Field::txtReclinZ, left);
+    dial.set(Field::txtLON, "0").set(Field::txtAO, "20").set(Field::txtDelta, "10").run();
+    const sky::Spot expected =
+        sky::Plane::facing(15, 0).tipShadow(kStyle, sky::sun(rad(45), rad(20), rad(10)));
+    ASSERT_EQ(dial.sheet.list().circles.size(), 1u);
+    const CircleRecord& spot = dial.sheet.list().circles[0];
+    EXPECT_LT(sky::distance({spot.x, -spot.y}, expected), 1e-8) << left;
   }
 }
 

@@ -29,6 +29,7 @@ void recordOnly(Run& run) {
   assign(p.LatRad, p.radians(p.LatGradi));
   assign(p.LonGradi, run.number(Field::txtLON));
   assign(p.CorrLon, p.radians(15 + p.LonGradi));
+  assign(p.CorrFuso, p.radians(p.LonGradi - 15 * run.number(Field::TxtFuso)));
   assign(p.Raggio, run.number(Field::TxtRadius));
 }
 
@@ -215,6 +216,43 @@ TEST(Report, NorthWallTellsOneOfTwoStretches) {
   EXPECT_GT(litHours(north, 23.445).second, 19);  // the evening is not told
   EXPECT_EQ(text.count("Sun on dial at "), 1);
   EXPECT_EQ(text.count("Sun off dial all the day "), 3);
+}
+
+TEST(Report, WithTrueShadowsBothStretchesTheSixesAndTheSheetsEdge) {
+  const Wall north{45.7438, 180, 0};
+  Written dial(Item::M_Light, north);
+  const ReportText text = dial.ticked(Field::ckTrue).report();
+  EXPECT_NEAR(text.hours("Sun off dial at ", 0), litHours(north, 23.445, 12).second, 0.025);
+  EXPECT_NEAR(text.hours("Sun off dial at ", 1), litHours(north, 23.445).second, 0.025);
+  EXPECT_NEAR(text.hours("Sun on dial at ", 1), 24 - text.hours("Sun off dial at ", 0), 0.025);
+  EXPECT_EQ(text.count("Sun on dial at "), 2);
+  EXPECT_EQ(dial.sheet.list().texts.front().x, -dial.sheet.ShiftX());
+  const auto told = [](Wall wall, std::string_view label) {
+    return Written(Item::mnuUni, wall).ticked(Field::ckTrue).report().after(label);
+  };
+  EXPECT_EQ(told({45, 0, 0}, "horizontal hour:    "), "6    18");
+  EXPECT_EQ(told({45, -14.57, 0}, "horizontal hour:    ").substr(0, 5), "17.30");
+  // On the equator the style lies level: the substyle is the line of six.
+  EXPECT_EQ(told({0, 30, 0}, "Substyle hour = "), "18 h");
+  EXPECT_EQ(told({0, -30, 0}, "Substyle hour = "), "6 h");
+  EXPECT_EQ(told({0, 30, 0}, "horizontal hour:    "), "6    18");
+}
+
+TEST(Report, TablesKeepTheZonesTimeWithTrueShadows) {
+  const auto hours = [](const char* zone, bool onlyTrue) {
+    Written dial(Item::M_Light, {45.7438, 10, 0});
+    dial.with(Field::TxtFuso, zone).with(Field::txtLON, "-37").ticked(Field::ckFunction);
+    if (onlyTrue) dial.ticked(Field::ckTrue);
+    return dial.ticked(Field::ck_Etna).report().table("HA-AO-AH          h       eq-x", 3);
+  };
+  // Noon of the zone two hours ahead is 10 of the other one; a row is half an hour.
+  const auto near = hours("-1", true), far = hours("-3", true);
+  ASSERT_EQ(near.size(), far.size());
+  for (std::size_t i = 0; i + 4 < near.size(); ++i) {
+    if (!std::isfinite(far[i + 4][2])) continue;
+    EXPECT_NEAR(near[i][2], far[i + 4][2], 0.011);
+  }
+  EXPECT_EQ(hours("-3", false), hours("-1", false)) << "the zone counts with true shadows alone";
 }
 
 // --- Tables

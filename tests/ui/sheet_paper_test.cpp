@@ -105,7 +105,7 @@ TEST_F(SheetPaperTest, ATypedEndingGoesBeforeTheFilter) {
 TEST_F(SheetPaperTest, TheBarsOwnCommandsProposeTheirNames) {
   answerWith("a.dxf");
   press("cmdDxf");
-  EXPECT_TRUE(proposed.startsWith(shown((program.CartellaDXF() / "DXF2").string())));
+  EXPECT_TRUE(proposed.startsWith(shown((program.config().workingFolder / "DXF2").string())));
   EXPECT_NE(folder.get("a.dxf").find("EOF"), std::string::npos);
   answerWith("b.bmp");
   press("cmdSave");

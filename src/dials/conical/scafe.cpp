@@ -3,8 +3,10 @@
 // declination gives the distance from the vertex, which is the origin.
 #include "dials/conical/scafe.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 #include "dials/conical/cone.hpp"
@@ -27,15 +29,17 @@ struct HorizonHours {
   Field box;
   int colour;
   const char* layer;
+  CurveFamily family;
   double below;  // +1 for the afternoon, whose ordinate is positive
 };
 constexpr std::array<HorizonHours, 2> kHorizonHours = {
-    {{Field::ck_Italiche, 2, "ita", 1}, {Field::ck_babiloniche, 3, "bab", -1}}};
+    {{Field::ck_Italiche, 2, "ita", CurveFamily::Italic, 1},
+     {Field::ck_babiloniche, 3, "bab", CurveFamily::Babylonian, -1}}};
 constexpr double kLastHorizonHour = 15;
 
 // A day of the year: what all hours of a family share. A fault stays one here.
 struct Day {
-  double degrees;
+  double degrees, radians;
   double rho;      // from the vertex
   double semiArc;  // radians
   double sine;     // of the altitude: the part that the hour does not change,
@@ -67,6 +71,7 @@ class Drawing {
  private:
   bool on(Field field) const { return run_.on(field); }
   double semiArc(double delta) const;
+  double trueArc(double delta) const;
   std::vector<Day> daysOf(const Sweep& declinations) const;
   Punto sided(Punto p) const { return {cone_.side * p.x, p.y}; }
 
@@ -100,8 +105,19 @@ void Drawing::all() {
   CostruzioneScafe(run_, cone_);
 }
 
+// The arc that the sun runs through from noon to its setting: half a turn where it does not set,
+// none where it does not rise.
+double Drawing::trueArc(double delta) const {
+  const double height = std::sin(cone_.phi) * std::sin(delta);  // of the sun at six, its sine
+  const double swing = std::abs(std::cos(cone_.phi) * std::cos(delta));
+  return swing > 0    ? std::acos(std::clamp(-height / swing, -1.0, 1.0))
+         : height > 0 ? std::numbers::pi
+                      : 0;
+}
+
 // A sun that does not rise counts as one of six hours.
 double Drawing::semiArc(double delta) const {
+  if (run_.trueShadows()) return trueArc(delta);
   const double c = cosineOfSemiArc(cone_.phi, delta);
   return c >= 1 ? p_.PiGreco / 2 : p_.ArcCos(c);
 }
@@ -110,7 +126,7 @@ std::vector<Day> Drawing::daysOf(const Sweep& declinations) const {
   std::vector<Day> days;
   for (const double degrees : declinations) {
     const double delta = p_.radians(degrees);
-    days.push_back({degrees, cone_.RaggioSviluppo(delta), semiArc(delta),
+    days.push_back({degrees, delta, cone_.RaggioSviluppo(delta), semiArc(delta),
                     std::sin(cone_.phi) * std::sin(delta), std::cos(cone_.phi) * std::cos(delta)});
   }
   return days;
@@ -120,28 +136,29 @@ std::vector<Day> Drawing::daysOf(const Sweep& declinations) const {
 
 void Drawing::OreScafe() {
   Pen pen(sheet_, kGap);
-  pen.dip({palette(12), sheet_.layer("ora"), 2});
+  pen.dip({palette(12), sheet_.layer("ora"), 2, CurveFamily::Hours});
   std::vector<Day> days;
   Sample s;
   for (const double T : run_.sweep(-12, 12, hourStep_, {.step = Field::TxtHour})) {
     const Sweep declinations = run_.sweep(-kSolstice, kSolstice, kDayStep);
     if (declinations.samples() == 0) break;
     if (days.empty()) days = daysOf(declinations);
-    const double cosH = std::cos(p_.radians(15 * T));
+    const double H = p_.radians(15 * T);
+    const double cosH = std::cos(H);
     const double psi = sinSigma_ * p_.PiGreco * T / 12;
     const double cosPsi = std::cos(psi), sinPsi = std::sin(psi);
     for (const Day& day : days) {
       s.day(day);
       s.at(cosPsi, sinPsi);
       const bool up = day.sine + day.cosine * cosH >= 0;
-      pen.visit(sided(s.point), drawIf(up && day.degrees > -kSolstice));
+      pen.visit(sided(s.point), drawIf(up && day.degrees > -kSolstice), {H, day.radians});
     }
   }
 }
 
 void Drawing::TemporarieScafe() {
   Pen pen(sheet_, kGap);
-  pen.dip({palette(6), sheet_.layer("Temp")});
+  pen.dip({.colour = palette(6), .layer = sheet_.layer("Temp"), .family = CurveFamily::Temporary});
   std::vector<Day> days;
   Sample s;
   for (const double T : run_.sweep(-6, 6, hourStep_, {.step = Field::TxtHour})) {
@@ -151,25 +168,28 @@ void Drawing::TemporarieScafe() {
     for (const Day& day : days) {
       s.day(day);
       s.at(s.semiArc * T / 6 * sinSigma_);
-      pen.visit(sided(s.point), drawIf(day.degrees > -kSolstice));
+      pen.visit(sided(s.point), drawIf(day.degrees > -kSolstice),
+                {trueArc(day.radians) * T / 6, day.radians});
     }
   }
 }
 
 void Drawing::horizonHours(const HorizonHours& hours) {
   Pen pen(sheet_, kGap);
-  pen.dip({palette(hours.colour), sheet_.layer(hours.layer), 2});
+  pen.dip({palette(hours.colour), sheet_.layer(hours.layer), 2, hours.family});
   const std::vector<Day> days = daysOf(run_.sweep(-kSolstice, kSolstice, kDayStep));
   Sample s;
   for (const double n : run_.sweep(0, kLastHorizonHour, 1)) {
     for (const Day& day : days) {
       s.day(day);
-      const bool rises = cosineOfSemiArc(cone_.phi, p_.radians(day.degrees)) < 1;
+      const bool rises = run_.trueShadows() || cosineOfSemiArc(cone_.phi, day.radians) < 1;
       const double H = rises ? s.semiArc - p_.PiGreco / 12 * n : p_.PiGreco / 2;
       s.at(H * sinSigma_);
       const bool up = day.sine + day.cosine * std::cos(H) >= 0;
-      const double y = hours.below * cone_.side * s.point.y;
-      pen.visit({cone_.side * s.point.x, y}, drawIf(up && day.degrees > -kSolstice));
+      const double y = hours.below * (run_.trueShadows() ? 1 : cone_.side) * s.point.y;
+      const double claimed = trueArc(day.radians) - p_.PiGreco / 12 * n;
+      pen.visit({cone_.side * s.point.x, y}, drawIf(up && day.degrees > -kSolstice),
+                {hours.below * claimed, day.radians});
     }
   }
 }
@@ -180,15 +200,16 @@ void Drawing::horizonHours(const HorizonHours& hours) {
 void Drawing::NumeriScafe() {
   if (!on(Field::ckTemp)) return;
   const double delta = p_.radians(cone_.eccentricity() >= 1 ? 25 : 30);
+  const double below = run_.trueShadows() ? 1 : cone_.side;
   double rho = 0, arc = 0;
   assign(rho, cone_.RaggioSviluppo(delta));
   assign(arc, semiArc(delta) * sinSigma_);
   for (int k = 6; k >= -5; --k) {
     const double psi = arc * k / 6;
-    const double x = cone_.side * rho * std::cos(psi), y = cone_.side * rho * std::sin(psi);
+    const double x = cone_.side * rho * std::cos(psi), y = below * rho * std::sin(psi);
     const int number = k + 6;
-    DisegnaNumeroArabo(run_, x, y, (cone_.side + 1) / 2 * 180 + p_.degrees(psi), number,
-                       number == 10 || number == 11 ? 2 : 1);
+    const double turn = (cone_.side + 1) / 2 * 180 + cone_.side * below * p_.degrees(psi);
+    DisegnaNumeroArabo(run_, x, y, turn, number, number == 10 || number == 11 ? 2 : 1);
   }
 }
 
@@ -221,14 +242,17 @@ void Drawing::TropiciScafe() {
 void Drawing::EquatoreScafe() { dayArc(0); }
 
 // From sunrise to sunset, about half a turn: on the side of the mirrored development, whether or
-// not the dial is mirrored.
+// not the dial is mirrored. A true arc lies where the hours are.
 void Drawing::dayArc(double declination) {
   const double delta = p_.radians(declination);
   double rho = 0, psi = 0;
   assign(rho, cone_.RaggioSviluppo(delta));
   assign(psi, semiArc(delta) * sinSigma_);
-  circle(sheet_, {0, 0}, rho, palette(15),
-         {.startAngle = p_.PiGreco - psi, .endAngle = p_.PiGreco + psi});
+  const bool turned = !run_.trueShadows() || cone_.side < 0;
+  const double start = (turned ? 1 : 2) * p_.PiGreco - psi;
+  const double end = (turned ? p_.PiGreco : 0) + psi;
+  arc(sheet_, {0, 0}, rho, palette(15), {.startAngle = start, .endAngle = end},
+      {CurveFamily::Declinations, {Sun::kOpen, delta}, {Sun::kOpen, delta}});
 }
 
 }  // namespace

@@ -22,7 +22,8 @@ constexpr BorderArc kBorder = {Half::Afternoon, -1, 1, 11, "ore"};
 
 class Cilindro final : public Surface {
  public:
-  Cilindro(double radius, double border) : R_(radius), a_(border) {}
+  // A whole one has its southern half beside the northern one.
+  Cilindro(double radius, double border, bool whole) : R_(radius), a_(border), whole_(whole) {}
 
   Vettore edge(double theta) const override { return PuntoBordo(a_, theta); }
 
@@ -43,11 +44,13 @@ class Cilindro final : public Surface {
 
   // The arctangent lays the southern half of the cylinder over the northern one.
   void Sviluppo(Light& light) const {
-    assign(light.angle, arctan(over(light.at.x, -light.at.z)));
+    assign(light.angle,
+           whole_ ? std::atan2(light.at.x, -light.at.z) : arctan(over(light.at.x, -light.at.z)));
     assign(light.point, {R_ * light.angle, light.at.y});
   }
 
   double R_, a_;
+  bool whole_;
 };
 
 // The window becomes the development's width, from right to left, below the border.
@@ -112,7 +115,7 @@ void DisegnaCorniceCilindrica(Run& run) {
   const double a = readBorder(run, R);
   const double height = numberOr0(run, Field::txtD1);
 
-  const Cilindro cylinder(R, a);
+  const Cilindro cylinder(R, a, run.trueShadows());
   Cornice dial(run, cylinder, -kSolstice);
   if (run.on(Field::Ck_DayLightCurves)) {
     for (const DayLine& line : kDays) dial.dayLine(line);

@@ -20,7 +20,7 @@ constexpr DayLine kDays[] = {{Half::Morning, -105, 0, 0.051, -105, 4, "diurna"},
 // The southern half of the border is drawn twice: what falls beyond the East and the West is laid
 // to either side.
 constexpr BorderArc kBorder[] = {{Half::Afternoon, -1, 1, 11, "ombra2"},
-                                 {Half::Afternoon, 1, 3, 13, "ombra"},
+                                 {Half::Afternoon, 1, 3, 13, "ombra", true},
                                  {Half::Morning, 1, 3, 13, "xombra"}};
 
 // The cone and its development. A cone that doesn't narrow has no vertex: what is measured from it
@@ -39,6 +39,7 @@ class Cono final : public Surface {
   double element(double radius) const { return over(radius, sine); }
 
   const double PiGreco;
+  const bool whole;            // the development has one turn and no more
   const double Rm, a, r, h;    // upper base, border, lower base, distance of the bases
   double beta = 0;             // half the angle at the vertex, radians
   double sine, cosine, slope;  // of it
@@ -53,6 +54,7 @@ class Cono final : public Surface {
 
 Cono::Cono(const Run& run)
     : PiGreco(run.params.PiGreco),
+      whole(run.trueShadows()),
       Rm(numberOr0(run, Field::TxtRadius)),
       a(numberOr0(run, Field::txt_R2)),
       r(numberOr0(run, Field::TxtStilo)),
@@ -85,10 +87,12 @@ bool Cono::RaggioCono(double& way, const Vettore& edge, const Vettore& ray) cons
                   2 * (ray.x * edge.x + ray.z * edge.z - slope * Rm * ray.y), a * a - Rm * Rm);
 }
 
-// In the southern half the angle goes on from the West after noon and from the East before it.
+// In the southern half the angle goes on from the West after noon and from the East before it; a
+// whole turn has each point on its own side.
 void Cono::SviluppoCono(Light& light, Half half) const {
-  assign(light.angle, arctan(over(light.at.x, -light.at.z)));
-  if (light.at.z > 0) light.angle += half == Half::Afternoon ? -PiGreco : PiGreco;
+  assign(light.angle,
+         whole ? std::atan2(light.at.x, -light.at.z) : arctan(over(light.at.x, -light.at.z)));
+  if (!whole && light.at.z > 0) light.angle += half == Half::Afternoon ? -PiGreco : PiGreco;
   const double turn = light.angle * sine;
   const double reach = (Hc + light.at.y) / cosine;
   assign(light.point, {reach * std::sin(turn), -element(Rm) + reach * std::cos(turn)});
@@ -190,7 +194,9 @@ void DisegnaCorniceConica(Run& run) {
   }
   dial.numerals(cone.a < cone.Rm);
   if (run.on(Field::ckFunction)) {
-    for (const BorderArc& arc : kBorder) dial.borderShadow(arc);
+    for (const BorderArc& arc : kBorder) {
+      if (!(cone.whole && arc.again)) dial.borderShadow(arc);
+    }
   }
   drawCone(run, cone);
   tellCone(run, cone);

@@ -17,6 +17,7 @@ namespace {
 constexpr double kHour = 15;          // degrees
 constexpr double kLastHour = 105;     // degrees either side of noon of the numerals
 constexpr double kEdgeStep = 0.0005;  // radians along the border
+constexpr double kMeeting = 1e-9;     // metres: where the two points of an hour change their parts
 constexpr int kNumeralDot = 4;        // the dot on which an afternoon numeral stands
 
 void assignEach(Vettore& target, const Vettore& value) {
@@ -54,52 +55,82 @@ Cornice::Cornice(Run& run, const Surface& surface, double daysAbove)
     : run_(run),
       p_(run.params),
       surface_(surface),
+      turns_(run.trueShadows()),
       pen_(run.sheet, kGap),
       latitude_(p_.LatRad),
       declination_(numberOr0(run, Field::txtLineofdeclination)),
       day_(p_.radians(declination_)),
-      borderRay_(VettoreSole(latitude_, Trig(p_.radians(numberOr0(run, Field::txtAO))), day_)),
+      borderSun_{p_.radians(numberOr0(run, Field::txtAO)), p_.radians(declination_)},
+      borderRay_(VettoreSole(latitude_, Trig(borderSun_.hourAngle), day_)),
       dayDrawn_(declination_ > daysAbove) {}
 
 // At noon the hour's plane stands upright and touches the border in the East and in the West: each
 // half of the day has its own branch of the noon line.
-void Cornice::placeEdge(double t, Half half) {
+bool Cornice::placeEdge(double t, Half half) {
+  bool own = true;
   if (t == 0) {
     theta_ = (half == Half::Morning ? 1 : -1) * p_.PiGreco / 2;
   } else {
-    assign(theta_, angoloBordo(latitude_, p_.radians(t)));
-    assign(theta_, surface_.edgeAngle(theta_, t, half));
+    const double H = p_.radians(t);
+    // On the equator all hours' planes touch the border in the East and in the West.
+    if (!assign(theta_, angoloBordo(latitude_, H)) && turns_)
+      theta_ = std::copysign(p_.PiGreco / 2, -std::tan(H));
+    const double placed = surface_.edgeAngle(theta_, t, half);
+    own = placed == theta_;
+    assign(theta_, placed);
   }
   assignEach(edge_, surface_.edge(theta_));
+  return own;
 }
 
-void Cornice::visit(const Vettore& ray, Half half, bool draws) {
+// An hour's plane touches the border in two points, and a low latitude's sun may change their
+// parts.
+void Cornice::turnEdge(const Vettore& ray, double towards) {
+  const Vettore middle = surface_.edge(theta_ + p_.PiGreco / 2);
+  const Vettore other = surface_.edge(theta_ - p_.PiGreco / 2);
+  const double centreX = (middle.x + other.x) / 2, centreZ = (middle.z + other.z) / 2;
+  const double out = (edge_.x - centreX) * ray.x + (edge_.z - centreZ) * ray.z;
+  if (out * surface_.sideOfSun() * towards <= kMeeting) return;
+  edge_ = {2 * centreX - edge_.x, edge_.y, 2 * centreZ - edge_.z};
+}
+
+void Cornice::visit(const Vettore& ray, const Sun& sun, Half half, bool draws) {
   const bool kept = cast(ray, half) && surface_.keeps(light_);
-  pen_.visit(light_.point, kept ? drawIf(draws) : Verdict::Drop);
+  pen_.visit(light_.point, kept ? drawIf(draws) : Verdict::Drop, sun);
 }
 
 void Cornice::hourLines(const HourLines& lines, Field step) {
-  pen_.dip({palette(lines.colour), run_.sheet.layer(lines.layer)});
+  pen_.dip({.colour = palette(lines.colour),
+            .layer = run_.sheet.layer(lines.layer),
+            .family = CurveFamily::Hours});
   std::vector<Trig> suns;  // of the days, which are the same for all hours
   for (const double t : run_.sweep(lines.first, lines.last, kHour)) {
-    placeEdge(t, lines.half);
-    const Trig hour(p_.radians(t));
+    const double towards = placeEdge(t, lines.half) ? 1 : -1;
+    const double H = p_.radians(t);
+    const Trig hour(H);
     const Sweep days = run_.sweep(-kSolstice, kSolstice, lines.declinationStep, {.step = step});
     if (suns.empty()) {
       for (const double declination : days) suns.emplace_back(p_.radians(declination));
     }
     auto sun = suns.begin();
-    for (const double declination : days)
-      visit(VettoreSole(latitude_, hour, *sun++), lines.half, declination > days.first());
+    for (const double declination : days) {
+      const Vettore ray = VettoreSole(latitude_, hour, *sun++);
+      if (turns_) turnEdge(ray, towards);
+      visit(ray, {H, p_.radians(declination)}, lines.half, declination > days.first());
+    }
   }
 }
 
 void Cornice::dayLine(const DayLine& line) {
-  pen_.dip({palette(line.colour), run_.sheet.layer(line.layer)});
+  pen_.dip({.colour = palette(line.colour),
+            .layer = run_.sheet.layer(line.layer),
+            .family = CurveFamily::Declinations});
   for (const double t : run_.sweep(line.first, line.last, line.step)) {
     placeEdge(t, line.half);
-    const Vettore ray = VettoreSole(latitude_, Trig(p_.radians(t)), day_);
-    visit(ray, line.half, t > line.drawnPast && dayDrawn_);
+    const double H = p_.radians(t);
+    const Vettore ray = VettoreSole(latitude_, Trig(H), day_);
+    if (turns_) turnEdge(ray, 1);
+    visit(ray, {H, borderSun_.declination}, line.half, t > line.drawnPast && dayDrawn_);
   }
 }
 
@@ -129,12 +160,14 @@ void Cornice::numeralsOf(Half half, double first, double last) {
 // --- The border
 
 void Cornice::borderShadow(const BorderArc& arc) {
-  pen_.dip({palette(arc.colour), run_.sheet.layer(arc.layer)});
+  pen_.dip({.colour = palette(arc.colour),
+            .layer = run_.sheet.layer(arc.layer),
+            .family = CurveFamily::Marks});
   const double quarter = p_.PiGreco / 2;
   const Sweep angles = run_.sweep(arc.first * quarter, arc.last * quarter, kEdgeStep);
   for (const double theta : angles) {
     assignEach(edge_, surface_.edge(theta));
-    visit(borderRay_, arc.half, theta > angles.first() && dayDrawn_);
+    visit(borderRay_, borderSun_, arc.half, theta > angles.first() && dayDrawn_);
   }
 }
 

@@ -51,6 +51,9 @@ class Surface {
   virtual ~Surface() = default;
   // The border's point at an angle.
   virtual Vettore edge(double theta) const = 0;
+  // The part of the border that counts: +1 for the one towards the sun, -1 for the one away from
+  // it.
+  virtual double sideOfSun() const { return 1; }
   // The angle of an hour's point of the border when the border reaches further round; t in degrees.
   virtual double edgeAngle(double theta, [[maybe_unused]] double t, Half) const { return theta; }
   // Follows the ray from a point of the edge to the surface and unrolls it; false when it misses.
@@ -81,6 +84,7 @@ struct BorderArc {
   int first, last;
   int colour;
   const char* layer;
+  bool again = false;  // the arc comes once more, to the other side of the development
 };
 
 // Draws the families of a run. One pen and one light serve them all.
@@ -100,6 +104,8 @@ class Cornice {
 
   // The shadow of the border at the hour angle of txtAO on the day of txtLineofdeclination.
   void borderShadow(const BorderArc& arc);
+  // The sun of that moment.
+  const Sun& borderSun() const { return borderSun_; }
   // One point of it, wherever it falls; on a surface that no ray misses.
   Punto shadowOfBorder(double theta);
 
@@ -107,19 +113,25 @@ class Cornice {
   Pen& pen() { return pen_; }
 
  private:
-  void placeEdge(double t, Half half);
+  // False when the point lies on the half of the border that is not the hour's own.
+  bool placeEdge(double t, Half half);
+  // Leaves the border's point or takes the one across: that on the side of the sun that counts
+  // (towards > 0), or the other.
+  void turnEdge(const Vettore& ray, double towards);
   bool cast(const Vettore& ray, Half half) { return surface_.meet(light_, edge_, ray, half); }
-  void visit(const Vettore& ray, Half half, bool draws);
+  void visit(const Vettore& ray, const Sun& sun, Half half, bool draws);
   void numeralsOf(Half half, double first, double last);
 
   Run& run_;
   const DialParams& p_;
   const Surface& surface_;
+  const bool turns_;  // to whichever side of the border the sun asks for
   Pen pen_;
   Trig latitude_;
   double declination_;  // of txtLineofdeclination, degrees
   Trig day_;            // the same
-  Vettore borderRay_;   // the light of txtAO on that day
+  Sun borderSun_;       // of txtAO on that day
+  Vettore borderRay_;   // its light
   bool dayDrawn_;
   double theta_ = 0;
   Vettore edge_;

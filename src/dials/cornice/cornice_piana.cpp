@@ -70,6 +70,7 @@ class Parete final : public Surface {
         window_(run) {}
 
   Vettore edge(double theta) const override { return PuntoDisco(theta); }
+  double sideOfSun() const override { return side_; }
 
   bool meet(Light& light, const Vettore& edge, const Vettore& ray, Half) const override {
     RaggioPiano(light, edge, ray);
@@ -120,7 +121,8 @@ double hourOfTangentPoint(const DialParams& p) {
 void shadowOfDisc(Run& run, Cornice& dial) {
   const double quarter = run.params.PiGreco / 2;
   for (const double theta : run.sweep(-quarter, quarter, 0.005)) {
-    dot(run.sheet, dial.shadowOfBorder(theta), palette(11));
+    dot(run.sheet, dial.shadowOfBorder(theta),
+        {.colour = palette(11), .family = CurveFamily::Marks}, dial.borderSun());
   }
   const Punto first = dial.shadowOfBorder(-quarter);
   line(run.sheet, first, dial.shadowOfBorder(quarter), palette(5));

@@ -103,6 +103,8 @@ void Drawing::all() {
 
 void Drawing::PreparaVerticale() {
   assign(p_.Stilo, number(Field::TxtStilo));
+  // The wall is upright, however the plane of the run before leaned.
+  p_.ReclinRad = 0;
   p_.ElevStilo = elevationByPosition(p_);
   if (p_.LatGradi == 0) {
     p_.Sustilare = p_.OrarioSustilare = (p_.PiGreco / 2) * p_.SegnoDecl;
@@ -127,7 +129,6 @@ void Drawing::locateCentre() {
 // --- The conical style, whose shadow's edge italic and babylonian hours touch.
 
 void Drawing::StiloConico() {
-  p_.ReclinRad = 0;
   if (p_.LatRad != 0) {
     const double E2 = uprightElevation(p_);
     assign(p_.Sustilare, arctan(over(std::sin(p_.DeclRad), std::tan(p_.LatRad))));

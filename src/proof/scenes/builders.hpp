@@ -22,4 +22,11 @@ std::optional<Scene> parabolicCylinder(const Panel& panel);
 std::optional<Scene> sphericalCylinder(const Panel& panel);
 std::optional<Scene> filteringHat(const Panel& panel);
 
+std::optional<Scene> cylindricalCornice(const Panel& panel);
+std::optional<Scene> conicalCornice(const Panel& panel);
+std::optional<Scene> outerDisc(const Panel& panel);
+std::optional<Scene> innerDisc(const Panel& panel);
+std::optional<Scene> scaphe(const Panel& panel);
+std::optional<Scene> skyChart(const Panel& panel);
+
 }  // namespace dialwright::proof
