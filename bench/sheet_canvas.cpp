@@ -1,5 +1,6 @@
-// The sheet's surface with a hundred thousand entities: a frame of panning and of zooming against
-// drawing the whole list, and finding the stroke under the cursor against looking at all.
+// The sheet's surface with a hundred thousand entities: a frame of panning, of zooming and of a
+// moving shadow against drawing the whole list, and finding the stroke under the cursor against
+// looking at all.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <memory>
 
+#include "proof/scenes.hpp"
 #include "ui/sheet_canvas.hpp"
 
 namespace dialwright {
@@ -45,6 +47,7 @@ class Stage {
     if (!QTest::qWaitFor([this] { return canvas.sharp(); }, 60000)) std::abort();
     QTest::qWait(200);  // for the picture of the whole
   }
+  const Program& program() const { return program_; }
   void frame() { canvas.viewport()->repaint(); }
 
  private:
@@ -103,6 +106,18 @@ void zoomFrame(benchmark::State& state) {
   }
 }
 
+// The shadow of another moment each time, worked out and laid over the same picture.
+void shadowFrame(benchmark::State& state) {
+  Stage stage = stageOf(state);
+  const auto scene = proof::sceneOf(stage.program().panel());
+  int step = 0;
+  for (auto _ : state) {
+    const double hourAngle = (++step % 60 - 30) * 0.02;
+    stage.canvas.showShadow(proof::shadowOf(*scene, {hourAngle, 0.2}));
+    stage.frame();
+  }
+}
+
 void buildGrid(benchmark::State& state) {
   Stage stage(640, 480);
   for (auto _ : state) benchmark::DoNotOptimize(HitGrid(*stage.copy));
@@ -121,6 +136,7 @@ void findStroke(benchmark::State& state) {
 BENCHMARK(drawAll)->Apply(sized);
 BENCHMARK(panFrame)->Apply(sized);
 BENCHMARK(zoomFrame)->Apply(sized);
+BENCHMARK(shadowFrame)->Apply(sized);
 BENCHMARK(buildGrid)->Unit(benchmark::kMillisecond);
 BENCHMARK(findStroke)->Unit(benchmark::kMicrosecond);
 

@@ -1,7 +1,9 @@
 // The shadow of a moment.
 #include "app/moment.hpp"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 
 #include "proof/scenes.hpp"
 
@@ -9,14 +11,18 @@ namespace dialwright {
 
 namespace {
 
-constexpr Rgb kShadowBlue = rgb(0, 112, 255);
-constexpr int kShadowWidth = 3;
-constexpr double kEndMark = 0.004;  // radius of the circle around a shadow's end, metres
 constexpr double kHoursOfTurn = 12 / proof::kPi;
 
 double number(const Panel& panel, Field field) { return proof::numberIn(panel, field); }
 
 }  // namespace
+
+std::string clockText(double hours) {
+  const int minutes = static_cast<int>(std::lround(hours * 60)) % (24 * 60);
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "%02d:%02d", minutes / 60, minutes % 60);
+  return text.data();
+}
 
 Sun sunAt(const Panel& panel, const proof::Instant& clock) {
   proof::Instant universal = clock;
@@ -49,7 +55,7 @@ void drawShadow(SheetPlot& sheet, const std::vector<proof::Polyline>& shadow,
     for (std::size_t i = 0; i + 1 < each.size(); ++i) line(sheet, each[i], each[i + 1], ink);
     const Punto first = each.front(), last = each.back();
     if (first.x != last.x || first.y != last.y)
-      circle(sheet, last, kEndMark, ink.colour, {.layer = ink.layer});
+      circle(sheet, last, kShadowEnd, ink.colour, {.layer = ink.layer});
   }
 }
 

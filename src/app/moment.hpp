@@ -2,6 +2,7 @@
 // drawn over it.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,14 @@
 #include "sheet/pen.hpp"
 
 namespace dialwright {
+
+// The look of a shadow over the sheet.
+inline constexpr Rgb kShadowBlue = rgb(0, 112, 255);
+inline constexpr int kShadowWidth = 3;       // in target pixels
+inline constexpr double kShadowEnd = 0.004;  // radius of the circle around its end, metres
+
+// A time of day to the minute, as "09:30".
+std::string clockText(double hours);
 
 // The sun at a moment of the clock in the panel's time zone, at the panel's longitude.
 Sun sunAt(const Panel& panel, const proof::Instant& clock);

@@ -107,13 +107,6 @@ std::vector<proof::Instant> momentsOf(const Request& request) {
   return moments;
 }
 
-std::string clockText(double hours) {
-  const int minutes = static_cast<int>(std::lround(hours * 60)) % (24 * 60);
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "%02d:%02d", minutes / 60, minutes % 60);
-  return text.data();
-}
-
 std::string nameOf(const proof::Instant& moment) {
   std::array<char, 24> text{};
   std::snprintf(text.data(), text.size(), "%04d-%02d-%02d ", moment.year % 10000, moment.month,

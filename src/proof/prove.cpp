@@ -66,7 +66,8 @@ LayerProof Proof::total() const {
   return sum;
 }
 
-Proof prove(const DisplayList& list, const Scene& scene, double within) {
+Proof prove(const DisplayList& list, const Scene& scene, double within,
+            const std::function<bool()>& stopped) {
   Proof proof;
   Table table(list, proof.layers);
   SceneJudge judge(scene, within);
@@ -74,6 +75,7 @@ Proof prove(const DisplayList& list, const Scene& scene, double within) {
   proof.points.assign(list.points.size(), Finding::True);
   proof.circles.assign(list.circles.size(), Finding::True);
   for (std::size_t i = 0; i < list.lines.size(); ++i) {
+    if (stopped && stopped()) break;
     const Meaning meaning = list.meaningOfLine(i);
     if (!meaning.first.known() && !meaning.second.known()) continue;
     const LineRecord& line = list.lines[i];
@@ -82,6 +84,7 @@ Proof prove(const DisplayList& list, const Scene& scene, double within) {
     table.count(line.layer, found);
   }
   for (std::size_t i = 0; i < list.points.size(); ++i) {
+    if (stopped && stopped()) break;
     const Meaning meaning = list.meaningOfPoint(i);
     if (!meaning.first.known()) continue;
     const PointRecord& point = list.points[i];

@@ -1,6 +1,7 @@
 // The proof of a drawing: what its strokes stand for, held against the shadows of its scene.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,10 @@ struct Proof {
   LayerProof total() const;
 };
 
-// Proves a list that was drawn while it kept its meanings.
-Proof prove(const DisplayList& list, const Scene& scene, double within = kWithin);
+// Proves a list that was drawn while it kept its meanings. Where `stopped` says so it ends early:
+// the proof is then that of the strokes before.
+Proof prove(const DisplayList& list, const Scene& scene, double within = kWithin,
+            const std::function<bool()>& stopped = {});
 
 // Colours the ghosts grey and the strays red.
 void mark(DisplayList& list, const Proof& proof);

@@ -237,12 +237,6 @@ Meaning meaningOf(const DisplayList& list, const Hit& hit) {
   return {};
 }
 
-// "10:30", to the minute.
-QString clock(double hours) {
-  const int minutes = static_cast<int>(std::lround(hours * 60)) % (24 * 60);
-  return QString("%1:%2").arg(minutes / 60).arg(minutes % 60, 2, 10, QChar('0'));
-}
-
 // Family, hour and declination, as far as they are known; the sun is that of the stroke's middle.
 QString meaningText(const Program& program, const Meaning& meaning) {
   const std::string family = nameOf(program, meaning.family);
@@ -251,7 +245,7 @@ QString meaningText(const Program& program, const Meaning& meaning) {
                 (meaning.first.declination + meaning.second.declination) / 2};
   QString text = shown(family);
   if (!std::isnan(sun.hourAngle)) {
-    text += ", " + shown(program.T("at ")) + clock(hourTold(program.panel(), sun));
+    text += ", " + shown(program.T("at ") + clockText(hourTold(program.panel(), sun)));
   }
   if (!std::isnan(sun.declination)) {
     const double degrees = sun.declination * 180 / std::numbers::pi;

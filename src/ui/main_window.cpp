@@ -109,6 +109,10 @@ void MainWindow::addFileItems() {
   connect(pages, &QAction::triggered, this, [this] { sheet_.previewPages(); });
   file->insertActions(menus_->actionOf(Item::mnuSep2), {exporting, pages});
   giveMnemonics(*file);
+  QMenu* tools = menus_->menu(Item::mnuTools);
+  sheet_.shadow->setShortcut(QKeySequence("F7"));
+  tools->addAction(sheet_.shadow);
+  giveMnemonics(*tools);
 }
 
 void MainWindow::offer(Appearance& appearance) {

@@ -25,7 +25,7 @@ void MainWindow::choose(Item item) {
     case Item::mnu_Nuovo: projects_->newSheet(); break;
     case Item::mnuLoad: projects_->open(); break;
     case Item::MnuSalva: projects_->saveAs(); break;
-    case Item::mnuPrinter: setUpPrinter(program_, this); break;
+    case Item::mnuPrinter: sheet_.setUpPrinter(); break;
     case Item::mnuExit: close(); break;
     case Item::mnu_Decl: openBoard(program_, this, [this] { inputsChanged(); }); break;
     case Item::M_About: openAbout(program_, this); break;
@@ -79,6 +79,7 @@ void MainWindow::change(const QString& name, const std::function<void()>& action
 void MainWindow::inputsChanged() {
   panel_->refresh();
   menus_->refresh();
+  sheet_.inputsChanged();
   runner_->inputsChanged();
 }
 

@@ -1,14 +1,10 @@
 // Plugging the parts together.
 #include "ui/parts.hpp"
 
-#include <QPageSetupDialog>
-#include <QPrinter>
-
 #include "ui/about_window.hpp"
 #include "ui/board_window.hpp"
 #include "ui/gallery.hpp"
 #include "ui/sheet_widget.hpp"
-#include "ui/text.hpp"
 
 namespace dialwright {
 
@@ -21,8 +17,14 @@ SheetPart makeSheetPart(Program& program, Settings& settings, QWidget* parent,
   QObject::connect(sheet, &SheetWidget::calibrated, parent,
                    [&settings](double zoom) { settings.keepScreenZoom(zoom); });
   sheet->setScreenZoom(settings.screenZoom());
-  return {sheet, [sheet] { sheet->refresh(); }, [sheet] { sheet->showFit(); },
-          [sheet] { sheet->exportAs(); }, [sheet] { sheet->previewPages(); }};
+  return {.widget = sheet,
+          .refresh = [sheet] { sheet->refresh(); },
+          .showFit = [sheet] { sheet->showFit(); },
+          .exportAs = [sheet] { sheet->exportAs(); },
+          .previewPages = [sheet] { sheet->previewPages(); },
+          .setUpPrinter = [sheet] { sheet->setUpPrinter(); },
+          .inputsChanged = [sheet] { sheet->inputsChanged(); },
+          .shadow = sheet->shadowAction()};
 }
 
 QWidget* makeGallery(const Program& program, QWidget* parent,
@@ -39,12 +41,5 @@ void openBoard(Program& program, QWidget* parent, const std::function<void()>& t
 }
 
 void openAbout(const Program& program, QWidget* parent) { AboutWindow(program, parent).exec(); }
-
-void setUpPrinter(const Program& program, QWidget* parent) {
-  QPrinter printer(QPrinter::HighResolution);
-  QPageSetupDialog dialog(&printer, parent);
-  dialog.setWindowTitle(shown(program.T("Printer setup")));
-  dialog.exec();
-}
 
 }  // namespace dialwright

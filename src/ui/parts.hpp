@@ -7,6 +7,8 @@
 #include "app/program.hpp"
 #include "ui/settings.hpp"
 
+class QAction;
+
 namespace dialwright {
 
 // The sheet, and how it is told that the drawing is new.
@@ -16,6 +18,9 @@ struct SheetPart {
   std::function<void()> showFit;
   std::function<void()> exportAs;
   std::function<void()> previewPages;
+  std::function<void()> setUpPrinter;
+  std::function<void()> inputsChanged;  // the panel is new, and not drawn yet
+  QAction* shadow = nullptr;            // shows and hides the moving shadow
 };
 // `hovered` is told what lies under the cursor, `message` a sentence for a box. The settings know
 // how long a metre is on this screen.
@@ -32,8 +37,5 @@ QWidget* makeGallery(const Program& program, QWidget* parent,
 void openBoard(Program& program, QWidget* parent, const std::function<void()>& transferred);
 
 void openAbout(const Program& program, QWidget* parent);
-
-// The system's printer set-up.
-void setUpPrinter(const Program& program, QWidget* parent);
 
 }  // namespace dialwright

@@ -37,7 +37,8 @@ class PaperPainter {
   QString end(const Program& program) {
     if (begun_) failed_ = !painter_.end() || failed_;
     const QPrinter::PrinterState state = printer_.printerState();
-    if (begun_ && !failed_ && state != QPrinter::Error && state != QPrinter::Aborted) return {};
+    if (begun_ && !failed_ && state != QPrinter::Error && state != QPrinter::Aborted)
+      return wordOnPaper(program, printer_);
     return shown(
         program.T("The printer takes no pages: check that it is on and connected, or print to a "
                   "file. Nothing of the drawing is lost."));
@@ -101,6 +102,15 @@ void prepare(QPrinter& printer) {
   printer.setPageMargins(QMarginsF());
 }
 
+QString wordOnPaper(const Program& program, const QPrinter& printer) {
+  constexpr double kLost = 0.0005;  // metres that sizes in whole points may take away
+  const QSizeF paper = printer.pageLayout().fullRect(QPageLayout::Millimeter).size() / 1000;
+  if (paper.width() > kPaperW - kLost && paper.height() > kPaperH - kLost) return {};
+  return shown(
+      program.T("The paper is smaller than an upright A4 page: the drawing keeps its true size and "
+                "is cut at the paper's edge."));
+}
+
 QString printJob(const Program& program, QPrinter& printer, const PrintJob& job) {
   PaperPainter paper(printer);
   if (paper.begun()) {
@@ -117,13 +127,12 @@ QString printPages(const Program& program, QPrinter& printer, const std::vector<
     PaintedDocument document(paper);
     problem = layPages(program.sheet(), document, {.numbers = numbers});
   }
-  const QString failure = paper.end(program);
-  return failure.isEmpty() ? shown(problem) : failure;
+  const QString word = paper.end(program);
+  return problem.empty() ? word : shown(problem);
 }
 
-QString preview(QWidget* parent, const QString& title, const PrintDocument& document) {
-  QPrinter printer(QPrinter::HighResolution);
-  prepare(printer);
+QString preview(QWidget* parent, const QString& title, QPrinter& printer,
+                const PrintDocument& document) {
   QPrintPreviewDialog dialog(&printer, parent);
   dialog.setWindowTitle(title);
   dialog.resize(800, 640);

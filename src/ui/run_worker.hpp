@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/program.hpp"
+#include "proof/scene.hpp"
 
 namespace dialwright {
 
@@ -27,8 +28,13 @@ class RunWorker : public QObject {
     std::atomic<bool> cancelled = false;
   };
 
-  // `done` is called in the window's thread for each run that was neither cancelled nor overtaken.
-  RunWorker(const Program& program, std::function<void(Job&)> done, QObject* parent);
+  using Done = std::function<void(Job&)>;
+  using Proved = std::function<void(const proof::LayerProof& strokes)>;
+
+  // Both are called in the window's thread, for each run that was neither cancelled nor overtaken:
+  // `done` when it is drawn, then `proved` when its strokes have been held against the shadows, if
+  // the dial has any and the run didn't leave the others out.
+  RunWorker(const Program& program, Done done, Proved proved, QObject* parent);
   ~RunWorker() override;
 
   // Starts a run. The one under way ends at its next curve, and what it drew is lost.
@@ -42,11 +48,16 @@ class RunWorker : public QObject {
   void work(const std::stop_token& stop);
   std::shared_ptr<Job> next(const std::stop_token& stop);
   void make(Job& job) const;
+  struct Trial;
+  static std::unique_ptr<Trial> trialOf(const Job& job);
+  void prove(const std::shared_ptr<Job>& job, const Trial& trial);
   void deliver(const std::shared_ptr<Job>& job);
 
   const Program& program_;
-  std::function<void(Job&)> done_;
+  Done done_;
+  Proved proved_;
   std::shared_ptr<Job> current_;  // the window's view of things
+  std::shared_ptr<Job> drawn_;    // whose proof may be under way
 
   std::mutex mutex_;
   std::condition_variable_any wake_;

@@ -17,7 +17,8 @@ Runner::Runner(Program& program, QObject* parent)
     : QObject(parent),
       program_(program),
       worker_(
-          program, [this](RunWorker::Job& job) { done(job); }, nullptr) {
+          program, [this](RunWorker::Job& job) { done(job); },
+          [this](const proof::LayerProof& strokes) { proved(strokes); }, nullptr) {
   delay_.setSingleShot(true);
   delay_.setInterval(kDelay);
   patience_.setSingleShot(true);
@@ -99,13 +100,22 @@ void Runner::done(RunWorker::Job& job) {
   drawRest();
 }
 
+// Behind the word of the run itself.
+void Runner::proved(const proof::LayerProof& strokes) {
+  if (strokes.genuine == strokes.strokes) return;
+  const QString sentence =
+      shown(program_.T("%1 of %2 strokes are no shadows; with \"%3\" a run leaves them out."))
+          .arg(strokes.strokes - strokes.genuine)
+          .arg(strokes.strokes)
+          .arg(shown(program_.panel()[Field::ckTrue].caption));
+  emit remark(remark_.isEmpty() ? sentence : remark_ + "   " + sentence);
+}
+
 void Runner::tell(const RunWorker::Job& job) {
-  if (!job.asked) {
-    emit remark(job.messages.empty() ? QString() : shown(job.messages.back()));
-    return;
-  }
+  remark_ = job.asked || job.messages.empty() ? QString() : shown(job.messages.back());
+  emit remark(remark_);
+  if (!job.asked) return;
   if (job.beeped) emit beep();
-  emit remark({});
   for (const std::string& text : job.messages) emit message(shown(text));
 }
 

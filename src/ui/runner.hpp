@@ -39,7 +39,8 @@ class Runner : public QObject {
  signals:
   void drawn();                       // the sheet and the panel are new
   void message(const QString& text);  // of a run that was asked for: a message box
-  void remark(const QString& text);   // of a live run; empty when there is nothing to say
+  // Of a live run, or what its strokes are worth; empty when there is nothing to say.
+  void remark(const QString& text);
   void beep();
   void slow(bool running);  // a run takes longer than a moment; or it has ended
   void progress(double samples);
@@ -48,6 +49,7 @@ class Runner : public QObject {
   void startLive();
   void start(bool anew, bool asked);
   void done(RunWorker::Job& job);
+  void proved(const proof::LayerProof& strokes);
   void tell(const RunWorker::Job& job);
   void drawRest();
   void ended();
@@ -59,6 +61,7 @@ class Runner : public QObject {
   bool live_ = true;
   bool liveDrawing_ = false;
   bool slow_ = false;
+  QString remark_;  // of the last run
   std::vector<std::function<void()>> afterwards_;
   RunWorker worker_;
 };

@@ -1,6 +1,7 @@
 // Shows a dial, the catalogue, the dark look and the windows beside, and takes each as it stands.
 #include "ui/screenshots.hpp"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -14,6 +15,7 @@
 #include "ui/board_window.hpp"
 #include "ui/gallery.hpp"
 #include "ui/main_window.hpp"
+#include "ui/shadow_bar.hpp"
 #include "ui/sheet_canvas.hpp"
 #include "ui/sheet_widget.hpp"
 
@@ -89,6 +91,12 @@ bool takeScreenshots(MainWindow& window, Program& program, Appearance& appearanc
   show(window, Item::mnuUni,
        {Field::ckArabi, Field::ck_Lemniscate, Field::ck_Triangolo, Field::ck_Italiche});
   camera.take(window, "dial");
+
+  auto* sheet = window.findChild<SheetWidget*>();
+  sheet->shadowAction()->trigger();
+  sheet->shadowBar().setMoment(QDate(2026, 6, 21), 10 * 60 + 30);
+  camera.take(window, "shadow");
+  sheet->shadowAction()->trigger();
 
   auto* tabs = window.findChild<QTabWidget*>();
   auto* gallery = window.findChild<Gallery*>();

@@ -1,6 +1,7 @@
 // Builds the bar and its panels from the table of the sheet's commands.
 #include "ui/sheet_bar.hpp"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QFrame>
@@ -85,6 +86,7 @@ SheetBar::SheetBar(Program& program, QWidget* parent)
             [this] { emit pagesWanted(); });
   addAction(program.T("True size..."), program.T("Makes 1:1 on this screen as long as on a ruler"),
             [this] { emit calibrationWanted(); });
+  addShadow();
   lblDimVal_ = addReadOut("lblDimVal", sheet_caption::lblDim);
   lblXYval_ = addReadOut("lblXYval", sheet_caption::Label1);
 
@@ -100,14 +102,35 @@ void SheetBar::addScale() {
   cmbScala_->setObjectName("cmbScala");
   cmbScala_->setAccessibleName(shown(program_.T(sheet_caption::cmbScala)));
   cmbScala_->setMinimumContentsLength(6);
-  QPalette look = cmbScala_->palette();  // a scale between those of the list is no less valid
-  look.setColor(QPalette::PlaceholderText, look.color(QPalette::Text));
-  cmbScala_->setPalette(look);
+  colourScale();
   connect(cmbScala_, &QComboBox::activated, this, [this](int index) {
     view_.chooseScale(static_cast<std::size_t>(index));
     emit scaleChosen();
   });
   head_->layout()->addWidget(pair(head_, shown(program_.T(sheet_caption::cmbScala)), cmbScala_));
+}
+
+// A scale between those of the list is no less valid.
+void SheetBar::colourScale() {
+  QPalette look;
+  look.setColor(QPalette::PlaceholderText, palette().color(QPalette::Text));
+  cmbScala_->setPalette(look);
+}
+
+void SheetBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) colourScale();
+}
+
+void SheetBar::addShadow() {
+  shadow_ = new QAction(shown(program_.T("Shadow")), this);
+  shadow_->setCheckable(true);
+  shadow_->setToolTip(shown(program_.T("Moves the shadow over the dial by day and hour")));
+  auto* button = new QToolButton(head_);
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setObjectName("shadow");
+  button->setDefaultAction(shadow_);
+  head_->layout()->addWidget(button);
 }
 
 void SheetBar::addCommands(QWidget* to, std::span<const SheetCommand> commands) {

@@ -10,6 +10,7 @@
 #include "app/program.hpp"
 
 class QAbstractButton;
+class QAction;
 class QComboBox;
 class QFrame;
 class QLabel;
@@ -27,6 +28,8 @@ class SheetBar : public QWidget {
   void refresh();
   // The scale 1:n that the sheet is seen in, which need not be one of the list.
   void showScale(double n);
+  // Shows and hides the moving shadow.
+  QAction* shadow() const { return shadow_; }
 
  signals:
   void scaleChosen();  // the sheet has it now
@@ -38,11 +41,14 @@ class SheetBar : public QWidget {
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   struct PanelRow;
 
   void addScale();
+  void colourScale();
+  void addShadow();
   void addCommands(QWidget* to, std::span<const SheetCommand> commands);
   void addAction(const std::string& text, const std::string& tip, const std::function<void()>& act);
   QLabel* addReadOut(std::string_view name, std::string_view label);
@@ -53,6 +59,7 @@ class SheetBar : public QWidget {
   Program& program_;
   SheetView& view_;
   QWidget* head_;
+  QAction* shadow_ = nullptr;
   QComboBox* cmbScala_ = nullptr;
   QLabel* lblDimVal_ = nullptr;
   QLabel* lblXYval_ = nullptr;

@@ -224,6 +224,7 @@ void SheetCanvas::paintEvent(QPaintEvent*) {
     draw(painter, overview_);
   }
   draw(painter, sharp_);
+  drawShadow(painter);
   drawCross(painter);
 }
 
@@ -246,15 +247,6 @@ void SheetCanvas::draw(QPainter& painter, const Shot& shot) const {
   }
   const QRectF source((part.topLeft() - shot.part.topLeft()) * zoom, part.size() * zoom);
   painter.drawImage(QRectF(toPixel(part.topLeft()), part.size() * zoom_), shot.image, source);
-}
-
-void SheetCanvas::drawCross(QPainter& painter) const {
-  if (!cross_ || !hasFocus()) return;
-  constexpr double kArm = 12;
-  const QPointF at = toPixel(*cross_);
-  painter.setPen(QPen(palette().highlight(), 2));
-  painter.drawLine(at - QPointF(kArm, 0), at + QPointF(kArm, 0));
-  painter.drawLine(at - QPointF(0, kArm), at + QPointF(0, kArm));
 }
 
 }  // namespace dialwright

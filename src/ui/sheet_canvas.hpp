@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "app/program.hpp"
+#include "proof/shade.hpp"
 #include "ui/hit_test.hpp"
 #include "ui/sheet_shot.hpp"
 
@@ -43,6 +44,11 @@ class SheetCanvas : public QAbstractScrollArea {
   bool sharp() const;
   // True while this tells the view of a new place, which is nothing new to show.
   bool scrolling() const { return scrolling_; }
+  // Lines of the dial that stand over the sheet, and may move at each frame: no picture is painted
+  // for them.
+  void showShadow(const std::vector<proof::Polyline>& shadow);
+  const std::vector<proof::Polyline>& shadow() const { return shadow_; }
+
   std::optional<Hit> strokeAt(const QPointF& pixel);
 
  signals:
@@ -72,6 +78,9 @@ class SheetCanvas : public QAbstractScrollArea {
   void order();
   void take(const Shot& shot);
   void draw(QPainter& painter, const Shot& shot) const;
+  QRectF shadowArea() const;  // pixels of the window
+  QPointF placeOf(Punto ofDial) const;
+  void drawShadow(QPainter& painter) const;
   void drawCross(QPainter& painter) const;
   void moveBy(const QPoint& pixels);
   void moveCross(const QPoint& pixels);
@@ -86,6 +95,7 @@ class SheetCanvas : public QAbstractScrollArea {
   ShotMaker overviewMaker_;
   Shot sharp_;     // what is seen and some more
   Shot overview_;  // the whole sheet, coarse: what stands where nothing is painted yet
+  std::vector<proof::Polyline> shadow_;
   QTimer orderTimer_;
   double zoom_ = 1000;
   double givenScreenZoom_ = 0;

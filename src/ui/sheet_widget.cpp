@@ -1,10 +1,13 @@
 // Joins bar, surface and the sheet's view.
 #include "ui/sheet_widget.hpp"
 
+#include <QAction>
 #include <QLabel>
+#include <QPageSetupDialog>
 #include <QVBoxLayout>
 
 #include "ui/calibration.hpp"
+#include "ui/shadow_bar.hpp"
 #include "ui/sheet_bar.hpp"
 #include "ui/sheet_canvas.hpp"
 #include "ui/text.hpp"
@@ -16,12 +19,14 @@ SheetWidget::SheetWidget(Program& program, QWidget* parent)
       program_(program),
       exports_(program, this),
       bar_(new SheetBar(program, this)),
+      shadow_(new ShadowBar(program, this)),
       p_mess_(new QLabel(this)),
       canvas_(new SheetCanvas(program, this)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(bar_);
+  column->addWidget(shadow_);
   column->addWidget(p_mess_);
   column->addWidget(canvas_, 1);
   p_mess_->setObjectName("p_mess");
@@ -34,11 +39,14 @@ SheetWidget::SheetWidget(Program& program, QWidget* parent)
   connect(bar_, &SheetBar::exportWanted, this, &SheetWidget::exportAs);
   connect(bar_, &SheetBar::pagesWanted, this, &SheetWidget::previewPages);
   connect(bar_, &SheetBar::calibrationWanted, this, &SheetWidget::calibrate);
+  shadow_->hide();
+  connect(bar_->shadow(), &QAction::toggled, shadow_, &QWidget::setVisible);
+  connect(shadow_, &ShadowBar::moved, canvas_, &SheetCanvas::showShadow);
   connect(canvas_, &SheetCanvas::hovered, this, &SheetWidget::hovered);
   connect(canvas_, &SheetCanvas::zoomed, this, [this] { bar_->showScale(canvas_->scale()); });
 
   showPreview = [this](const QString& title, const PrintDocument& document) {
-    return preview(this, title, document);
+    return preview(this, title, printer(), document);
   };
   fillPorts();
   refresh();
@@ -79,7 +87,12 @@ void SheetWidget::refresh() {
   p_mess_->setText(shown(program_.sheet().caption()));
   p_mess_->setVisible(!program_.sheet().caption().empty());
   canvas_->renew();
+  shadow_->inputsChanged();
 }
+
+void SheetWidget::inputsChanged() { shadow_->inputsChanged(); }
+
+QAction* SheetWidget::shadowAction() const { return bar_->shadow(); }
 
 void SheetWidget::showFit() { canvas_->showFit(); }
 
@@ -98,6 +111,28 @@ void SheetWidget::previewPages() {
   for (const SelectedPage& page : program_.view().selectedPages()) numbers.push_back(page.number);
   print(shown(program_.T("A4 pages")),
         [&](QPrinter& printer) { return printPages(program_, printer, numbers); });
+}
+
+QPrinter& SheetWidget::printer() {
+  if (!printer_) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    prepare(*printer_);
+  }
+  return *printer_;
+}
+
+// A printer that last printed to a file is a printer again; the system's dialog is for no other.
+void SheetWidget::setUpPrinter() {
+  printer().setOutputFormat(QPrinter::NativeFormat);
+  if (printer().outputFormat() != QPrinter::NativeFormat) {
+    emit message(shown(program_.T("There is no printer to set up; the preview prints to a file.")));
+    return;
+  }
+  QPageSetupDialog dialog(&printer(), this);
+  dialog.setWindowTitle(shown(program_.T("Printer setup")));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString cut = wordOnPaper(program_, printer());
+  if (!cut.isEmpty()) emit message(cut);
 }
 
 void SheetWidget::print(const QString& title, const PrintDocument& document) {

@@ -2,15 +2,18 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 #include "app/program.hpp"
 #include "ui/exports.hpp"
 #include "ui/printing.hpp"
 
+class QAction;
 class QLabel;
 
 namespace dialwright {
 
+class ShadowBar;
 class SheetBar;
 class SheetCanvas;
 
@@ -31,12 +34,21 @@ class SheetWidget : public QWidget {
   // Pixels of the screen a metre, measured by the user; 0 for what the screen says of itself.
   void setScreenZoom(double pixelsPerMeter);
 
+  // The dial of the panel is new, and not drawn yet.
+  void inputsChanged();
+  // The check of a menu or a button that shows and hides the moving shadow.
+  QAction* shadowAction() const;
+
   void exportAs() { exports_.exportAs(); }
   void previewPages();
+  void setUpPrinter();
   void calibrate();
 
   Exports& exports() { return exports_; }
   SheetCanvas& canvas() { return *canvas_; }
+  ShadowBar& shadowBar() { return *shadow_; }
+  // What the set-up chose, the preview shows and the pages are printed on.
+  QPrinter& printer();
 
   // Shows a document before it is printed, and gives the sentence of a failure; a test puts its own
   // printer here.
@@ -55,8 +67,11 @@ class SheetWidget : public QWidget {
   Program& program_;
   Exports exports_;
   SheetBar* bar_;
+  ShadowBar* shadow_;
   QLabel* p_mess_;
   SheetCanvas* canvas_;
+  std::unique_ptr<QPrinter>
+      printer_;           // once it is first asked for: a system's printers may be slow
   bool awaited_ = false;  // a refresh is on its way
 };
 

@@ -1,7 +1,5 @@
 // The bifilar and the ball dials against their shadows: what the literal drawing has of ghosts and
 // strays, and that the drawing of true shadows has none of them and all the rest.
-#include <algorithm>
-
 #include "dials/bifilar/ball.hpp"
 #include "dials/bifilar/ball_verticale.hpp"
 #include "dials/bifilar/catenaria.hpp"
@@ -25,8 +23,7 @@ const std::vector<Field> kFamilies = {
 struct Dial : ProvenDial {
   Dial(Item item, Driver driver, double latitude = kLatitude, double declination = -14.57,
        const std::vector<Field>& boxes = kFamilies)
-      : ProvenDial(item, driver) {
-    for (const Field box : boxes) check(box);
+      : ProvenDial(item, driver, boxes) {
     for (const Field both : {Field::ckRomani, Field::ckArabi}) panel.setState(both, true);
     set(Field::txtLAT, textOf(latitude)).set(Field::txtDecl, textOf(declination));
     set(Field::TxtInizio, "1").set(Field::TxtFine, "24").set(Field::TxtHour, "1");
@@ -41,56 +38,7 @@ struct Dial : ProvenDial {
         -std::tan(proof::radians(panel.number(Field::txtLAT))) * std::tan(proof::radians(day));
     return std::abs(cosine) < 1 ? proof::degrees(std::acos(cosine)) : 180;
   }
-
-  // The part of some suns' shadows that a layer's lines pass, of those that fall into the window
-  // and do not graze the surface or the horizon; 1 when none does.
-  double drawn(std::string_view layer, const std::vector<Sun>& suns) {
-    const std::vector<LineRecord> lines = linesOf(layer);
-    double wanted = 0, found = 0;
-    for (const Sun& sun : suns) {
-      const proof::Vec sunwards = scene().sky.towards(sun);
-      const double height = dot(scene().surface->place({0, 0})->normal, sunwards);
-      const proof::Judgement there = scene().judge({0, -0.1}, CurveFamily::None, sun);
-      if (!there.lit || std::fmin(sunwards.z, height) < 0.05 || !holds(there.shadow)) continue;
-      ++wanted;
-      found += std::any_of(lines.begin(), lines.end(), [&](const LineRecord& line) {
-        return distance(there.shadow, line) < 0.0002;
-      });
-    }
-    return wanted > 0 ? found / wanted : 1;
-  }
-
- private:
-  // Well within the window.
-  bool holds(Punto p) const {
-    const double edge = 0.02;
-    return p.x > panel.number(Field::x1txt) + edge && p.x < panel.number(Field::x2txt) - edge &&
-           p.y > panel.number(Field::y2txt) + edge && p.y < panel.number(Field::y1txt) - edge;
-  }
-  static double distance(Punto p, const LineRecord& line) {
-    const double dx = line.x2 - line.x1, dy = line.y1 - line.y2;
-    const double square = dx * dx + dy * dy;
-    double part = square > 0 ? ((p.x - line.x1) * dx + (p.y + line.y1) * dy) / square : 0;
-    part = std::clamp(part, 0.0, 1.0);
-    return std::hypot(line.x1 + part * dx - p.x, -line.y1 + part * dy - p.y);
-  }
 };
-
-// The suns of an hour through the year, and of a day through its hours; degrees.
-std::vector<Sun> sunsOfHours(double first, double last, double step) {
-  std::vector<Sun> suns;
-  for (double H = first; H <= last; H += step) {
-    for (const double day : {-22.0, -13.0, -4.0, 0.5, 6.0, 15.0, 23.0})
-      suns.push_back({proof::radians(H), proof::radians(day)});
-  }
-  return suns;
-}
-std::vector<Sun> sunsOfDay(double day, double first, double last) {
-  std::vector<Sun> suns;
-  for (double H = first; H <= last; H += 7.3)
-    suns.push_back({proof::radians(H), proof::radians(day)});
-  return suns;
-}
 
 struct Fountain : Dial {
   explicit Fountain(double latitude = kLatitude)

@@ -3,7 +3,7 @@
 
 #include "dials/conical/scafe.hpp"
 #include "numerics/numbers.hpp"
-#include "support/proved_dial.hpp"
+#include "support/proven_dial.hpp"
 
 namespace dialwright {
 namespace {
@@ -17,10 +17,9 @@ const std::vector<Field> kFamilies = {Field::chkOreAstronomiche, Field::ck_Itali
                                       Field::Ck_DayLightCurves,  Field::ck_Equinoziale};
 constexpr const char* kLayers[] = {"ora", "ita", "bab", "Temp"};
 
-struct Scaphe : ProvedDial {
+struct Scaphe : ProvenDial {
   Scaphe(double latitude, double semiAngle, bool mirrored)
-      : ProvedDial(Item::mnuConoAntico, DisegnaScafe, kFamilies), phi(radians(latitude)) {
-    for (const Field numerals : {Field::ckRomani, Field::ckArabi}) panel.setState(numerals, false);
+      : ProvenDial(Item::mnuConoAntico, DisegnaScafe, kFamilies), phi(radians(latitude)) {
     panel.setState(Field::ckFunction, mirrored);
     set(Field::txtLAT, textOf(latitude)).set(Field::txtSemi, textOf(semiAngle));
     set(Field::TxtHour, "1");
@@ -32,7 +31,7 @@ struct Scaphe : ProvedDial {
     return degrees(std::acos(std::clamp(c, -1.0, 1.0)));
   }
   void expectMeanings() {
-    const auto near = [](double value, double step) { return offGrid(value, step) < 1e-4; };
+    const auto near = [](double value, double step) { return offStep(value, step) < 1e-4; };
     everySun("ora", [&](double H, double) { return near(H, 15); });
     everySun("ita", [&](double H, double day) { return near(arc(day) - H, 15); });
     everySun("bab", [&](double H, double day) { return near(arc(day) + H, 15); });

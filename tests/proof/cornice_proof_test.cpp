@@ -6,7 +6,7 @@
 #include "dials/cornice/cornice_conica.hpp"
 #include "dials/cornice/cornice_piana.hpp"
 #include "numerics/numbers.hpp"
-#include "support/proved_dial.hpp"
+#include "support/proven_dial.hpp"
 
 namespace dialwright {
 namespace {
@@ -63,12 +63,11 @@ const Kind kInner{"39",
                   +1,
                   "50"};
 
-class Cornice : public ProvedDial {
+class Cornice : public ProvenDial {
  public:
   explicit Cornice(const Kind& kind, double latitude = 45.7438, double declination = -14.57)
-      : ProvedDial(kind.item, kind.driver, {Field::Ck_DayLightCurves, Field::ckFunction}),
+      : ProvenDial(kind.item, kind.driver, {Field::Ck_DayLightCurves, Field::ckFunction}),
         kind_(kind) {
-    for (const Field numerals : {Field::ckRomani, Field::ckArabi}) panel.setState(numerals, false);
     set(Field::txtLAT, textOf(latitude)).set(Field::txtDecl, textOf(declination));
     set(Field::txt_Definition, kind.step).set(Field::txtLineofdeclination, "-7.5");
   }
@@ -134,13 +133,17 @@ class Cornice : public ProvedDial {
   void expectMeanings() {
     for (const double half : {1.0, -1.0}) {
       const int i = half > 0 ? 0 : 1;
-      everySun(kind_.hours[i], CurveFamily::Hours, [&](double H, double day) {
-        return offGrid(H, 15) < 1e-6 && half * H > kind_.from - 1e-6 &&
-               half * H < kind_.to + 1e-6 && std::abs(day) < 23.4451;
-      });
-      everySun(kind_.days[i], CurveFamily::Declinations, [&](double H, double day) {
-        return half * H > -0.02 && std::abs(day + 7.5) < 1e-6;
-      });
+      everySun(
+          kind_.hours[i],
+          [&](double H, double day) {
+            return offStep(H, 15) < 1e-6 && half * H > kind_.from - 1e-6 &&
+                   half * H < kind_.to + 1e-6 && std::abs(day) < 23.4451;
+          },
+          CurveFamily::Hours);
+      everySun(
+          kind_.days[i],
+          [&](double H, double day) { return half * H > -0.02 && std::abs(day + 7.5) < 1e-6; },
+          CurveFamily::Declinations);
     }
   }
 

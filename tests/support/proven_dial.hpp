@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <vector>
@@ -30,10 +31,14 @@ struct ProofTally {
   std::size_t strokes = 0, genuine = 0, ghosts = 0, strays = 0;
 };
 
-// It starts without any box.
+// It starts with the boxes that it is given, without any other.
 class ProvenDial : public DialCase {
  public:
-  ProvenDial(Item item, Driver driver) : DialCase(item, driver) { clearBoxes(); }
+  ProvenDial(Item item, Driver driver, const std::vector<Field>& boxes = {})
+      : DialCase(item, driver) {
+    clearBoxes();
+    for (const Field box : boxes) check(box);
+  }
 
   // Runs anew without a proof; a dial that refuses has no strokes.
   ProvenDial& draw(bool trueOnly = false) {
@@ -89,6 +94,24 @@ class ProvenDial : public DialCase {
     return count;
   }
 
+  // The part of some suns' shadows that a layer's lines pass, of those that fall into the window
+  // and do not graze the surface or the horizon; 1 when none does.
+  double drawn(std::string_view layer, const std::vector<Sun>& suns) {
+    const std::vector<LineRecord> lines = linesOf(layer);
+    double wanted = 0, found = 0;
+    for (const Sun& sun : suns) {
+      const proof::Vec sunwards = scene().sky.towards(sun);
+      const double height = dot(scene().surface->place({0, 0})->normal, sunwards);
+      const proof::Judgement there = scene().judge({0, -0.1}, CurveFamily::None, sun);
+      if (!there.lit || std::fmin(sunwards.z, height) < 0.05 || !holds(there.shadow)) continue;
+      ++wanted;
+      found += std::any_of(lines.begin(), lines.end(), [&](const LineRecord& line) {
+        return distance(there.shadow, line) < 0.0002;
+      });
+    }
+    return wanted > 0 ? found / wanted : 1;
+  }
+
   std::vector<ProvenStroke> strokes;
   proof::Proof proof;
 
@@ -126,8 +149,38 @@ class ProvenDial : public DialCase {
     return i < findings.size() ? findings[i] : proof::Finding::True;
   }
 
+  // Well within the window.
+  bool holds(Punto p) const {
+    const double edge = 0.02;
+    return p.x > panel.number(Field::x1txt) + edge && p.x < panel.number(Field::x2txt) - edge &&
+           p.y > panel.number(Field::y2txt) + edge && p.y < panel.number(Field::y1txt) - edge;
+  }
+  static double distance(Punto p, const LineRecord& line) {
+    const double dx = line.x2 - line.x1, dy = line.y1 - line.y2;
+    const double square = dx * dx + dy * dy;
+    double part = square > 0 ? ((p.x - line.x1) * dx + (p.y + line.y1) * dy) / square : 0;
+    part = std::clamp(part, 0.0, 1.0);
+    return std::hypot(line.x1 + part * dx - p.x, -line.y1 + part * dy - p.y);
+  }
+
   std::optional<proof::Scene> scene_;
 };
+
+// The suns of an hour through the year, and of a day through its hours; degrees.
+inline std::vector<Sun> sunsOfHours(double first, double last, double step) {
+  std::vector<Sun> suns;
+  for (double H = first; H <= last; H += step) {
+    for (const double day : {-22.0, -13.0, -4.0, 0.5, 6.0, 15.0, 23.0})
+      suns.push_back({proof::radians(H), proof::radians(day)});
+  }
+  return suns;
+}
+inline std::vector<Sun> sunsOfDay(double day, double first, double last) {
+  std::vector<Sun> suns;
+  for (double H = first; H <= last; H += 7.3)
+    suns.push_back({proof::radians(H), proof::radians(day)});
+  return suns;
+}
 
 inline constexpr CurveFamily kCurveFamilies[] = {
     CurveFamily::Hours,     CurveFamily::Declinations, CurveFamily::Equinoctial,

@@ -26,10 +26,14 @@ class BoardWindowTest : public ::testing::Test {
   QLineEdit& text(const char* name) { return *window.findChild<QLineEdit*>(name); }
   QAbstractButton& button(const char* name) { return *window.findChild<QAbstractButton*>(name); }
   void enter(const char* name, const char* keys) {
-    text(name).setFocus();
-    QTest::qWait(1);  // until it is selected
-    QTest::keyClicks(&text(name), keys);
-    QTest::keyClick(&text(name), Qt::Key_Tab);
+    QLineEdit& edit = text(name);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    edit.setFocus();
+    // The focus selects it, but only after the events that brought the focus.
+    const auto selected = [&] { return edit.hasFocus() && edit.selectedText() == edit.text(); };
+    EXPECT_TRUE(QTest::qWaitFor(selected, 20000)) << name;
+    QTest::keyClicks(&edit, keys);
+    QTest::keyClick(&edit, Qt::Key_Tab);
   }
 
   const Folder folder;

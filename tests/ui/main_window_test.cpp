@@ -14,6 +14,8 @@
 #include "ui/application.hpp"
 #include "ui/desk.hpp"
 #include "ui/input_layout.hpp"
+#include "ui/sheet_canvas.hpp"
+#include "ui/sheet_widget.hpp"
 #include "ui/text.hpp"
 
 namespace dialwright {
@@ -232,6 +234,13 @@ TEST_F(MainWindowTest, ChangesTheLanguageOfTheNextStart) {
 TEST(Menus, GiveEachItemAKeyOfItsOwn) {
   EXPECT_EQ(withMnemonics({"Save", "Save as", "A & B", "", "Save"}),
             QStringList({"&Save", "Save &as", "A && &B", "", "Sa&ve"}));
+}
+
+TEST_F(MainWindowTest, RemembersTheScreensTrueSize) {
+  emit desk.window.findChild<SheetWidget*>()->calibrated(5000);
+  Program next({desk.folder.path(), DIALWRIGHT_DATA_DIR, "en"});
+  const MainWindow window(next);
+  EXPECT_EQ(window.findChild<SheetWidget*>()->canvas().screenZoom(), 5000);
 }
 
 TEST_F(MainWindowTest, StoresTheDefaults) {

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QMessageBox>
+#include <QPrintPreviewDialog>
 #include <QTimer>
 
 #include "paper/page_writer.hpp"
@@ -53,6 +54,7 @@ class SheetPaperTest : public ::testing::Test {
     widget.showPreview = [this](const QString&, const PrintDocument& document) {
       QPrinter printer(QPrinter::HighResolution);
       prepare(printer);
+      printer.setPageSize(QPageSize(paper));
       printer.setOutputFormat(QPrinter::PdfFormat);
       printer.setOutputFileName(shown(printed.string()));
       return document(printer);
@@ -68,6 +70,7 @@ class SheetPaperTest : public ::testing::Test {
   SheetWidget widget{program};
   QString answer, proposed, wanted, said;
   QStringList offered;
+  QPageSize::PageSizeId paper = QPageSize::A4;
   std::filesystem::path printed = folder / "printed.pdf";
 };
 
@@ -179,6 +182,56 @@ TEST_F(SheetPaperTest, PrintsTheMarkedPagesThatTheCommandLineWrites) {
   program.sheet().Clear();
   widget.previewPages();
   EXPECT_EQ(said, "No page of this sheet carries ink.");
+}
+
+TEST_F(SheetPaperTest, SmallerPaperCutsThePageAtTrueSizeAndIsTold) {
+  widget.previewPages();
+  EXPECT_EQ(said, "");
+  constexpr int kResolution = 100;
+  const Picture whole = PdfReader(folder.get("printed.pdf")).rendered(1, kResolution);
+  for (const auto size : {QPageSize::A5, QPageSize::Letter}) {
+    paper = size;
+    said.clear();
+    widget.previewPages();
+    EXPECT_TRUE(said.startsWith("The paper is smaller than an upright A4")) << said.toStdString();
+    const Picture cut = PdfReader(folder.get("printed.pdf")).rendered(1, kResolution);
+    EXPECT_LT(cut.height, whole.height);
+    int ink = 0, different = 0;
+    for (int y = 0; y < cut.height; ++y) {
+      for (int x = 0; x < std::min(cut.width, whole.width); ++x) {
+        ink += cut.at(x, y) < 128 ? 1 : 0;
+        different += (cut.at(x, y) < 128) != (whole.at(x, y) < 128) ? 1 : 0;
+      }
+    }
+    EXPECT_GT(ink, 500);
+    EXPECT_LT(different, ink / 20) << "the same places";
+  }
+  paper = QPageSize::A3;
+  widget.previewPages();
+  said.clear();
+  widget.previewPages();
+  EXPECT_EQ(said, "");
+}
+
+TEST_F(SheetPaperTest, ThePreviewIsOfThePrinterThatWasSetUp) {
+  SheetWidget other(program);
+  QString told;
+  QObject::connect(&other, &SheetWidget::message, [&](const QString& text) { told = text; });
+  if (other.printer().outputFormat() == QPrinter::PdfFormat) {
+    other.setUpPrinter();
+    EXPECT_TRUE(told.startsWith("There is no printer to set up")) << told.toStdString();
+  }
+  other.printer().setPageSize(QPageSize(QPageSize::A5));
+  const QPrinter* previewed = nullptr;
+  QTimer::singleShot(200, &other, [&] {
+    auto* dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    previewed = dialog->printer();
+    dialog->reject();
+  });
+  other.previewPages();
+  EXPECT_EQ(previewed, &other.printer());
+  EXPECT_TRUE(told.startsWith("The paper is smaller")) << told.toStdString();
 }
 
 TEST_F(SheetPaperTest, APrinterThatCannotPrintIsASentence) {

@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 
 #include "support/folder.hpp"
+#include "ui/appearance.hpp"
 #include "ui/application.hpp"
 #include "ui/sheet_canvas.hpp"
 #include "ui/text.hpp"
@@ -195,6 +196,18 @@ TEST_F(SheetWidgetTest, InversionButtonsShowTheirState) {
   EXPECT_EQ(middle("cmdInvY"), plain);
   press("cmdPulisci");
   EXPECT_EQ(middle("cmdInvX"), plain);
+}
+
+TEST_F(SheetWidgetTest, ShowsAScaleOfItsOwnInTheColourOfTheMoment) {
+  const QPalette before = QApplication::palette();
+  const auto* scales = widget.findChild<QComboBox*>("cmbScala");
+  for (const QPalette& colours : {darkPalette(), lightPalette()}) {
+    QApplication::setPalette(colours);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(scales->palette().color(QPalette::PlaceholderText), colours.color(QPalette::Text));
+    EXPECT_EQ(scales->palette().color(QPalette::Base), colours.color(QPalette::Base));
+  }
+  QApplication::setPalette(before);
 }
 
 TEST_F(SheetWidgetTest, PanelsOpenFilterTheirKeysAndUpdate) {

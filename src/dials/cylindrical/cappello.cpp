@@ -112,7 +112,7 @@ class Drawing {
   void CappelloAnalemma();
   void CappelloAnalemmaOre();
   Pen analemmaPen();
-  void analemma(Pen& pen, double beforeNoon, Light& light);
+  void analemma(Pen& pen, double meridian, double beforeNoon, Light& light);
   void CappelloLineaDecl();
   void CappelloNumeri();
   void fillPanel() const;
@@ -326,25 +326,27 @@ Pen Drawing::analemmaPen() {
 void Drawing::CappelloAnalemma() {
   Pen pen = analemmaPen();
   Light light;
-  analemma(pen, 0, light);
+  analemma(pen, longitude_, zoneLongitude_, light);
 }
 
 // One analemma for each division of the hours that have an hour line, five in the morning to seven
 // in the evening, and one more for each whole hour. The panel has no field for their range; who
-// asks for them expects one on every hour line.
+// asks for them expects one on every hour line. Their hours are the place's own, but for true
+// shadows.
 void Drawing::CappelloAnalemmaOre() {
+  const double noon = trueShadows_ ? zoneLongitude_ : 0;
   Pen pen = analemmaPen();
   Light light;
   for (const double step : {over(15, run_.number(Field::TxtHour)), 15.0}) {
     for (const double t : run_.sweep(-kOuterHour, kOuterHour, step, {.step = Field::TxtHour})) {
-      analemma(pen, t, light);
+      analemma(pen, noon + t, noon + t, light);
     }
   }
 }
 
-// The mean sun's place through the year, or through the half that the options choose, so many
-// degrees before the zone's noon.
-void Drawing::analemma(Pen& pen, double beforeNoon, Light& light) {
+// The mean sun's place through the year, or through the half that the options choose, drawn so many
+// degrees from the meridian. It stands for the sun so many degrees before the place's noon.
+void Drawing::analemma(Pen& pen, double meridian, double beforeNoon, Light& light) {
   const bool half = on(Field::CheckL);
   const bool firstHalf = on(Field::Optconcave);
   const double tilt = p_.radians(obliquity(47));
@@ -352,10 +354,10 @@ void Drawing::analemma(Pen& pen, double beforeNoon, Light& light) {
       run_.sweep(half && !firstHalf ? 91 : -90, half && firstHalf ? 90 : 270, 360 / kDaysOfYear);
   for (const double L : longitudes) {
     const SunOfDay sun = sunAtMeanLongitude(p_, p_.radians(L), tilt);
-    PuntoCappello(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(longitude_ + beforeNoon)),
+    PuntoCappello(Trig(p_.LonAbs - sun.equationOfTime + p_.radians(meridian)),
                   SunDeclination(sun.declination), light, kMirrored);
     pen.visit(light.point, verdict(light, L > longitudes.first()),
-              {sun.equationOfTime - p_.radians(zoneLongitude_ + beforeNoon), sun.declination});
+              {sun.equationOfTime - p_.radians(beforeNoon), sun.declination});
   }
 }
 

@@ -79,10 +79,10 @@ void Drawing::read() {
   assign(x2_, arc(x0_));
 }
 
-// The closed form of the parabola's length, on either side of the vertex.
+// The closed form of the parabola's length, on either side of the vertex; of the parameter's sign.
 double Drawing::arcFromVertex(double u) const {
   const double r = p_.Raggio;
-  return (over(u * std::sqrt(r * r + u * u), r) + r * std::asinh(over(u, r))) / 2;
+  return (over(u * std::sqrt(r * r + u * u), r) + r * std::asinh(over(u, std::abs(r)))) / 2;
 }
 
 void Drawing::ParabolicoCurve() {

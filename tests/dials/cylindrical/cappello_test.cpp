@@ -42,6 +42,23 @@ TEST(FilteringHat, AnalemmasAreOfNoonOrOfTheHoursAndOfAHalfYear) {
   }
 }
 
+// No longitude moves the analemmas of the hours; that of noon alone goes with the zone.
+TEST(FilteringHat, TheHoursOfAnalemmasAreThePlacesOwn) {
+  const auto meanAbscissa = [](bool hours, const char* longitude, std::size_t line) {
+    Chapeau dial(45.7438, {Field::ck_Lemniscate});
+    dial.panel.setState(Field::Ck_Section, hours);
+    dial.set(Field::txtLON, longitude).set(Field::TxtHour, "1").run();
+    const auto segments = dial.linesOf("analemma");
+    double sum = 0;
+    for (std::size_t i = 0; i < 365; ++i) sum += segments.at(365 * line + i).x1;
+    return sum / 365;
+  };
+  constexpr std::size_t kNoon = 7;
+  EXPECT_NEAR(meanAbscissa(true, "-7.6438", kNoon), 0, 0.01 * kRadius);
+  EXPECT_EQ(meanAbscissa(true, "-7.6438", 0), meanAbscissa(true, "20", 0));
+  EXPECT_GT(meanAbscissa(false, "-7.6438", 0), 0.1 * kRadius);
+}
+
 TEST(FilteringHat, NumeralsAreRomanTwiceWithBothBoxes) {
   Chapeau arabic(45.7438, {Field::ckArabi}), roman(45.7438, {Field::ckRomani}),
       both(45.7438, {Field::ckArabi, Field::ckRomani});

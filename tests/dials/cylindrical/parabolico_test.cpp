@@ -83,6 +83,19 @@ TEST(ParabolicCylinder, TheSouthAndWallsBeyondSeventyDegreesAreRefused) {
   }
 }
 
+// The length along the section is odd in its parameter.
+TEST(ParabolicCylinder, ANegativeParameterUnrollsTheOtherWay) {
+  const auto equinoctial = [](const char* parameter) {
+    Dial dial;
+    dial.set(Field::txtDecl, "0").set(Field::TxtRadius, parameter).run();
+    return dial.pointsIn(palette(9));
+  };
+  const auto plain = equinoctial("2"), mirrored = equinoctial("-2");
+  ASSERT_GT(plain.size(), 100u);
+  ASSERT_EQ(mirrored.size(), plain.size());
+  for (std::size_t i = 0; i < plain.size(); ++i) ASSERT_NEAR(mirrored[i].x, -plain[i].x, 1e-12);
+}
+
 TEST(ParabolicCylinder, TakesAnyInput) {
   expectBounded(Item::M_Parabolico, QuadranteParabolico, {Field::Ck_Section},
                 {Field::txtLAT, Field::txtDecl, Field::TxtRadius, Field::TxtStilo, Field::TxtHour,
