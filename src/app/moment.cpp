@@ -44,7 +44,7 @@ SkyPlace placeInSky(const Panel& panel, const Sun& sun) {
 }
 
 std::vector<proof::Polyline> shadowOf(const Panel& panel, const Sun& sun) {
-  const auto scene = proof::sceneOf(panel);
+  const auto scene = proof::shadowSceneOf(panel);
   return scene ? proof::shadowOf(*scene, sun) : std::vector<proof::Polyline>{};
 }
 

@@ -148,7 +148,7 @@ void commandShadow(const Request& request) {
   const std::vector<proof::Instant> moments = momentsOf(request);
   const std::vector<Output> outputs = outputsOf(request);
   const auto program = drawnDial(request);
-  if (!proof::sceneOf(program->panel())) {
+  if (!proof::shadowSceneOf(program->panel())) {
     throw CommandFailure("the dial " + request.item + " throws no shadow");
   }
   SheetPlot& sheet = program->sheet();

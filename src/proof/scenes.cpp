@@ -57,6 +57,11 @@ bool hasScenes(Item dial) {
   return std::ranges::any_of(kScenes, [=](const SceneRow& row) { return row.dial == dial; });
 }
 
+std::optional<Scene> shadowSceneOf(const Panel& panel) {
+  if (panel.chosen() == Item::mnuDia) return std::nullopt;
+  return sceneOf(panel);
+}
+
 double numberIn(const Panel& panel, Field field) {
   const double value = panel.number(field);
   return std::isfinite(value) ? value : 0;

@@ -78,7 +78,7 @@ void ShadowBar::setMoment(const QDate& day, int minutes) {
 
 void ShadowBar::inputsChanged() {
   if (!isVisible()) return;
-  scene_ = proof::sceneOf(program_.panel());
+  scene_ = proof::shadowSceneOf(program_.panel());
   minutes_->setEnabled(scene_.has_value());
   day_->setEnabled(scene_.has_value());
   tell();

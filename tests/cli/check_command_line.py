@@ -262,6 +262,7 @@ def proof_and_shadow():
     year = run("shadow", "7", "-q", "--from", "2026-01-31", "--to", "2026-03-02", "--step", "10", "--time", "12:00")
     expect([line[:10] for line in year.stdout.splitlines()] ==
            ["2026-01-31", "2026-02-10", "2026-02-20", "2026-03-02"], "from day to day")
+    run("shadow", "mnuDia", "--date", "2026-06-21", "--time", "10:30", status=1)  # a map throws none
     for wrong in (["--date", "2026-02-30", "--time", "12:00"], ["--date", "2026-02-03", "--time", "25:00"],
                   ["--date", "2026-02-03"], ["--date", "2026-02-03", "--from", "9:00", "--to", "10:00"],
                   ["--date", "2026-02-03", "--from", "0:00", "--to", "24:00", "--step", "0.001"]):
