@@ -18,6 +18,7 @@ void commandDesktop(const Request& request) {
   if (!request.language.empty()) words.insert(words.end(), {"--lang", request.language});
   if (!request.item.empty()) words.insert(words.end(), {"--", request.item});
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   execv(desktop.c_str(), arguments.data());

@@ -32,8 +32,10 @@ std::optional<std::array<int, N>> numbersOf(const std::string& text, char separa
     std::size_t digits = 0;
     for (; digits < 4 && at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at, ++digits)
       numbers[i] = 10 * numbers[i] + (text[at] - '0');
-    if (digits == 0 || (i + 1 < N && (at >= text.size() || text[at++] != separator)))
-      return std::nullopt;
+    if (digits == 0) return std::nullopt;
+    if (i + 1 == N) break;
+    if (at >= text.size() || text[at] != separator) return std::nullopt;
+    ++at;
   }
   return at == text.size() ? std::optional(numbers) : std::nullopt;
 }

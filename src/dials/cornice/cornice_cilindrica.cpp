@@ -18,7 +18,7 @@ constexpr DayLine kDays[] = {{Half::Afternoon, 0.0001, 105, 0.01, 0.0001, 4, "di
 // The hours before noon are drawn ten times as fine as those after it.
 constexpr HourLines kHours[] = {{Half::Afternoon, 0, 90, 0.1, 10, "ore"},
                                 {Half::Morning, -90, 0, 0.01, 10, "ore2"}};
-constexpr BorderArc kBorder = {Half::Afternoon, -1, 1, 11, "ore"};
+constexpr BorderArc kBorder = {Half::Afternoon, -1, 1, 11, "ore", false};
 
 class Cilindro final : public Surface {
  public:

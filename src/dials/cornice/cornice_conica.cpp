@@ -19,9 +19,9 @@ constexpr DayLine kDays[] = {{Half::Morning, -105, 0, 0.051, -105, 4, "diurna"},
                              {Half::Afternoon, 0.001, 105, 0.051, 0.001, 4, "diurna2"}};
 // The southern half of the border is drawn twice: what falls beyond the East and the West is laid
 // to either side.
-constexpr BorderArc kBorder[] = {{Half::Afternoon, -1, 1, 11, "ombra2"},
+constexpr BorderArc kBorder[] = {{Half::Afternoon, -1, 1, 11, "ombra2", false},
                                  {Half::Afternoon, 1, 3, 13, "ombra", true},
-                                 {Half::Morning, 1, 3, 13, "xombra"}};
+                                 {Half::Morning, 1, 3, 13, "xombra", false}};
 
 // The cone and its development. A cone that doesn't narrow has no vertex: what is measured from it
 // is a fault, and what that stands in is left out. No point of a curve belongs to its development,

@@ -84,7 +84,7 @@ struct BorderArc {
   int first, last;
   int colour;
   const char* layer;
-  bool again = false;  // the arc comes once more, to the other side of the development
+  bool again;  // the arc comes once more, to the other side of the development
 };
 
 // Draws the families of a run. One pen and one light serve them all.
