@@ -50,12 +50,26 @@ bool onOneLine(const Sky& sky, const Meaning& meaning) {
   return !(std::abs(std::remainder(apart, round)) > kApart);
 }
 
+// The hour angle that a line of the horizon's hours has on another day; no number where the sun
+// does not rise or set on one of the two, or the family counts otherwise.
+double hourOnDay(CurveFamily family, const Sky& sky, const Sun& sun, double declination) {
+  const double own = sky.semiArc(sun.declination), other = sky.semiArc(declination);
+  switch (family) {
+    case CurveFamily::Italic: return sun.hourAngle + (other - own);
+    case CurveFamily::Babylonian: return sun.hourAngle - (other - own);
+    case CurveFamily::Temporary: return sun.hourAngle / own * other;
+    default: return Sun::kOpen;
+  }
+}
+
 // Half way from one sun to the other along the line of their family, the shorter way round. (Half
 // way along a great circle would be no test: its shadow lies on every chord between two shadows of
 // a tip.)
-Sun middle(const Sun& a, const Sun& b) {
-  const double turn = std::remainder(b.hourAngle - a.hourAngle, 2 * kPi);
-  return {a.hourAngle + turn / 2, (a.declination + b.declination) / 2};
+Sun middle(CurveFamily family, const Sky& sky, const Sun& a, const Sun& b) {
+  const double day = (a.declination + b.declination) / 2;
+  const double hour = hourOnDay(family, sky, a, day);
+  if (std::isfinite(hour)) return {hour, day};
+  return {a.hourAngle + std::remainder(b.hourAngle - a.hourAngle, 2 * kPi) / 2, day};
 }
 
 double distanceToChord(Punto p, Punto a, Punto b) {
@@ -91,7 +105,8 @@ bool SceneJudge::isTrack(Punto from, Punto to, const Meaning& meaning) {
 
 double SceneJudge::strayOfMiddle(Punto from, Punto to, const Meaning& meaning) const {
   const Punto half{(from.x + to.x) / 2, (from.y + to.y) / 2};
-  const auto shadow = scene_.shadow(half, meaning.family, middle(meaning.first, meaning.second));
+  const auto shadow = scene_.shadow(
+      half, meaning.family, middle(meaning.family, scene_.sky, meaning.first, meaning.second));
   if (!shadow) return HUGE_VAL;
   const double bend = std::min(kMostBend, kBend * std::hypot(to.x - from.x, to.y - from.y));
   return std::max(0.0, distanceToChord(*shadow, from, to) - bend);

@@ -60,14 +60,21 @@ class PlaneSuns {
   bool asked_;
 };
 
+// True of two hour angles (radians) with a quarter turn or more between them; false of open ones.
+inline bool turnsOver(double a, double b) {
+  return std::abs(std::remainder(b - a, 2 * std::numbers::pi)) > std::numbers::pi / 2;
+}
+
 // A stretch whose suns are lit: one stroke where the sun half way between those of its ends is half
 // way along it, else halves, since the sun may run unevenly.
 template <class SunAt>
 void litStretch(SheetPlot& sheet, ShadowJudge& judge, Punto from, Punto to, const Ink& ink,
                 SunAt sunAt, int depth) {
-  constexpr int kMostHalvings = 6;
+  constexpr int kMostHalvings = 24;
+  constexpr double kShortest = 0.001;  // metres of what is worth halving
   const Sun first = sunAt(from), second = sunAt(to);
-  if (depth == kMostHalvings || judge.isTrack(from, to, {ink.family, first, second})) {
+  const bool whole = depth == kMostHalvings || std::hypot(to.x - from.x, to.y - from.y) < kShortest;
+  if (whole || judge.isTrack(from, to, {ink.family, first, second})) {
     line(sheet, from, to, ink, first, second);
     return;
   }
@@ -93,11 +100,13 @@ void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt
   const auto lit = [&](double part) {
     return judge->isShadow(at(part), ink.family, sunAt(at(part)));
   };
-  // Where the light ends between a lit and a dark place.
-  const auto edge = [&](double light, double dark) {
+  // The last place on the way from a lit one to another that is still lit, by the same sun: on the
+  // centre's other side the line is that of the hour twelve later.
+  const auto litUntil = [&](double light, double other) {
+    const double hour = sunAt(at(light)).hourAngle;
     for (int i = 0; i < kHalvings; ++i) {
-      const double half = (light + dark) / 2;
-      (lit(half) ? light : dark) = half;
+      const double half = (light + other) / 2;
+      (lit(half) && !turnsOver(hour, sunAt(at(half)).hourAngle) ? light : other) = half;
     }
     return light;
   };
@@ -108,11 +117,11 @@ void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt
   };
   for (int i = 0; i <= kPieces; ++i) {
     const double part = static_cast<double>(i) / kPieces;
-    if (lit(part)) {
-      if (begin < 0) begin = i == 0 ? part : edge(part, last);
-    } else if (begin >= 0) {
-      draw(edge(last, part));
-    }
+    const bool light = lit(part);
+    const bool breaks =
+        !light || (begin >= 0 && turnsOver(sunAt(at(last)).hourAngle, sunAt(at(part)).hourAngle));
+    if (begin >= 0 && breaks) draw(litUntil(last, part));
+    if (light && begin < 0) begin = i == 0 ? part : litUntil(part, last);
     last = part;
   }
   if (begin >= 0) draw(last);
