@@ -102,6 +102,7 @@ class Qibla {
     azimuth_ = p_.degrees(run.trueShadows() ? towards_.angle : arctan(tangent));
     sinB_ = std::sin(b_);
     tanLat_ = std::tan(p_.LatRad);
+    tanAzimuth_ = tangent;
   }
 
   void curve() {
@@ -121,7 +122,7 @@ class Qibla {
     figure("Latitude ", run_.number(Field::txtQlat));
     figure("Longitude ", run_.number(Field::txtQlon));
     const double B = azimuth_;
-    if (p_.LatRad > 0) {
+    if (p_.LatRad > 0 || run_.trueShadows()) {
       figure("Qibla from South = ", B, "° azimuth");
       figure("Qibla from North = ", B < 0 ? 180 + B : -180 + B, "° azimuth");
     } else {
@@ -134,17 +135,25 @@ class Qibla {
  private:
   void point(double degrees) {
     const double tangent = std::tan(p_.radians(degrees));
-    const double g = p_.LatRad == 0 ? tangent : tangent * sinB_ / tanLat_;
+    const double g = fromB(tangent, run_.trueShadows());
     if (!(std::abs(g) <= 1)) return;
+    const double day = p_.radians(degrees), H = s_ * (b_ - p_.ArcSin(g));
     // A day's sun meets the vertical plane of the direction twice.
-    const double H = s_ * (b_ - p_.ArcSin(g)), other = s_ * (b_ + p_.PiGreco + p_.ArcSin(g));
-    if (!run_.trueShadows()) {
-      mark(H, {isOver(H, tangent) ? H : other, p_.radians(degrees)}, tangent);
-      return;
+    const double aside = p_.ArcSin(fromB(tangent, true));
+    double shown = p_.PiGreco;  // midnight stands for a sun that does not come there
+    for (const double each : {s_ * (b_ + p_.PiGreco + aside), s_ * (b_ - aside)}) {
+      if (!isOver(each, tangent)) continue;
+      shown = each;
+      if (run_.trueShadows()) mark(each, {each, day}, tangent);
     }
-    for (const double each : {H, other}) {
-      if (isOver(each, tangent)) mark(each, {each, p_.radians(degrees)}, tangent);
-    }
+    if (!run_.trueShadows()) mark(H, {shown, day}, tangent);
+  }
+
+  // The sine of the hours between b and the sun in the place's azimuth, by the day's tangent. On the
+  // equator the azimuth goes without saying, but for true shadows.
+  double fromB(double tangent, bool ofAzimuth) const {
+    if (p_.LatRad == 0) return ofAzimuth ? tangent * tanAzimuth_ : tangent;
+    return tangent * sinB_ / tanLat_;
   }
 
   // True when the sun stands over the place and not opposite to it.
@@ -175,7 +184,7 @@ class Qibla {
   double horizon_;
   bool level_;
   double azimuth_ = 0;  // of the Qibla, degrees from the South, West positive
-  double b_ = 0, sinB_ = 0, tanLat_ = 0;
+  double b_ = 0, sinB_ = 0, tanLat_ = 0, tanAzimuth_ = 0;
   Trig towards_;  // the direction of the place in the whole circle
   Punto point_;
 };
