@@ -89,7 +89,8 @@ constexpr Family kHalves = {.box = Field::chkOreAstronomiche,
 constexpr Row turned(double declination, int colour, std::string_view layer) {
   return {dayCurve(Field::Ck_DayLightCurves, kFullTurn, declination, colour, layer)};
 }
-// The declinations are those of a wall that faces South; on one that faces North they swap.
+// The declinations are those of a wall that faces South; on one that faces North they swap, but for
+// true shadows.
 constexpr std::array kCatenariaDeclinazioni = {
     turned(-kSolstice, 12, "solstice°"),
     turned(kSolstice, 12, "solstice"),
@@ -194,7 +195,7 @@ void Drawing::all() {
   DisegnaCornice(run_);
   hoursAndWires();
   legend();
-  draw(kCatenariaDeclinazioni, Sgn(std::cos(p_.DeclRad)));
+  draw(kCatenariaDeclinazioni, run_.trueShadows() ? 1 : Sgn(std::cos(p_.DeclRad)));
   draw(kCatenariaItaliche);
   draw(kCatenariaBabiloniche);
   draw(kCatenariaOrizzonteOvest);
