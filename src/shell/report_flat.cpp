@@ -58,7 +58,8 @@ std::string horizontalHour(const Report& r) {
   double horizontal = 0;
   const double sinLat = std::sin(r.p.LatRad * r.p.SegnoEmisfero);
   const double slope = sinLat * std::tan(r.p.DeclRad);
-  if (r.run.trueShadows() && slope == 0) return "6" + std::string(kColumnGap) + "18";
+  constexpr double kLevel = 1e-8;  // the circle constant leaves half a turn a little off
+  if (r.run.trueShadows() && std::abs(slope) < kLevel) return "6" + std::string(kColumnGap) + "18";
   assign(horizontal, arctan(over(-1, slope)));
   return cut(clockHour(r.p, horizontal));
 }
