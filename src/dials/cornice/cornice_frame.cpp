@@ -143,9 +143,13 @@ void Cornice::numerals(bool withNoon) {
 
 void Cornice::numeralsOf(Half half, double first, double last) {
   for (const double t : run_.sweep(first, last, kHour)) {
-    placeEdge(t, half);
-    if (!cast(VettoreSole(latitude_, Trig(p_.radians(t)), day_), half)) continue;
+    const double towards = placeEdge(t, half) ? 1 : -1;
+    const double H = p_.radians(t);
+    const Vettore ray = VettoreSole(latitude_, Trig(H), day_);
+    if (turns_) turnEdge(ray, towards);
+    if (!cast(ray, half)) continue;
     const Punto at = light_.point;
+    if (!isShown(run_.sheet, at, CurveFamily::Hours, {H, day_.angle})) continue;
     const int count = static_cast<int>(12 + t / kHour);
     const int hour = count > 12 ? count - 12 : count;
     if (run_.on(Field::ckRomani)) {
