@@ -98,7 +98,10 @@ void Drawing::stand(Place& place, double across) const {
   const double r = p_.Raggio, c = p_.SegnoCilindro;
   place.across = across;
   assign(place.depth, c * r - c * root(r * r - across * across));
-  assign(place.point.x, r * p_.ArcSin(over(across, r)));
+  // At the very edge the tangent form has no value: the dot stays at the abscissa of the one
+  // before.
+  const double sine = over(across, r);
+  assign(place.point.x, r * (run_.trueShadows() ? p_.ArcSin(sine) : arcsineByTangent(sine)));
 }
 
 template <class Ordinate, class SunOf>
