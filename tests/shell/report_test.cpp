@@ -231,6 +231,7 @@ TEST(Report, WithTrueShadowsBothStretchesTheSixesAndTheSheetsEdge) {
     return Written(Item::mnuUni, wall).ticked(Field::ckTrue).report().after(label);
   };
   EXPECT_EQ(told({45, 0, 0}, "horizontal hour:    "), "6    18");
+  EXPECT_EQ(told({45, 180, 0}, "horizontal hour:    "), "6    18");
   EXPECT_EQ(told({45, -14.57, 0}, "horizontal hour:    ").substr(0, 5), "17.30");
   // On the equator the style lies level: the substyle is the line of six.
   EXPECT_EQ(told({0, 30, 0}, "Substyle hour = "), "18 h");

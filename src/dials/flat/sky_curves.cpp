@@ -149,8 +149,8 @@ class Qibla {
     if (!run_.trueShadows()) mark(H, {shown, day}, tangent);
   }
 
-  // The sine of the hours between b and the sun in the place's azimuth, by the day's tangent. On the
-  // equator the azimuth goes without saying, but for true shadows.
+  // The sine of the hours between b and the sun in the place's azimuth, by the day's tangent. On
+  // the equator the azimuth goes without saying, but for true shadows.
   double fromB(double tangent, bool ofAzimuth) const {
     if (p_.LatRad == 0) return ofAzimuth ? tangent * tanAzimuth_ : tangent;
     return tangent * sinB_ / tanLat_;
