@@ -132,12 +132,13 @@ std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
       ->excludes(chosen);
   pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
 
-  CLI::App& prove = add("prove", "hold a dial's strokes against the shadows", commandProve);
+  CLI::App& prove =
+      add("prove", "hold a dial's strokes against the shadows; status 1 when some lie astray",
+          commandProve);
   prove.add_option("ITEM", request.item, "menu item or program number")->required();
   prove.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
   prove.add_option("--within", request.within, "millimetres that a stroke may lie off its shadow")
       ->type_name("MM")
-      ->check(CLI::PositiveNumber)
       ->capture_default_str();
   prove.add_flag("--mark", request.mark, "ghosts in grey and strays in red in the files");
   prove.add_flag("--json", request.json, "as JSON");

@@ -1,6 +1,7 @@
 // The commands.
 #include "cli/commands.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -85,6 +86,7 @@ void commandOpen(const Request& request) {
 void commandProve(const Request& request) {
   const Item dial = dialOf(request.item);
   const std::vector<Output> outputs = outputsOf(request);
+  if (!(request.within > 0)) throw UsageError("--within takes a number above 0");
   const auto program = startDial(dial, request.words, request);
   program->sheet().list().keepMeanings(true);
   runDial(*program, request, Remark::None);
@@ -93,7 +95,9 @@ void commandProve(const Request& request) {
     throw CommandFailure("the dial " + std::string(rowOf(dial).name) +
                          " throws no shadow that could be held against its strokes");
   }
-  std::cout << proofTable(*proof, request.json);
+  // A drawing on standard output has it for itself.
+  const bool drawn = std::ranges::any_of(outputs, [](const Output& o) { return o.path == "-"; });
+  (drawn ? std::cerr : std::cout) << proofTable(*proof, request.json);
   if (request.mark) proof::mark(program->sheet().list(), *proof);
   for (const std::string& button : request.presses) pressButton(*program, button);
   writeOutputs(*program, outputs, request);

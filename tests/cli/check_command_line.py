@@ -246,6 +246,8 @@ def proof_and_shadow():
     expect(run("run", "7", "--true", "-o", "h.csv").stderr == "", "nothing to remark with --true")
     run("prove", "mnuBall2", status=1)
     run("prove", "7", "--within", "0", status=2)
+    strays = run("prove", "3", "ck_Italiche=1", "-o", "-", "--format", "csv", status=1)
+    expect(strays.stdout.startswith("kind,") and "layer  strokes" in strays.stderr, "a drawing has the output alone")
 
     moment = ["shadow", "7", "-q", "--date", "2026-06-21", "--time", "10:30"]
     told = run(*moment, "-o", "s.csv").stdout
