@@ -75,7 +75,7 @@ class FlatProof : public ProvenDial {
 
 constexpr double kZone = 7.3562;  // degrees East of the site, where the zone's meridian is
 constexpr double kHair = 2e-5;    // degrees: the dials' circle constant is off by 4e-10
-constexpr double kSlack = 1e-3;   // degrees, where an hour runs away with the day
+constexpr double kSlack = 2e-3;   // degrees, where an hour runs away with the day
 
 // The sun of a stroke's first end: its day, or its hour, comes from the stroke where it is open.
 Sun sunOf(const FlatPanel& at, const ProvenStroke& stroke) {

@@ -83,6 +83,29 @@ void litStretch(SheetPlot& sheet, ShadowJudge& judge, Punto from, Punto to, cons
   litStretch(sheet, judge, half, to, ink, sunAt, depth + 1);
 }
 
+// Places along a straight line, close together near the foot of the style and far apart where the
+// line is far away: evenly spaced as one sees them who stands a metre beside it there.
+class PartsByAngle {
+ public:
+  PartsByAngle(Punto from, Punto to) {
+    const double dx = to.x - from.x, dy = to.y - from.y, square = dx * dx + dy * dy;
+    foot_ = -(from.x * dx + from.y * dy) / square;
+    metre_ = 1 / std::sqrt(square);
+    first_ = std::atan(-foot_ / metre_);
+    last_ = std::atan((1 - foot_) / metre_);
+  }
+
+  // The part of the line's length at a part of the way, both from 0 to 1.
+  double operator()(double way) const {
+    if (way <= 0 || way >= 1) return way <= 0 ? 0 : 1;
+    return foot_ + metre_ * std::tan(first_ + way * (last_ - first_));
+  }
+
+ private:
+  double foot_, metre_;  // as parts of the length
+  double first_, last_;  // angles
+};
+
 // The part of a straight line that shadows follow. Without a judge it is the whole line; with one,
 // each stretch of it whose suns are lit. `sunAt` tells the sun of a point.
 template <class SunAt>
@@ -92,7 +115,7 @@ void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt
     line(sheet, from, to, ink, sunAt(from), sunAt(to));
     return;
   }
-  constexpr int kPieces = 400;
+  constexpr int kPieces = 800;
   constexpr int kHalvings = 40;
   const auto at = [&](double part) {
     return Punto{from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)};
@@ -115,8 +138,9 @@ void litLine(SheetPlot& sheet, Punto from, Punto to, const Ink& ink, SunAt sunAt
     if (end > begin) litStretch(sheet, *judge, at(begin), at(end), ink, sunAt, 0);
     begin = -1;
   };
+  const PartsByAngle parts(from, to);
   for (int i = 0; i <= kPieces; ++i) {
-    const double part = static_cast<double>(i) / kPieces;
+    const double part = parts(static_cast<double>(i) / kPieces);
     const bool light = lit(part);
     const bool breaks =
         !light || (begin >= 0 && turnsOver(sunAt(at(last)).hourAngle, sunAt(at(part)).hourAngle));
