@@ -245,7 +245,8 @@ void Drawing::legend() {
   assign(E, arctan(over(std::tan(p_.DeclRad), sinLat_)));
   const double C = -std::cos(p_.LatRad) * cosD_;
   assign(r, over(s_, root(1 - C * C) * std::cos(E)));
-  const double delta_r = -r0_ + r * std::cos(E);
+  const double side = run_.trueShadows() ? Sgn(cosD_) : 1;  // as of the point that is told below
+  const double delta_r = (-r0_ + r * std::cos(E)) * side;
   const auto tell = [&](const char* label, const std::string& rest) {
     sheet_.Dati(run_.T(label) + kGap + rest);
   };
