@@ -452,10 +452,7 @@ void Drawing::ChiudiVerticale() {
 }  // namespace
 
 void DisegnaVerticaleLuce(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   drawFramed(run, "Vertical dial, light graph by 2D analytic geometry", [&run] {
     LeggiParametriSito(run);
     Drawing(run).all();
