@@ -8,7 +8,7 @@
 #include "dials/drawing.hpp"
 #include "dials/flat/flat_setup.hpp"
 #include "dials/flat/plane_suns.hpp"
-#include "dials/flat/style_triangle.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 

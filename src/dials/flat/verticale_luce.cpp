@@ -13,13 +13,13 @@
 #include "dials/flat/gnomonic_scheme.hpp"
 #include "dials/flat/plane_suns.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/clicks.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 

@@ -10,7 +10,6 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
 #include "dials/site.hpp"
@@ -18,6 +17,7 @@
 #include "lettering/roman.hpp"
 #include "lettering/segment_digits.hpp"
 #include "numerics/numbers.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 
