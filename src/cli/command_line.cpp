@@ -54,6 +54,21 @@ CLI::Option* repeated(CLI::Option* option, const char* type) {
       CLI::MultiOptionPolicy::TakeAll);
 }
 
+// A dial by its name.
+CLI::Option* addItem(CLI::App& command, Request& request) {
+  return command.add_option("ITEM", request.item, "menu item or program number");
+}
+
+void addAssignments(CLI::App& command, Request& request) {
+  command.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
+}
+
+// A dial that is to be drawn.
+void addDial(CLI::App& command, Request& request) {
+  addItem(command, request)->required();
+  addAssignments(command, request);
+}
+
 void addPresses(CLI::App& command, Request& request) {
   repeated(command.add_option("--press", request.presses, "press a button after the run, in order"),
            "BUTTON");
@@ -82,114 +97,150 @@ void commandManual(const Request& request) {
   std::cout << (request.bash ? bashCompletion(*request.grammar) : manualPage(*request.grammar));
 }
 
-// The sub-commands with what they run.
-std::map<std::string, Command> buildGrammar(CLI::App& app, Request& request) {
-  std::map<std::string, Command> commands;
-  request.grammar = &app;
-  const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
-    CLI::App& sub = *app.add_subcommand(name, help);
-    addCommon(sub, request);
-    commands[name] = command;
-    return sub;
-  };
+// The sub-commands with what they run, in the order of the help.
+class Grammar {
+ public:
+  Grammar(CLI::App& app, Request& request) : app_(app), request_(request) {
+    request_.grammar = &app;
+    lists();
+    drawings();
+    utilityBoard();
+    pagesOfPaper();
+    shadows();
+    projects();
+    others();
+  }
+
+  const std::map<std::string, Command>& commands() const { return commands_; }
+
+ private:
+  CLI::App& add(const char* name, const char* help, Command command);
+  void lists();
+  void drawings();
+  void utilityBoard();
+  void pagesOfPaper();
+  void shadows();
+  void projects();
+  void others();
+
+  CLI::App& app_;
+  Request& request_;
+  std::map<std::string, Command> commands_;
+};
+
+CLI::App& Grammar::add(const char* name, const char* help, Command command) {
+  CLI::App& sub = *app_.add_subcommand(name, help);
+  addCommon(sub, request_);
+  commands_[name] = command;
+  return sub;
+}
+
+void Grammar::lists() {
   CLI::App& list = add("list", "the catalogue of dials in menu order", commandList);
-  list.add_flag("--json", request.json, "as JSON");
+  list.add_flag("--json", request_.json, "as JSON");
 
   CLI::App& fields = add("fields", "the fields that a dial shows, or all of them", commandFields);
-  fields.add_option("ITEM", request.item, "menu item or program number");
-  fields.add_flag("--json", request.json, "as JSON");
+  addItem(fields, request_);
+  fields.add_flag("--json", request_.json, "as JSON");
+}
 
+void Grammar::drawings() {
   CLI::App& run = add("run", "draw a dial and write files", commandRun);
-  run.add_option("ITEM", request.item, "menu item or program number")->required();
-  run.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  addPresses(run, request);
-  addOutputs(run, request);
+  addDial(run, request_);
+  addPresses(run, request_);
+  addOutputs(run, request_);
 
   CLI::App& open = add("open", "draw a project and write files", commandOpen);
-  open.add_option("FILE", request.item, "a project, .sun")->required();
-  open.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  addPresses(open, request);
-  addOutputs(open, request);
+  open.add_option("FILE", request_.item, "a project, .sun")->required();
+  addAssignments(open, request_);
+  addPresses(open, request_);
+  addOutputs(open, request_);
+}
 
+void Grammar::utilityBoard() {
   CLI::App& board =
       add("board", "the utility board: sun, equation of time, sunrise, a wall's declination",
           commandBoard);
-  board.add_option("NAME=VALUE", request.words,
+  board.add_option("NAME=VALUE", request_.words,
                    "the board's fields, from left to right; without a date it is today at 0 h UT");
-  board.add_flag("--now", request.now, "the present date and UT, which assignments may change");
-  board.add_flag("--json", request.json, "the figures by name, as JSON");
+  board.add_flag("--now", request_.now, "the present date and UT, which assignments may change");
+  board.add_flag("--json", request_.json, "the figures by name, as JSON");
+}
 
+void Grammar::pagesOfPaper() {
   CLI::App& pages = add("pages", "print a dial on A4 pages at 1:1", commandPages);
-  pages.add_option("ITEM", request.item, "menu item or program number")->required();
-  pages.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  addPresses(pages, request);
-  repeated(pages.add_option("-o,--output", request.outputs, "the PDF; - for standard output"),
+  addDial(pages, request_);
+  addPresses(pages, request_);
+  repeated(pages.add_option("-o,--output", request_.outputs, "the PDF; - for standard output"),
            "FILE")
       ->required();
   CLI::Option* chosen = repeated(
-      pages.add_option("--page", request.pages, "a page by its number, in the order wanted"), "N");
-  pages.add_flag("--all", request.allPages, "all pages that carry ink; so without --page")
+      pages.add_option("--page", request_.pages, "a page by its number, in the order wanted"), "N");
+  pages.add_flag("--all", request_.allPages, "all pages that carry ink; so without --page")
       ->excludes(chosen);
-  pages.add_flag("--colour", request.colour, "inks for white paper instead of black");
+  pages.add_flag("--colour", request_.colour, "inks for white paper instead of black");
+}
 
+void Grammar::shadows() {
   CLI::App& prove =
       add("prove", "hold a dial's strokes against the shadows; status 1 when some lie astray",
           commandProve);
-  prove.add_option("ITEM", request.item, "menu item or program number")->required();
-  prove.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  prove.add_option("--within", request.within, "millimetres that a stroke may lie off its shadow")
+  addDial(prove, request_);
+  prove.add_option("--within", request_.within, "millimetres that a stroke may lie off its shadow")
       ->type_name("MM")
       ->capture_default_str();
-  prove.add_flag("--mark", request.mark, "ghosts in grey and strays in red in the files");
-  prove.add_flag("--json", request.json, "as JSON");
-  addPresses(prove, request);
-  addOutputs(prove, request);
+  prove.add_flag("--mark", request_.mark, "ghosts in grey and strays in red in the files");
+  prove.add_flag("--json", request_.json, "as JSON");
+  addPresses(prove, request_);
+  addOutputs(prove, request_);
 
   CLI::App& shadow =
       add("shadow", "the shadow on a dial at a moment, or at a row of moments", commandShadow);
-  shadow.add_option("ITEM", request.item, "menu item or program number")->required();
-  shadow.add_option("NAME=VALUE", request.words, "fields, boxes and options, from left to right");
-  shadow.add_option("--date", request.date, "the day, as in 2026-06-21")->type_name("D");
-  shadow.add_option("--time", request.time, "the time of the zone's clock, as in 10:30")
+  addDial(shadow, request_);
+  shadow.add_option("--date", request_.date, "the day, as in 2026-06-21")->type_name("D");
+  shadow.add_option("--time", request_.time, "the time of the zone's clock, as in 10:30")
       ->type_name("T");
-  shadow.add_option("--from", request.from, "the first time of a day, or the first day of a year")
+  shadow.add_option("--from", request_.from, "the first time of a day, or the first day of a year")
       ->type_name("D|T");
-  shadow.add_option("--to", request.to, "the last one")->type_name("D|T");
-  shadow.add_option("--step", request.step, "minutes from time to time, or days from day to day")
+  shadow.add_option("--to", request_.to, "the last one")->type_name("D|T");
+  shadow.add_option("--step", request_.step, "minutes from time to time, or days from day to day")
       ->type_name("N");
-  addPresses(shadow, request);
-  addOutputs(shadow, request);
+  addPresses(shadow, request_);
+  addOutputs(shadow, request_);
+}
 
+void Grammar::projects() {
   CLI::App& save = add("save", "write a project", commandSave);
-  save.add_option("ITEM", request.item, "menu item or program number")->required();
-  save.add_option("NAME=VALUE ... FILE", request.words,
+  addItem(save, request_)->required();
+  save.add_option("NAME=VALUE ... FILE", request_.words,
                   "assignments and, at the end, the project's file")
       ->required();
 
-  CLI::App& desktop = *app.add_subcommand("desktop", "the desktop program");
-  addPlace(desktop, request);
-  desktop.add_option("FILE", request.item, "a project to open, .sun");
-  commands["desktop"] = commandDesktop;
+  CLI::App& desktop = *app_.add_subcommand("desktop", "the desktop program");
+  addPlace(desktop, request_);
+  desktop.add_option("FILE", request_.item, "a project to open, .sun");
+  commands_["desktop"] = commandDesktop;
+}
 
+void Grammar::others() {
   CLI::App& defaults =
       add("defaults", "show or store what each start begins with", commandDefaults);
-  defaults.add_option("--save", request.words, "store a dial's panel: ITEM NAME=VALUE ...")
+  defaults.add_option("--save", request_.words, "store a dial's panel: ITEM NAME=VALUE ...")
       ->type_name("ITEM");
 
   CLI::App& language =
       add("language", "show or set the language of the next starts", commandLanguage);
+  language.add_option("LANG", request_.item, "en, it, fr or es");
+
   CLI::App& lettering =
       add("lettering", "a specimen sheet of digits, numerals and signs", commandLettering);
-  lettering.add_option("NAME=VALUE", request.words,
+  lettering.add_option("NAME=VALUE", request_.words,
                        "the sizes: txtArabi, txtNumbersize, txtZodiacsize");
-  addOutputs(lettering, request);
+  addOutputs(lettering, request_);
 
   CLI::App& manual =
       add("manual", "this program's man page, or its completion for bash", commandManual);
-  manual.add_flag("--bash", request.bash, "the completion script");
-
-  language.add_option("LANG", request.item, "en, it, fr or es");
-  return commands;
+  manual.add_flag("--bash", request_.bash, "the completion script");
 }
 
 std::vector<std::string> wordsOf(const CLI::App& app) {
@@ -248,11 +299,11 @@ int runCommandLine(int argc, char** argv) {
   CLI::App app("Dialwright: sundials at true scale", "dialwright");
   app.set_version_flag("--version", "Dialwright " DIALWRIGHT_VERSION);
   app.require_subcommand(1);
-  const std::map<std::string, Command> commands = buildGrammar(app, request);
+  const Grammar grammar(app, request);
   try {
     try {
       app.parse(argc, argv);
-      commands.at(app.get_subcommands().front()->get_name())(request);
+      grammar.commands().at(app.get_subcommands().front()->get_name())(request);
     } catch (const CLI::ParseError& error) {
       // Help and version come this way, too, and have been said.
       if (const int status = parseFailure(app, error, argc, argv); status != 0) return status;

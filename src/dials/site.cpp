@@ -12,6 +12,12 @@ constexpr double kNorthWallFactor = 60;
 
 }  // namespace
 
+bool refusesSouth(Run& run) {
+  const bool southern = run.number(Field::txtLAT) < 0;
+  if (southern) run.refuse(run.T(kSouthernMessage));
+  return southern;
+}
+
 void LeggiParametriSito(Run& run) {
   DialParams& p = run.params;
   p.PiGreco = Angles{}.PiGreco;

@@ -7,6 +7,9 @@ namespace dialwright {
 
 inline constexpr const char* kSouthernMessage = "Sorry, unable to work in the Southern hemisphere ";
 
+// Refuses a southern latitude, and tells whether it did.
+bool refusesSouth(Run& run);
+
 // Latitude, longitude and its corrections, declination, style, radius and steps from the panel into
 // the record; the circle constant goes back to its first value.
 void LeggiParametriSito(Run& run);

@@ -5,6 +5,7 @@
 #include "paper/ink.hpp"
 #include "paper/picture.hpp"
 #include "paper/surface.hpp"
+#include "paper/target_printer.hpp"
 
 namespace dialwright {
 
@@ -141,24 +142,10 @@ class PdfDocument : public PaperDocument {
 };
 
 // The sheet's printer on a PDF. Its pages' corner is that of the printable part.
-class PdfPrinter : public Printer {
+class PdfPrinter : public TargetPrinter<CairoTarget> {
  public:
-  explicit PdfPrinter(cairo_t* cairo)
-      : cairo_(cairo), target_(cairo, {.width = kPaperLine * kTwipsPerMeter}) {}
+  explicit PdfPrinter(cairo_t* cairo) : TargetPrinter(cairo), cairo_(cairo) {}
 
-  void clear() override {}
-  void line(double x1, double y1, double x2, double y2, Rgb colour, int width) override {
-    target_.line(x1, y1, x2, y2, colour, width);
-  }
-  void dotted(bool on) override { target_.dotted(on); }
-  void point(double x, double y, Rgb colour) override { target_.point(x, y, colour); }
-  void circle(const TargetCircle& circle) override { target_.circle(circle); }
-  void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) override {
-    target_.box(x1, y1, x2, y2, colour, filled);
-  }
-  void text(double x, double y, std::string_view text, Rgb colour) override {
-    target_.text(x, y, text, colour);
-  }
   void newPage() override {
     target_.flush();
     cairo_show_page(cairo_);
@@ -167,7 +154,6 @@ class PdfPrinter : public Printer {
 
  private:
   cairo_t* cairo_;
-  CairoTarget target_;
 };
 
 }  // namespace

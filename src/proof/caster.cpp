@@ -100,6 +100,16 @@ std::vector<std::vector<Vec>> CurvedEdge::outline(Vec) const {
   return {line};
 }
 
+std::vector<Vec> Ring::points() const {
+  std::vector<Vec> all;
+  for (int i = 0; i <= kRingPieces; ++i) all.push_back(at(2 * std::numbers::pi * i / kRingPieces));
+  return all;
+}
+
+RingEdge::RingEdge(const Ring& ring)
+    : CurvedEdge([ring](double u) { return ring.at(2 * std::numbers::pi * u); }, true),
+      ring_(ring) {}
+
 // The tangent from the place to the ball that lies in the plane of the sun and the centre.
 std::optional<Vec> Ball::nearest(Vec place, Vec sunwards) const {
   const Vec to = centre_ - place;
@@ -114,13 +124,8 @@ std::optional<Vec> Ball::nearest(Vec place, Vec sunwards) const {
 }
 
 std::vector<std::vector<Vec>> Ball::outline(Vec sunwards) const {
-  const Vec a = square(sunwards), b = cross(sunwards, a);
-  std::vector<Vec> ring;
-  for (int i = 0; i <= kRingPieces; ++i) {
-    const double turn = 2 * std::numbers::pi * i / kRingPieces;
-    ring.push_back(centre_ + radius_ * (std::cos(turn) * a + std::sin(turn) * b));
-  }
-  return {ring};
+  const Vec a = square(sunwards);
+  return {Ring{centre_, radius_, a, cross(sunwards, a)}.points()};
 }
 
 }  // namespace dialwright::proof

@@ -2,6 +2,7 @@
 // which directions does it hide the sun?
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -61,6 +62,28 @@ class CurvedEdge : public Caster {
   std::vector<Vec> points_;  // of the ends of its pieces
 };
 
+// A ring about a centre, in the plane of two directions that are square to one another.
+struct Ring {
+  Vec centre;
+  double radius = 0;
+  Vec a, b;
+
+  // Its point at an angle (radians) from the first direction.
+  Vec at(double angle) const {
+    return centre + radius * (std::cos(angle) * a + std::sin(angle) * b);
+  }
+  // The whole of it, for a picture.
+  std::vector<Vec> points() const;
+};
+
+// An edge that is a ring.
+class RingEdge : public CurvedEdge {
+ protected:
+  explicit RingEdge(const Ring& ring);
+
+  const Ring ring_;
+};
+
 // A ball: the ring of it that the sun's rays touch.
 class Ball : public Caster {
  public:
@@ -68,9 +91,9 @@ class Ball : public Caster {
   std::optional<Vec> nearest(Vec place, Vec sunwards) const override;
   std::vector<std::vector<Vec>> outline(Vec sunwards) const override;
 
- private:
-  Vec centre_;
-  double radius_;
+ protected:
+  const Vec centre_;
+  const double radius_;
 };
 
 }  // namespace dialwright::proof

@@ -14,6 +14,8 @@ struct Vec {
   friend Vec operator*(double k, Vec a) { return {k * a.x, k * a.y, k * a.z}; }
 };
 
+inline constexpr Vec kEast{1, 0, 0}, kNorth{0, 1, 0}, kUp{0, 0, 1};
+
 inline double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline Vec cross(Vec a, Vec b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};

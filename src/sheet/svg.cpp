@@ -1,4 +1,4 @@
-// The SVG writer: the records go by layer, and neighbouring strokes are joined as they pass.
+// The SVG writer: the records go by layer, each as its element or as a stroke of a path.
 #include "sheet/svg.hpp"
 
 #include <algorithm>
@@ -7,227 +7,20 @@
 #include <cstdint>
 #include <cstdio>
 #include <numbers>
-#include <numeric>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "numerics/fault.hpp"
-#include "sheet/paper_ink.hpp"
-#include "sheet/utf8.hpp"
+#include "sheet/layer_order.hpp"
+#include "sheet/svg_paths.hpp"
+#include "sheet/svg_text.hpp"
 
 namespace dialwright {
 
 namespace {
 
-constexpr double kMicrometres = 1e6;        // in a metre
-constexpr double kReach = 1e9;              // micrometres; a line beyond is cut to the sheet
-constexpr std::int64_t kStrokeWidth = 250;  // micrometres, for a line of width 1
-constexpr std::int32_t kWidest = 1000;
+constexpr double kMicrometres = 1e6;  // in a metre
+constexpr double kReach = 1e9;        // micrometres; a line beyond is cut to the sheet
 constexpr double kAscent = 0.928;  // of DejaVu Sans, in its size: from a line's top to its baseline
-
-// A place on the drawing, in micrometres.
-struct Spot {
-  std::int64_t x, y;
-  friend bool operator==(const Spot&, const Spot&) = default;
-};
-
-// XML's text of any bytes: what XML can't hold is left out, a line's end becomes a blank.
-std::string escaped(std::string_view text) {
-  std::string xml;
-  while (!text.empty()) {
-    const auto [code, length] = firstCharacter(text);
-    const std::string_view bytes = text.substr(0, length);
-    text.remove_prefix(length);
-    switch (code) {
-      case '&': xml += "&amp;"; break;
-      case '<': xml += "&lt;"; break;
-      case '>': xml += "&gt;"; break;
-      case '"': xml += "&quot;"; break;
-      case '\t':
-      case '\n':
-      case '\r': xml += ' '; break;
-      case kReplacement: xml += "\xEF\xBF\xBD"; break;
-      default:
-        if (code >= 0x20 && code != 0xFFFE && code != 0xFFFF) xml += bytes;
-    }
-  }
-  return xml;
-}
-
-std::string hex(Rgb colour) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  std::string text = "#";
-  for (const int channel : {redOf(colour), greenOf(colour), blueOf(colour)}) {
-    text += kDigits[static_cast<std::size_t>(channel >> 4)];
-    text += kDigits[static_cast<std::size_t>(channel & 15)];
-  }
-  return text;
-}
-
-// The texts of the colours; drawings use few of them, each many times in a row.
-class Inks {
- public:
-  explicit Inks(bool dark) : dark_(dark) {}
-
-  const std::string& of(Rgb colour) {
-    if (colour != last_ || text_.empty()) {
-      last_ = colour;
-      text_ = hex(dark_ ? colour : inkOnPaper(colour));
-    }
-    return text_;
-  }
-
- private:
-  bool dark_;
-  Rgb last_ = kBlack;
-  std::string text_;
-};
-
-// Joins strokes that come one after the other to paths. A pen draws from its new point back to the
-// one before, others draw onwards: a stroke is joined by whichever end it shares with the last.
-class PathJoiner {
- public:
-  PathJoiner(OutputBuffer& out, Inks& inks) : out_(out), inks_(inks) {}
-
-  void stroke(Spot from, Spot to, Rgb colour, std::int32_t width) {
-    if (state_ == State::None || state_ == State::Dots || colour != colour_ || width != width_ ||
-        !extend(from, to)) {
-      close();
-      begin(colour, width);
-      first_ = from;
-      tail_ = to;
-      state_ = State::OneStroke;
-    }
-  }
-
-  void dot(Spot at, Rgb colour) {
-    if (state_ != State::Dots || colour != colour_) {
-      close();
-      begin(colour, 1);
-      state_ = State::Dots;
-    }
-    move(at);
-    out_ << "h0";
-  }
-
-  void close() {
-    if (state_ == State::None) return;
-    if (state_ == State::OneStroke) settle();
-    out_ << "\"/>\n";
-    state_ = State::None;
-  }
-
- private:
-  // OneStroke: not yet written, since the next one tells which way it runs.
-  enum class State { None, OneStroke, Path, Dots };
-
-  void begin(Rgb colour, std::int32_t width) {
-    colour_ = colour;
-    width_ = width;
-    out_ << "<path stroke=\"" << inks_.of(colour);
-    if (width > 1) {
-      out_ << "\" stroke-width=\"";
-      out_.thousandths(kStrokeWidth * std::min(width, kWidest));
-    }
-    out_ << "\" d=\"";
-  }
-
-  bool extend(Spot from, Spot to) {
-    const bool backward = to == tail_;
-    if (!backward && from != tail_) {
-      if (state_ != State::OneStroke || (to != first_ && from != first_)) return false;
-      std::swap(first_, tail_);
-      return extend(from, to);
-    }
-    if (state_ == State::OneStroke) settle();
-    tail_ = backward ? from : to;
-    line(tail_);
-    return true;
-  }
-
-  void settle() {
-    move(first_);
-    line(tail_);
-    state_ = State::Path;
-  }
-
-  void move(Spot at) {
-    out_ << 'M';
-    out_.thousandths(at.x) << ' ';
-    out_.thousandths(at.y);
-  }
-
-  void line(Spot to) {
-    out_ << 'L';
-    out_.thousandths(to.x) << ' ';
-    out_.thousandths(to.y);
-  }
-
-  OutputBuffer& out_;
-  Inks& inks_;
-  State state_ = State::None;
-  Rgb colour_ = kBlack;
-  std::int32_t width_ = 1;
-  Spot first_{};
-  Spot tail_{};
-};
-
-// A record's place in the display list.
-struct Item {
-  EntityKind kind;
-  std::uint32_t index;
-};
-
-// Whether a record leaves ink: a line without length and a polyline's marks leave none.
-template <class Record>
-bool leavesInk(const Record&) {
-  return true;
-}
-bool leavesInk(const LineRecord& line) { return line.x1 != line.x2 || line.y1 != line.y2; }
-bool leavesInk(const VertexRecord& vertex) { return vertex.mark == PolylineMark::Vertex; }
-
-// The records that leave ink sorted by layer, the layers in the order in which they first appear.
-class ItemsByLayer {
- public:
-  explicit ItemsByLayer(const DisplayList& list) {
-    // Where each layer's items end; first their number, then where the next one goes.
-    constexpr std::size_t kUnseen = ~std::size_t{0};
-    std::vector<std::size_t> places(list.layerNames().size(), kUnseen);
-    list.visit([&](const auto& record) {
-      if (!leavesInk(record)) return;
-      std::size_t& place = places[record.layer.index];
-      if (place == kUnseen) {
-        place = layers.size();
-        layers.push_back(record.layer);
-        ends_.push_back(0);
-      }
-      ++ends_[place];
-    });
-    items_.resize(std::accumulate(ends_.begin(), ends_.end(), std::size_t{0}));
-    std::exclusive_scan(ends_.begin(), ends_.end(), ends_.begin(), std::size_t{0});
-
-    std::array<std::uint32_t, 128> next{};
-    auto kind = list.order().begin();
-    list.visit([&](const auto& record) {
-      const std::uint32_t index = next[static_cast<std::size_t>(*kind)]++;
-      if (leavesInk(record)) items_[ends_[places[record.layer.index]]++] = {*kind, index};
-      ++kind;
-    });
-  }
-
-  std::vector<LayerId> layers;
-
-  // Calls visitor(item) for the items of the nth layer, in drawing order.
-  template <class Visitor>
-  void visit(std::size_t n, Visitor&& visitor) const {
-    for (std::size_t i = n == 0 ? 0 : ends_[n - 1]; i < ends_[n]; ++i) visitor(items_[i]);
-  }
-
- private:
-  std::vector<Item> items_;
-  std::vector<std::size_t> ends_;
-};
 
 // Where the ends of an arc lie on its circle, and which of them are tied to the centre.
 struct ArcShape {
@@ -255,8 +48,8 @@ class SvgWriter {
 
   void write() {
     open();
-    const ItemsByLayer items(list_);
-    for (std::size_t n = 0; n < items.layers.size(); ++n) layer(items, n);
+    const RecordsByLayer records(list_);
+    for (std::size_t n = 0; n < records.layers.size(); ++n) layer(records, n);
     texts();
     out_ << "</svg>\n";
     out_.flush();
@@ -264,7 +57,7 @@ class SvgWriter {
 
  private:
   void open();
-  void layer(const ItemsByLayer& items, std::size_t n);
+  void layer(const RecordsByLayer& records, std::size_t n);
   void turnOf(const std::string& name);
   void texts();
   void text(const TextRecord& record);
@@ -274,28 +67,27 @@ class SvgWriter {
   void draw(const BoxRecord& box);
   void draw(const CircleRecord& circle);
   void drawVertex(std::size_t index);
-  void drawItem(const Item& item);
+  void drawRecord(const RecordPlace& place);
   void drawSegment(Segment segment, Rgb colour, std::int32_t width);
-  void drawWhole(Spot centre, Spot radii, Rgb colour, Rgb fill);
-  void drawArc(Spot centre, Spot radii, const ArcShape& arc, Rgb colour, Rgb fill);
+  void drawWhole(SvgSpot centre, SvgSpot radii, Rgb colour, Rgb fill);
+  void drawArc(SvgSpot centre, SvgSpot radii, const ArcShape& arc, Rgb colour, Rgb fill);
 
   static bool reaches(double x, double y) { return std::abs(x) <= kReach && std::abs(y) <= kReach; }
   // Metres of the drawing, signs already applied, to micrometres from the sheet's corner.
   double across(double x) const { return (x + sheet_.ShiftX()) * kMicrometres; }
   double down(double y) const { return (y + sheet_.ShiftY()) * kMicrometres; }
-  static Spot spot(double x, double y) { return {std::llround(x), std::llround(y)}; }
+  static SvgSpot spot(double x, double y) { return {std::llround(x), std::llround(y)}; }
 
   void openGroup(std::string_view id, std::string_view label);
   void element(std::string_view start, Rgb colour, Rgb fill);
   OutputBuffer& attribute(std::string_view name, std::int64_t micrometres);
-  void arcTo(Spot radii, Spot to);
 
   const SheetPlot& sheet_;
   const DisplayList& list_;
   const SvgOptions& options_;
   bool dark_;
   OutputBuffer out_;
-  Inks inks_;
+  SvgInks inks_;
   PathJoiner joiner_{out_, inks_};
 };
 
@@ -309,25 +101,25 @@ void SvgWriter::open() {
   out_.thousandths(height) << "mm\" viewBox=\"0 0 ";
   out_.thousandths(width) << ' ';
   out_.thousandths(height) << "\" overflow=\"hidden\" fill=\"none\" stroke-width=\"";
-  out_.thousandths(kStrokeWidth) << "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
-  if (!sheet_.caption().empty()) out_ << "<title>" << escaped(sheet_.caption()) << "</title>\n";
+  out_.thousandths(kSvgStroke) << "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
+  if (!sheet_.caption().empty()) out_ << "<title>" << xmlText(sheet_.caption()) << "</title>\n";
   if (dark_) {
-    out_ << "<rect width=\"100%\" height=\"100%\" fill=\"" << hex(sheet_.BackColor) << "\"/>\n";
+    out_ << "<rect width=\"100%\" height=\"100%\" fill=\"" << hexOf(sheet_.BackColor) << "\"/>\n";
   }
 }
 
 void SvgWriter::openGroup(std::string_view id, std::string_view label) {
-  out_ << "<g inkscape:groupmode=\"layer\" id=\"" << id << "\" inkscape:label=\"" << escaped(label)
+  out_ << "<g inkscape:groupmode=\"layer\" id=\"" << id << "\" inkscape:label=\"" << xmlText(label)
        << '"';
 }
 
-void SvgWriter::layer(const ItemsByLayer& items, std::size_t n) {
-  const LayerId id = items.layers[n];
+void SvgWriter::layer(const RecordsByLayer& records, std::size_t n) {
+  const LayerId id = records.layers[n];
   openGroup("layer" + std::to_string(n + 1), list_.name(id));
   if (sheet_.frame().dotted(id)) out_ << " stroke-dasharray=\"0 0.75\"";
   out_ << ">\n";
   turnOf(list_.name(id));
-  items.visit(n, [this](const Item& item) { drawItem(item); });
+  records.visit(n, [this](const RecordPlace& place) { drawRecord(place); });
   joiner_.close();
   out_ << "</g>\n";
 }
@@ -347,16 +139,16 @@ void SvgWriter::turnOf(const std::string& name) {
                 begin > 0 ? "hidden" : "visible", begin, std::min(end, 0.999999),
                 options_.secondsEach * whole);
   out_ << text.data() << "<text x=\"10\" y=\"20\" font-family=\"DejaVu Sans\" font-size=\"12\" "
-       << "stroke=\"none\" fill=\"" << inks_.of(kWhite) << "\">" << escaped(name) << "</text>\n";
+       << "stroke=\"none\" fill=\"" << inks_.of(kWhite) << "\">" << xmlText(name) << "</text>\n";
 }
 
-void SvgWriter::drawItem(const Item& item) {
-  switch (item.kind) {
-    case EntityKind::Point: draw(list_.points[item.index]); break;
-    case EntityKind::Line: draw(list_.lines[item.index]); break;
-    case EntityKind::Box: draw(list_.boxes[item.index]); break;
-    case EntityKind::Circle: draw(list_.circles[item.index]); break;
-    case EntityKind::Vertex: drawVertex(item.index); break;
+void SvgWriter::drawRecord(const RecordPlace& place) {
+  switch (place.kind) {
+    case EntityKind::Point: draw(list_.points[place.index]); break;
+    case EntityKind::Line: draw(list_.lines[place.index]); break;
+    case EntityKind::Box: draw(list_.boxes[place.index]); break;
+    case EntityKind::Circle: draw(list_.circles[place.index]); break;
+    case EntityKind::Vertex: drawVertex(place.index); break;
   }
 }
 
@@ -403,7 +195,8 @@ void SvgWriter::element(std::string_view start, Rgb colour, Rgb fill) {
   joiner_.close();
   out_ << start << " stroke=\"" << inks_.of(colour) << '"';
   if (fill < 0) return;
-  out_ << " fill=\"" << (!dark_ && fill == sheet_.BackColor ? hex(kWhite) : inks_.of(fill)) << '"';
+  out_ << " fill=\"" << (!dark_ && fill == sheet_.BackColor ? hexOf(kWhite) : inks_.of(fill))
+       << '"';
 }
 
 void SvgWriter::draw(const BoxRecord& box) {
@@ -412,8 +205,8 @@ void SvgWriter::draw(const BoxRecord& box) {
   const double x2 = across(box.x2 * sheet_.SignX());
   const double y2 = down(box.y2 * sheet_.SignY());
   if (!reaches(x1, y1) || !reaches(x2, y2)) return;
-  const Spot a = spot(std::min(x1, x2), std::min(y1, y2));
-  const Spot b = spot(std::max(x1, x2), std::max(y1, y2));
+  const SvgSpot a = spot(std::min(x1, x2), std::min(y1, y2));
+  const SvgSpot b = spot(std::max(x1, x2), std::max(y1, y2));
   if (a.x == b.x || a.y == b.y) {  // a rectangle without area would not be shown
     joiner_.stroke(a, b, box.colour, 1);
     return;
@@ -438,7 +231,7 @@ void SvgWriter::draw(const CircleRecord& circle) {
   const double aspect = circle.aspect > 0 && sound(circle.aspect) ? circle.aspect : 1;
   const double wide = aspect > 1 ? radius / aspect : radius;
   const double high = aspect > 1 ? radius : radius * aspect;
-  const Spot radii = spot(std::max(wide, 1.0), std::max(high, 1.0));
+  const SvgSpot radii = spot(std::max(wide, 1.0), std::max(high, 1.0));
   if (circle.endAngle == 0) {
     drawWhole(spot(x, y), radii, circle.colour, circle.fill);
   } else if (sound(circle.startAngle) && sound(circle.endAngle)) {
@@ -447,7 +240,7 @@ void SvgWriter::draw(const CircleRecord& circle) {
   }
 }
 
-void SvgWriter::drawWhole(Spot centre, Spot radii, Rgb colour, Rgb fill) {
+void SvgWriter::drawWhole(SvgSpot centre, SvgSpot radii, Rgb colour, Rgb fill) {
   const bool round = radii.x == radii.y;
   element(round ? "<circle" : "<ellipse", colour, fill);
   attribute("cx", centre.x);
@@ -460,39 +253,27 @@ void SvgWriter::drawWhole(Spot centre, Spot radii, Rgb colour, Rgb fill) {
   }
 }
 
-// An arc is written as two halves, so that one of a full turn has ends apart.
-void SvgWriter::drawArc(Spot centre, Spot radii, const ArcShape& arc, Rgb colour, Rgb fill) {
+// An arc runs counter-clockwise as seen. It is written as two halves, so that one of a full turn
+// has ends apart.
+void SvgWriter::drawArc(SvgSpot centre, SvgSpot radii, const ArcShape& arc, Rgb colour, Rgb fill) {
   const auto onCircle = [&](double angle) {
-    return Spot{centre.x + std::llround(static_cast<double>(radii.x) * std::cos(angle)),
-                centre.y - std::llround(static_cast<double>(radii.y) * std::sin(angle))};
+    return SvgSpot{centre.x + std::llround(static_cast<double>(radii.x) * std::cos(angle)),
+                   centre.y - std::llround(static_cast<double>(radii.y) * std::sin(angle))};
   };
-  const auto place = [this](char command, Spot at) {
-    out_ << command;
-    out_.thousandths(at.x) << ' ';
-    out_.thousandths(at.y);
-  };
+  const auto arcTo = [&](SvgSpot to) { out_ << 'A' << radii << " 0 0 0 " << to; };
   const bool slice = arc.startRadius && arc.endRadius;
   element("<path", colour, slice ? fill : kNoFill);
   out_ << " d=\"";
-  if (arc.startRadius) place('M', centre);
-  place(arc.startRadius ? 'L' : 'M', onCircle(arc.start));
-  arcTo(radii, onCircle(arc.start + arc.sweep / 2));
-  arcTo(radii, onCircle(arc.start + arc.sweep));
+  if (arc.startRadius) out_ << 'M' << centre;
+  out_ << (arc.startRadius ? 'L' : 'M') << onCircle(arc.start);
+  arcTo(onCircle(arc.start + arc.sweep / 2));
+  arcTo(onCircle(arc.start + arc.sweep));
   if (slice) {
     out_ << 'z';
   } else if (arc.endRadius) {
-    place('L', centre);
+    out_ << 'L' << centre;
   }
   out_ << "\"/>\n";
-}
-
-// Counter-clockwise as seen, no more than half a turn.
-void SvgWriter::arcTo(Spot radii, Spot to) {
-  out_ << 'A';
-  out_.thousandths(radii.x) << ' ';
-  out_.thousandths(radii.y) << " 0 0 0 ";
-  out_.thousandths(to.x) << ' ';
-  out_.thousandths(to.y);
 }
 
 void SvgWriter::texts() {
@@ -517,7 +298,7 @@ void SvgWriter::text(const TextRecord& record) {
   out_ << "<text";
   attribute("x", std::llround(x));
   attribute("y", std::llround(top + kAscent * size));
-  out_ << " fill=\"" << inks_.of(record.shownColour) << "\">" << escaped(record.text)
+  out_ << " fill=\"" << inks_.of(record.shownColour) << "\">" << xmlText(record.text)
        << "</text>\n";
 }
 

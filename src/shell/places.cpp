@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "numerics/numbers.hpp"
 #include "numerics/projection.hpp"
@@ -18,6 +19,14 @@ constexpr double kCityDot = 0.0009;  // radius, metres
 constexpr double kNameDrop = 0.02;   // from a city to its name
 constexpr double kInnerStar = 0.381966;
 
+// The sun over a place, its angles in radians.
+struct PlaceSun {
+  double H, delta;
+  double sinH = std::sin(H), cosH = std::cos(H), tanDelta = std::tan(delta);
+
+  PlaceSun(double hourAngle, double declination) : H(hourAngle), delta(declination) {}
+};
+
 // The plane of the dial with its lit side, for suns given in degrees.
 class PlaceMap {
  public:
@@ -31,29 +40,15 @@ class PlaceMap {
     backwards_ = std::abs(declination) >= 90;
     tanDecl_ = std::tan(plane.DeclRad);
     depth_ = over(1, std::tan(plane.ZenitPiano) * std::cos(plane.DeclRad));
+    reach_ = level_ ? 1 : 1 + std::abs(tanDecl_) + std::abs(depth_);
   }
 
   // Projects a sun; what fails keeps its value from the sun before. False on the dark side.
   bool litImage(double hourAngle, double declination, Punto& image) {
     if (onlyTrue_) return trueImage(hourAngle, declination, image);
-    const double H = p_.radians(hourAngle), delta = p_.radians(declination);
-    if (!sound(H) || !sound(delta)) return false;
-    const double sinH = std::sin(H), cosH = std::cos(H), tanDelta = std::tan(delta);
-    assign(azimuth_, arctan(over(sinH, sinLat_ * cosH - cosLat_ * tanDelta)));
-    // The hour angle tells which half turn is meant. At noon itself it doesn't: the sun then counts
-    // as in the South.
-    if (Sgn(std::sin(azimuth_)) != Sgn(sinH)) {
-      azimuth_ += azimuth_ <= 0 ? p_.PiGreco : -p_.PiGreco;
-    }
-    assign(zenithDistance_,
-           p_.ArcCos(sinLat_ * std::sin(delta) + cosLat_ * std::cos(delta) * cosH));
-    // The sun's direction: to the South, to the West, to the zenith.
-    const double X = std::sin(zenithDistance_) * std::cos(azimuth_);
-    const double Y = std::sin(zenithDistance_) * std::sin(azimuth_);
-    const double Z = std::cos(zenithDistance_);
-    const double side = level_ ? -Z : -X - Y * tanDecl_ - Z * depth_;
-    if (!(backwards_ ? side > 0 : side < 0)) return false;
-    assign(image, projection_(sinH, cosH, tanDelta));
+    const PlaceSun sun(p_.radians(hourAngle), p_.radians(declination));
+    if (!sound(sun.H) || !sound(sun.delta) || !isLit(sun)) return false;
+    assign(image, projection_(sun.sinH, sun.cosH, sun.tanDelta));
     return true;
   }
 
@@ -78,6 +73,51 @@ class PlaceMap {
   }
 
  private:
+  // How far a sun in that direction (to the South, to the West, to the zenith) is behind the plane.
+  double behind(double south, double west, double up) const {
+    return level_ ? -up : -south - west * tanDecl_ - up * depth_;
+  }
+  bool tellsLit(double behind) const { return backwards_ ? behind > 0 : behind < 0; }
+
+  // The azimuth and the zenith distance of a sun tell its side. Where its direction tells the same
+  // beyond all doubt of rounding, they are left until a later sun may need them.
+  bool isLit(const PlaceSun& sun) {
+    // The sun's direction over the cosine of its declination, and the square of its length.
+    const double south = southOf(sun), up = sinLat_ * sun.tanDelta + cosLat_ * sun.cosH;
+    const double squared = 1 + sun.tanDelta * sun.tanDelta;
+    const double side = behind(south, sun.sinH, up);
+    const auto clear = [squared](double part, double whole) {
+      constexpr double kDoubt = 1e-6;
+      return part * part > kDoubt * kDoubt * whole * whole * squared;
+    };
+    constexpr double kNearPole = 1.57, kNearZenith = 1 - 1e-6;
+    if (clear(side, reach_) && clear(south, 1) && sun.sinH != 0 &&
+        std::abs(sun.delta) < kNearPole && up * up < kNearZenith * squared) {
+      unlocated_ = sun;
+      return tellsLit(side);
+    }
+    if (unlocated_) locate(*unlocated_);
+    unlocated_.reset();
+    locate(sun);
+    const double level = std::sin(zenithDistance_);
+    return tellsLit(
+        behind(level * std::cos(azimuth_), level * std::sin(azimuth_), std::cos(zenithDistance_)));
+  }
+
+  // Towards the South, over the cosine of the declination.
+  double southOf(const PlaceSun& sun) const { return sinLat_ * sun.cosH - cosLat_ * sun.tanDelta; }
+
+  void locate(const PlaceSun& sun) {
+    assign(azimuth_, arctan(over(sun.sinH, southOf(sun))));
+    // The hour angle tells which half turn is meant. At noon itself it doesn't: the sun then counts
+    // as in the South.
+    if (Sgn(std::sin(azimuth_)) != Sgn(sun.sinH)) {
+      azimuth_ += azimuth_ <= 0 ? p_.PiGreco : -p_.PiGreco;
+    }
+    assign(zenithDistance_,
+           p_.ArcCos(sinLat_ * std::sin(sun.delta) + cosLat_ * std::cos(sun.delta) * sun.cosH));
+  }
+
   // A dial without a field for its inclination is an upright wall, whatever an earlier dial has
   // left in the record.
   static Piano planeOf(const Run& run) {
@@ -92,7 +132,9 @@ class PlaceMap {
   const SheetPlot& sheet_;
   Projection projection_;
   double sinLat_ = 0, cosLat_ = 0, tanDecl_ = 0, depth_ = 0;
+  double reach_ = 0;  // the most that a side of a direction of length 1 can be
   double azimuth_ = 0, zenithDistance_ = 0;
+  std::optional<PlaceSun> unlocated_;  // the sun before, when these are not its own
   bool level_ = false;
   bool backwards_ = false;
   bool onlyTrue_;

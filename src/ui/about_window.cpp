@@ -10,8 +10,8 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "ui/icon.hpp"
 #include "ui/text.hpp"
+#include "ui/title.hpp"
 
 namespace dialwright {
 
@@ -49,13 +49,9 @@ AboutWindow::AboutWindow(const Program& program, QWidget* parent)
   setObjectName("frmAbout");
   setWindowTitle(shown(program.T("About ")) + shown(Program::kTitle));
 
-  auto* logo = new QLabel(this);
-  logo->setPixmap(iconPixmap(kLogo));
-  auto* title = new QLabel(shown(Program::kTitle), this);
+  QLabel* logo = logoLabel(kLogo, this);
+  QLabel* title = titleLabel(kTitleGrowth, this);
   title->setObjectName("lblTitle");
-  QFont large = title->font();
-  large.setPointSizeF(large.pointSizeF() * kTitleGrowth);
-  title->setFont(large);
   auto* version = new QLabel(shown(program.T("Version ") + DIALWRIGHT_VERSION), this);
   version->setObjectName("lblVersion");
   auto* description = new QLabel(shown(program.T("The sundial design tool")), this);

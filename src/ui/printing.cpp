@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "paper/page_writer.hpp"
-#include "paper/picture.hpp"
+#include "paper/target_printer.hpp"
 #include "ui/painter_target.hpp"
 #include "ui/text.hpp"
 
@@ -53,30 +53,15 @@ class PaperPainter {
   bool failed_ = false;
 };
 
-class PaintedPrinter : public Printer {
+class PaintedPrinter : public TargetPrinter<PainterTarget> {
  public:
-  explicit PaintedPrinter(PaperPainter& paper)
-      : paper_(paper), target_(paper.painter(), {.width = kPaperLine * kTwipsPerMeter}) {}
+  explicit PaintedPrinter(PaperPainter& paper) : TargetPrinter(paper.painter()), paper_(paper) {}
 
-  void clear() override {}
-  void line(double x1, double y1, double x2, double y2, Rgb colour, int width) override {
-    target_.line(x1, y1, x2, y2, colour, width);
-  }
-  void dotted(bool on) override { target_.dotted(on); }
-  void point(double x, double y, Rgb colour) override { target_.point(x, y, colour); }
-  void circle(const TargetCircle& circle) override { target_.circle(circle); }
-  void box(double x1, double y1, double x2, double y2, Rgb colour, bool filled) override {
-    target_.box(x1, y1, x2, y2, colour, filled);
-  }
-  void text(double x, double y, std::string_view text, Rgb colour) override {
-    target_.text(x, y, text, colour);
-  }
   void newPage() override { paper_.newPage(); }
   void endDocument() override {}
 
  private:
   PaperPainter& paper_;
-  PainterTarget target_;
 };
 
 class PaintedDocument : public PaperDocument {

@@ -8,8 +8,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "ui/icon.hpp"
 #include "ui/text.hpp"
+#include "ui/title.hpp"
 
 namespace dialwright {
 
@@ -37,14 +37,10 @@ Splash::Splash(const Program& program)
   setAttribute(Qt::WA_ShowWithoutActivating);
   setWindowTitle(shown(Program::kTitle));
 
-  auto* logo = new QLabel(this);
+  QLabel* logo = logoLabel(kLogo, this);
   logo->setObjectName("imgLogo");
-  logo->setPixmap(iconPixmap(kLogo));
-  auto* title = new QLabel(shown(Program::kTitle), this);
+  QLabel* title = titleLabel(kTitleGrowth, this);
   title->setObjectName("lblProductName");
-  QFont large = title->font();
-  large.setPointSizeF(large.pointSizeF() * kTitleGrowth);
-  title->setFont(large);
   auto* release = new QLabel(shown(program.T("Release ") + DIALWRIGHT_VERSION), this);
   release->setObjectName("lblVersion");
 

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "dials/bifilar/level_dial.hpp"
+#include "dials/drawing.hpp"
 #include "dials/site.hpp"
 
 namespace dialwright {
@@ -71,10 +72,9 @@ constexpr std::array kOtherHours = {
            .layer = "Temp"},
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run)
-      : run_(run), p_(run.params), sheet_(run.sheet), sky_(p_.LatRad, p_.DeclRad), tracer_(run) {
+  explicit Drawing(Run& run) : PanelDrawing(run), sky_(p_.LatRad, p_.DeclRad), tracer_(run) {
     assign(R_, run.number(Field::TxtRadius));
   }
 
@@ -110,9 +110,6 @@ class Drawing {
   void section(const Instant& moment, double W);
   void legend(const Instant& moment, double W);
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   double R_ = 0;
   WallSky sky_;
   Tracer tracer_;

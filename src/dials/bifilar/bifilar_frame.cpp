@@ -69,12 +69,6 @@ void numeral(Run& run, Punto at, int hour) {
   }
 }
 
-bool refusesSouth(Run& run) {
-  const bool southern = run.number(Field::txtLAT) < 0;
-  if (southern) run.refuse(run.T(kSouthernMessage));
-  return southern;
-}
-
 void openRun(Run& run, std::string_view caption, void (*read)(Run&)) {
   DisegnaCornice(run);
   run.hourglass(true);

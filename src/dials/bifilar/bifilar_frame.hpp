@@ -193,9 +193,6 @@ inline double hourOfSubstyle(const DialParams& p) {
   return std::atan2(std::sin(p.DeclRad), std::cos(p.DeclRad) * std::sin(p.LatRad));
 }
 
-// Refuses a southern latitude, and tells whether it did.
-bool refusesSouth(Run& run);
-
 // The head of a run: the frame box, the busy pointer, the caption, the site as `read` takes it, and
 // an empty text.
 void openRun(Run& run, std::string_view caption, void (*read)(Run&));

@@ -10,6 +10,7 @@
 #include <span>
 
 #include "dials/bifilar/bifilar_frame.hpp"
+#include "dials/drawing.hpp"
 #include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
@@ -150,12 +151,10 @@ constexpr std::array kCatenariaTemporarie = {Row{{.box = Field::ckTemp,
 
 // --- The dial
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   explicit Drawing(Run& run)
-      : run_(run),
-        p_(run.params),
-        sheet_(run.sheet),
+      : PanelDrawing(run),
         sky_(p_.LatRad, p_.DeclRad),
         wires_{read(Field::txtD1), read(Field::TxtStilo), chainOf(Field::txtV1)} {}
 
@@ -183,9 +182,6 @@ class Drawing {
   void CatenariaSezione();
   void CatenariaQibla();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   WallSky sky_;
   Fili wires_;
 };

@@ -8,6 +8,8 @@
 #include <cmath>
 
 #include "dials/bifilar/bifilar_frame.hpp"
+#include "dials/drawing.hpp"
+#include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
 namespace dialwright {
@@ -52,7 +54,7 @@ constexpr std::array kItalicHours = {
     italic(Field::TxtInizio, kSolstice, "Ita2"),
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
   explicit Drawing(Run& run);
 
@@ -82,9 +84,6 @@ class Drawing {
   void triangle();
   void legend();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   double s_ = 0, b_ = 0;  // distances of the wires
   WallSky sky_;
   Tracer tracer_;
@@ -98,9 +97,7 @@ class Drawing {
 };
 
 Drawing::Drawing(Run& run)
-    : run_(run),
-      p_(run.params),
-      sheet_(run.sheet),
+    : PanelDrawing(run),
       s_(Amount(Field::TxtStilo).in(run)),
       sky_(p_.LatRad, p_.DeclRad),
       tracer_(run),

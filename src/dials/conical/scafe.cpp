@@ -11,10 +11,9 @@
 
 #include "dials/conical/cone.hpp"
 #include "dials/conical/scafe_construction.hpp"
-#include "dials/pen.hpp"
+#include "dials/drawing.hpp"
 #include "dials/sun.hpp"
 #include "lettering/arabic.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
@@ -59,17 +58,15 @@ struct Sample {
   void at(double psi) { at(std::cos(psi), std::sin(psi)); }
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run)
-      : run_(run), p_(run.params), sheet_(run.sheet), cone_(run), sinSigma_(std::sin(cone_.sigma)) {
+  explicit Drawing(Run& run) : PanelDrawing(run), cone_(run), sinSigma_(std::sin(cone_.sigma)) {
     assign(hourStep_, over(1, run.number(Field::TxtHour)));
   }
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   double semiArc(double delta) const;
   double trueArc(double delta) const;
   std::vector<Day> daysOf(const Sweep& declinations) const;
@@ -84,9 +81,6 @@ class Drawing {
   void dayArc(double declination);
   void NumeriScafe();
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   Cone cone_;
   double sinSigma_;
   double hourStep_ = 0;

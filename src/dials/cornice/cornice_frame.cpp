@@ -190,11 +190,8 @@ double numberOr0(const Run& run, Field field) {
 }
 
 bool readLatitude(Run& run) {
+  if (refusesSouth(run)) return false;
   DialParams& p = run.params;
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return false;
-  }
   assign(p.LatGradi, run.number(Field::txtLAT));
   assign(p.LatRad, p.radians(p.LatGradi));
   return true;

@@ -8,13 +8,12 @@
 #include <string>
 
 #include "dials/cylindrical/sun_angles.hpp"
-#include "dials/pen.hpp"
+#include "dials/drawing.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "lettering/arabic.hpp"
 #include "lettering/roman.hpp"
 #include "numerics/numbers.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
@@ -85,17 +84,13 @@ struct Light {
   bool aboveHorizon() const { return point.y <= 0; }
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run)
-      : run_(run), p_(run.params), sheet_(run.sheet), trueShadows_(run.trueShadows()) {
-    read();
-  }
+  explicit Drawing(Run& run) : PanelDrawing(run), trueShadows_(run.trueShadows()) { read(); }
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   double numberOr0(Field field) const;
 
   void read();
@@ -118,9 +113,6 @@ class Drawing {
   void fillPanel() const;
   void legend() const;
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   const bool trueShadows_;
   double R_ = 0, R2_ = 0;     // radii of the cylinder and of the hat
   double g_ = 0;              // how far the hat stands out: the style

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "dials/drawing.hpp"
 #include "dials/site.hpp"
 #include "numerics/numbers.hpp"
 
@@ -130,10 +131,9 @@ void CilTriangolo(Run& run) {
 
 namespace {
 
-class Sezione {
+class Sezione : PanelDrawing {
  public:
-  explicit Sezione(Run& run)
-      : run_(run), p_(run.params), sheet_(run.sheet), r_(p_.Raggio), c_(p_.SegnoCilindro) {}
+  explicit Sezione(Run& run) : PanelDrawing(run), r_(p_.Raggio), c_(p_.SegnoCilindro) {}
 
   void all();
 
@@ -149,9 +149,6 @@ class Sezione {
   void say(std::string_view text) { sheet_.Dati(run_.T(text)); }
   void say(std::string_view text, double number) { sheet_.Dati(run_.T(text) + textOf(number)); }
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   double r_, c_;
   double px_ = 0;           // abscissa of the tip and of N, about the centre
   double ty_ = 0, ny_ = 0;  // ordinates of the tip and of N

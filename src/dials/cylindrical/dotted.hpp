@@ -1,16 +1,30 @@
-// What the dials share that plot their curves as dots: their notice and the marks on the foot of
-// the style.
+// What the dials share that plot their curves as dots: their notice, their run and the marks on the
+// foot of the style.
 #pragma once
 
+#include <string_view>
+
+#include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/tip_rays.hpp"
-#include "dials/pen.hpp"
-#include "shell/dispatch.hpp"
+#include "dials/drawing.hpp"
+#include "dials/site.hpp"
 
 namespace dialwright {
 
 // Told at the start of every run: the definition is the distance from dot to dot.
 inline constexpr const char* kDefinitionNotice =
     "Modify the definition if the graph is not well visible";
+
+// The run of a dial of the northern hemisphere under the frame, with the notice and a caption.
+template <class Draw>
+void drawDotted(Run& run, std::string_view caption, Draw draw) {
+  run.message(run.T(kDefinitionNotice));
+  if (refusesSouth(run)) return;
+  drawFramed(run, caption, [&] {
+    LeggiSitoCilindro(run);
+    draw();
+  });
+}
 
 // The last hour (degrees either side of noon) from which the lines of italic and babylonian hours
 // start on the equinoctial.

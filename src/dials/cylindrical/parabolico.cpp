@@ -10,8 +10,8 @@
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
 #include "dials/cylindrical/tip_rays.hpp"
+#include "dials/drawing.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 
@@ -29,9 +29,9 @@ constexpr double kLastOfSection = 2;
 constexpr double kArc = 0.1;       // radius of the angle of declination in the section
 constexpr double kTipMark = 0.01;  // radius
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), latitude_(p_.LatRad) {}
+  explicit Drawing(Run& run) : PanelDrawing(run), latitude_(p_.LatRad) {}
 
   void ParabolicoCurve();
   void ParabolicoSezione();
@@ -56,9 +56,6 @@ class Drawing {
   LevelWay way(double P) const { return {section(P) - y0_, P - x0_}; }
   Punto inPlan(double P, double Y) const;
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   Trig latitude_;
   double tanD_ = 0;         // of the declination by the section's axes
   double vertex_ = 0;       // abscissa

@@ -8,8 +8,8 @@
 
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
+#include "dials/drawing.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 
@@ -17,14 +17,13 @@ namespace dialwright {
 
 namespace {
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   void LeggiCilindroParam();
   void touch(double theta);
   SubstyleTurn frame() const { return {p_.Sustilare, p_.DistPiedeCentro}; }
@@ -48,9 +47,6 @@ class Drawing {
   void ParamBabiloniche();
   void oldHours(double side, const Ink& ink);
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   double signedRadius_ = 0;  // negative outside
   double OffsetParam_ = 0;   // of theta in the foot, with the opposite sign
   // The plane of the sample. What it has of a plane dial stands in the record.
@@ -212,13 +208,12 @@ void QuadranteCilindricoParam(Run& run) {
     return;
   }
   run.message(run.T(kDefinitionNotice));
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T(
-      "Cylindrical sundial of circular cross-section as a set of points : parametric method"));
-  LeggiParametriSito(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run,
+             "Cylindrical sundial of circular cross-section as a set of points : parametric method",
+             [&run] {
+               LeggiParametriSito(run);
+               Drawing(run).all();
+             });
 }
 
 }  // namespace dialwright

@@ -7,8 +7,8 @@
 
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
+#include "dials/drawing.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 
@@ -29,14 +29,13 @@ struct OldHours {
 constexpr OldHours kProiettivoItaliche{-1, 1, CurveFamily::Italic};
 constexpr OldHours kProiettivoBabiloniche{1, kPlaneReach, CurveFamily::Babylonian};
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   // The loop over the plane, so many radii either side of the foot.
   Sweep radii(double count) const { return dots(run_, -count * p_.Raggio, count * p_.Raggio); }
   // The sun behind the tip as a point of the plane sees it.
@@ -55,10 +54,6 @@ class Drawing {
   void ProiettivoSustilare();
   void ProiettivoMezzodi() { CilGeneratriceMezzodi(run_, palette(4)); }
   void ProiettivoAnalemma();
-
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
 };
 
 void Drawing::all() {
@@ -205,17 +200,8 @@ void Drawing::ProiettivoAnalemma() {
 }  // namespace
 
 void QuadranteProiettivo(Run& run) {
-  run.message(run.T(kDefinitionNotice));
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : projective method"));
-  LeggiSitoCilindro(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawDotted(run, "Cylindrical sundial of circular cross-section : projective method",
+             [&run] { Drawing(run).all(); });
 }
 
 }  // namespace dialwright

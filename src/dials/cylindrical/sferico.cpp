@@ -8,13 +8,12 @@
 
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
-#include "dials/pen.hpp"
+#include "dials/drawing.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "lettering/arabic.hpp"
 #include "lettering/roman.hpp"
 #include "numerics/numbers.hpp"
-#include "shell/dispatch.hpp"
 
 namespace dialwright {
 
@@ -98,14 +97,13 @@ class Curve {
   Pen pen_;
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   double declinationOfFreeLine() const;
 
   void CilOre();
@@ -121,10 +119,6 @@ class Drawing {
   void CilLineaDecl();
   void CilSustilare();
   void oldHours(const OldHours& family);
-
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
 };
 
 void Drawing::all() {

@@ -7,8 +7,8 @@
 #include "dials/cylindrical/cylinder.hpp"
 #include "dials/cylindrical/dotted.hpp"
 #include "dials/cylindrical/tip_rays.hpp"
+#include "dials/drawing.hpp"
 #include "dials/flat/substyle_frame.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 
@@ -33,19 +33,13 @@ struct TurnedHorizons {
 constexpr TurnedHorizons kCil3DItaliche{0, 180, 8, CurveFamily::Italic, +1};
 constexpr TurnedHorizons kCil3DBabiloniche{-180, 0, 3, CurveFamily::Babylonian, -1};
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run)
-      : run_(run),
-        p_(run.params),
-        sheet_(run.sheet),
-        latitude_(p_.LatRad),
-        declination_(p_.DeclRad) {}
+  explicit Drawing(Run& run) : PanelDrawing(run), latitude_(p_.LatRad), declination_(p_.DeclRad) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
   void locateStyle();
   void Cil3DOre();
   void Cil3DDeclinazioni();
@@ -68,9 +62,6 @@ class Drawing {
   template <class Ordinate, class SunOf>
   void trace(Place& place, const Ink& ink, Ordinate ordinate, SunOf sunOf);
 
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
   Trig latitude_, declination_;
 };
 
@@ -217,17 +208,8 @@ void Drawing::Cil3DAnalemma(double hour) {
 }  // namespace
 
 void QuadranteCilindrico3D(Run& run) {
-  run.message(run.T(kDefinitionNotice));
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Cylindrical sundial of circular cross-section : 3D method"));
-  LeggiSitoCilindro(run);
-  Drawing(run).all();
-  run.hourglass(false);
+  drawDotted(run, "Cylindrical sundial of circular cross-section : 3D method",
+             [&run] { Drawing(run).all(); });
 }
 
 }  // namespace dialwright

@@ -251,10 +251,7 @@ void DisegnaFrinter(Run& run) {
     run.refuse(kIncompleteSiteMessage);
     return;
   }
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   drawFramed(run, "Vertical dial by 2D analytic geometry", [&run] {
     LeggiParametriSito(run);
     Drawing(run).all();

@@ -4,12 +4,8 @@
 // substyle from it.
 #include "dials/flat/nuovo_proiettivo.hpp"
 
-#include <array>
 #include <cmath>
 
-#include "dials/drawing.hpp"
-#include "dials/flat/flat_setup.hpp"
-#include "dials/flat/plane_suns.hpp"
 #include "dials/flat/projective.hpp"
 #include "dials/flat/sky_curves.hpp"
 #include "dials/flat/substyle_frame.hpp"
@@ -20,18 +16,19 @@ namespace dialwright {
 
 namespace {
 
-class Drawing : PanelDrawing {
+class Drawing : ProjectiveDrawing {
  public:
   explicit Drawing(Run& run);
 
   void all();
 
  private:
-  Sweep swept(double step = kSweepStep) { return run_.sweep(-LimiteSweep, LimiteSweep, step); }
   void ImpostaNuovo();
   Punto MappaNuova(double p, double q) const;
   template <class SunAt>
-  void mark(double p, double q, const Ink& ink, SunAt sunAt);
+  void mark(double p, double q, const Ink& ink, SunAt sunAt) {
+    ProjectiveDrawing::mark(MappaNuova(p, q), ink, sunAt);
+  }
   double hourFromSubstyle(double H) const;
   template <class SunAt>
   void lineThrough(double p0, double dp, double dq, const Ink& ink, SunAt sunAt);
@@ -43,26 +40,19 @@ class Drawing : PanelDrawing {
   void hoursFromHorizon(double side, CurveFamily family);
   void Analemma();
 
-  StyleOfDial style_;
   double sinR_, cosR_, tanR_;
   double N_;                // the style on the reference plane
   double sinE_, cosE_;      // of the polar style's elevation over the reference plane
   double equinoctialUnit_;  // N/cos E: tangents of hour angles come in it along the equinoctial
   double sinS_, cosS_;      // of the reference plane's substyle
-  PlaneSuns suns_;
-  std::array<DeclinationCone, 3> cones_;
-  Punto point_;  // the last good one
 };
 
 Drawing::Drawing(Run& run)
-    : PanelDrawing(run),
-      style_(run),
+    : ProjectiveDrawing(run),
       sinR_(std::sin(p_.ReclinRad)),
       cosR_(std::cos(p_.ReclinRad)),
       tanR_(std::tan(p_.ReclinRad)),
-      N_(over(p_.Stilo, cosR_)),
-      suns_(sheet_, planeOf(p_)),
-      cones_(declinationCones(p_, kSolsticeArcOnPlane)) {
+      N_(over(p_.Stilo, cosR_)) {
   ImpostaNuovo();
   sinE_ = std::sin(p_.ElevStilo);
   cosE_ = std::cos(p_.ElevStilo);
@@ -91,12 +81,6 @@ Punto Drawing::MappaNuova(double p, double q) const {
   const double Q = p * sinS_ + across * cosS_;
   const double den = -N_ + Q * tanR_;
   return {over(-N_ * P, den), over(-N_ * Q, den * cosR_) + N_ * sinR_};
-}
-
-template <class SunAt>
-void Drawing::mark(double p, double q, const Ink& ink, SunAt sunAt) {
-  assign(point_, MappaNuova(p, q));
-  dot(sheet_, point_, ink, sunAt(point_));
 }
 
 // An hour angle (radians) from the hour at which the sun stands over the substyle. A wall that

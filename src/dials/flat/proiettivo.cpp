@@ -8,9 +8,6 @@
 #include <array>
 #include <cmath>
 
-#include "dials/drawing.hpp"
-#include "dials/flat/flat_setup.hpp"
-#include "dials/flat/plane_suns.hpp"
 #include "dials/flat/projective.hpp"
 #include "dials/flat/sky_curves.hpp"
 #include "dials/flat/substyle_frame.hpp"
@@ -23,19 +20,20 @@ namespace {
 constexpr double kPolarLineStep = 0.0001;  // metres
 constexpr double kPlaneLineReach = 1;      // metres of what is drawn on the dial's plane itself
 
-class Drawing : PanelDrawing {
+class Drawing : ProjectiveDrawing {
  public:
   explicit Drawing(Run& run);
 
   void all();
 
  private:
-  Sweep swept() { return run_.sweep(-LimiteSweep, LimiteSweep, kSweepStep); }
   double styleOnReference();
   ConicSet conicOf(double K) const;
   Punto MappaProiettiva(double p, double q) const;
   template <class SunAt>
-  void mark(double p, double q, const Ink& ink, SunAt sunAt);
+  void mark(double p, double q, const Ink& ink, SunAt sunAt) {
+    ProjectiveDrawing::mark(MappaProiettiva(p, q), ink, sunAt);
+  }
 
   void CentroProiettivo();
   void Equinoziale();
@@ -47,19 +45,14 @@ class Drawing : PanelDrawing {
   void Curve();
   void hoursFromHorizon(double side, CurveFamily family);
 
-  StyleOfDial style_;
   double sinF_, cosF_, tanF_;         // of the latitude
   double cosD_, tanD_, cosR_, tanR_;  // of the plane
   double St_;                         // the style on the reference plane
   double equator_;                    // ordinate of the equinoctial there
-  PlaneSuns suns_;
-  std::array<DeclinationCone, 3> cones_;
-  Punto point_;  // the last good one
 };
 
 Drawing::Drawing(Run& run)
-    : PanelDrawing(run),
-      style_(run),
+    : ProjectiveDrawing(run),
       sinF_(std::sin(p_.LatRad)),
       cosF_(std::cos(p_.LatRad)),
       tanF_(std::tan(p_.LatRad)),
@@ -68,9 +61,7 @@ Drawing::Drawing(Run& run)
       cosR_(std::cos(p_.ReclinRad)),
       tanR_(std::tan(p_.ReclinRad)),
       St_(styleOnReference()),
-      equator_(over(-St_, sinF_)),
-      suns_(sheet_, planeOf(p_)),
-      cones_(declinationCones(p_, kSolsticeArcOnPlane)) {
+      equator_(over(-St_, sinF_)) {
   p_.ElevStilo = style_.polar().elevation;
   p_.Sustilare = style_.polar().substyle;
   p_.PuntoRiferimentoX = -style_.centre().x;
@@ -113,12 +104,6 @@ Punto Drawing::MappaProiettiva(double p, double q) const {
   return {u - p_.PuntoRiferimentoX, over(Z, cosR_) - p_.PuntoRiferimentoY};
 }
 
-template <class SunAt>
-void Drawing::mark(double p, double q, const Ink& ink, SunAt sunAt) {
-  assign(point_, MappaProiettiva(p, q));
-  dot(sheet_, point_, ink, sunAt(point_));
-}
-
 void Drawing::all() {
   CentroProiettivo();
   if (on(Field::ck_Equinoziale)) Equinoziale();
@@ -146,7 +131,7 @@ void Drawing::CentroProiettivo() {
 
 void Drawing::Equinoziale() {
   const Ink ink{.colour = palette(9), .family = CurveFamily::Equinoctial};
-  for (const double p : run_.sweep(-LimiteSweep, LimiteSweep, kFineSweepStep))
+  for (const double p : swept(kFineSweepStep))
     mark(p, equator_, ink, [](Punto) { return Sun{Sun::kOpen, 0}; });
 }
 

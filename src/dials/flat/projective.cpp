@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dials/flat/flat_setup.hpp"
+#include "dials/flat/sky_curves.hpp"
 #include "dials/site.hpp"
 
 namespace dialwright {
@@ -32,6 +32,12 @@ void readProjectivePlane(Run& run) {
   assign(p.PassoCurva, run.number(Field::txt_Definition) / 100);
   p.ReclinRad = p.radians(p.ReclinGradi);
 }
+
+ProjectiveDrawing::ProjectiveDrawing(Run& run)
+    : PanelDrawing(run),
+      style_(run),
+      suns_(sheet_, planeOf(p_)),
+      cones_(declinationCones(p_, kSolsticeArcOnPlane)) {}
 
 Punto StyleOfDial::tip() const { return laidTip(run_.params, style_.substyle); }
 

@@ -3,9 +3,12 @@
 // plane by a central projection through the tip of the style.
 #pragma once
 
-#include "dials/flat/style_triangle.hpp"
-#include "dials/pen.hpp"
-#include "shell/run.hpp"
+#include <array>
+
+#include "dials/drawing.hpp"
+#include "dials/flat/flat_setup.hpp"
+#include "dials/flat/plane_suns.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 
@@ -37,6 +40,29 @@ class StyleOfDial {
  private:
   Run& run_;
   PolarStyle style_;
+};
+
+// The drawing of a method: the dial's own style and sky, and the dots that points of the reference
+// plane become.
+class ProjectiveDrawing : protected PanelDrawing {
+ protected:
+  explicit ProjectiveDrawing(Run& run);
+
+  Sweep swept(double step = kSweepStep) const {
+    return run_.sweep(-LimiteSweep, LimiteSweep, step);
+  }
+  // A point as it fell on the dial's plane; a coordinate that failed keeps that of the point
+  // before.
+  template <class SunAt>
+  void mark(Punto fallen, const Ink& ink, SunAt sunAt) {
+    assign(point_, fallen);
+    dot(sheet_, point_, ink, sunAt(point_));
+  }
+
+  const StyleOfDial style_;
+  const PlaneSuns suns_;
+  const std::array<DeclinationCone, 3> cones_;
+  Punto point_;  // the last good one
 };
 
 }  // namespace dialwright

@@ -9,7 +9,6 @@
 
 #include "dials/drawing.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/flat/style_triangle.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "lettering/arabic.hpp"
@@ -17,6 +16,7 @@
 #include "lettering/zodiac.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/dispatch.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 

@@ -13,13 +13,13 @@
 #include "dials/flat/gnomonic_scheme.hpp"
 #include "dials/flat/plane_suns.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "numerics/numbers.hpp"
 #include "shell/clicks.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 
@@ -452,10 +452,7 @@ void Drawing::ChiudiVerticale() {
 }  // namespace
 
 void DisegnaVerticaleLuce(Run& run) {
-  if (run.number(Field::txtLAT) < 0) {
-    run.refuse(run.T(kSouthernMessage));
-    return;
-  }
+  if (refusesSouth(run)) return;
   drawFramed(run, "Vertical dial, light graph by 2D analytic geometry", [&run] {
     LeggiParametriSito(run);
     Drawing(run).all();

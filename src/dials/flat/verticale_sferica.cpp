@@ -8,17 +8,16 @@
 #include <string>
 #include <vector>
 
+#include "dials/drawing.hpp"
 #include "dials/flat/sky_curves.hpp"
-#include "dials/flat/style_triangle.hpp"
 #include "dials/flat/substyle_frame.hpp"
 #include "dials/flat/upright_wall.hpp"
-#include "dials/pen.hpp"
 #include "dials/site.hpp"
 #include "dials/sun.hpp"
 #include "lettering/roman.hpp"
 #include "lettering/segment_digits.hpp"
 #include "numerics/numbers.hpp"
-#include "shell/dispatch.hpp"
+#include "shell/style_triangle.hpp"
 
 namespace dialwright {
 
@@ -52,15 +51,13 @@ struct MeanNoon {
   double equationOfTime;  // radians of hour angle
 };
 
-class Drawing {
+class Drawing : PanelDrawing {
  public:
-  explicit Drawing(Run& run) : run_(run), p_(run.params), sheet_(run.sheet), window_(run) {}
+  explicit Drawing(Run& run) : PanelDrawing(run) {}
 
   void all();
 
  private:
-  bool on(Field field) const { return run_.on(field); }
-  double number(Field field) const { return run_.number(field); }
   bool sideWall() const { return std::abs(p_.DeclGradi) == 90; }
   // Of an hour in degrees from noon, on the zone's meridian when the longitude is used; radians.
   double hourAngle(double t) const {
@@ -96,11 +93,6 @@ class Drawing {
   void styleTriangle(Punto centre, Punto tip, double substyle, double elevation);
   void CurvaConica();
   void FuochiConica();
-
-  Run& run_;
-  DialParams& p_;
-  SheetPlot& sheet_;
-  Window window_;
 };
 
 void Drawing::all() {
@@ -483,11 +475,7 @@ void DisegnaVerticale(Run& run) {
         "For sundials in the Southern hemisphere please use programme 7) and read the rules"));
     return;
   }
-  DisegnaCornice(run);
-  run.hourglass(true);
-  run.sheet.Messaggio(run.T("Vertical dial by spherical trigonometry"));
-  Drawing(run).all();
-  run.hourglass(false);
+  drawFramed(run, "Vertical dial by spherical trigonometry", [&run] { Drawing(run).all(); });
 }
 
 }  // namespace dialwright

@@ -8,15 +8,14 @@ namespace dialwright::proof {
 
 class Brim : public Caster {
  public:
-  Brim(Vec centre, double radius) : centre_(centre), radius_(radius) {}
+  Brim(Vec centre, double radius) : ring_{centre, radius, kEast, kNorth} {}
   // The edge's point in the sun's vertical plane through the axis, wherever the place is; nothing
   // with the sun in the zenith.
   std::optional<Vec> nearest(Vec place, Vec sunwards) const override;
   std::vector<std::vector<Vec>> outline(Vec sunwards) const override;
 
  private:
-  Vec centre_;
-  double radius_;
+  Ring ring_;
 };
 
 }  // namespace dialwright::proof

@@ -1,8 +1,6 @@
 // Where a body's shadow ends.
 #include "proof/casters/far_end.hpp"
 
-#include <numbers>
-
 namespace dialwright::proof {
 
 namespace {
@@ -23,21 +21,10 @@ std::optional<Vec> BallsFarEnd::nearest(Vec, Vec sunwards) const {
   return centre_ + radius_ * *top;
 }
 
-RimsFarEnd::RimsFarEnd(Vec centre, double radius, Vec normal)
-    : CurvedEdge(
-          [=, right = square(normal), up = cross(normal, square(normal))](double u) {
-            const double turn = 2 * std::numbers::pi * u;
-            return centre + (radius * std::cos(turn)) * right + (radius * std::sin(turn)) * up;
-          },
-          true),
-      centre_(centre),
-      radius_(radius),
-      normal_(normal) {}
-
 std::optional<Vec> RimsFarEnd::nearest(Vec, Vec sunwards) const {
   const auto towards = aside(sunwards, normal_);
   if (!towards) return std::nullopt;
-  return centre_ - radius_ * *towards;
+  return ring_.centre - ring_.radius * *towards;
 }
 
 }  // namespace dialwright::proof

@@ -1,7 +1,7 @@
 // Looking up at a level rim.
 #include "proof/casters/level_rim.hpp"
 
-#include <numbers>
+#include <cmath>
 
 namespace dialwright::proof {
 
@@ -13,21 +13,10 @@ constexpr double kMeeting = 0.01;
 
 }  // namespace
 
-LevelRim::LevelRim(Vec centre, double radius, Half half)
-    : CurvedEdge(
-          [centre, radius](double u) {
-            const double turn = 2 * std::numbers::pi * u;
-            return centre + radius * Vec{std::sin(turn), std::cos(turn), 0};
-          },
-          true),
-      centre_(centre),
-      radius_(radius),
-      half_(half) {}
-
 std::optional<Vec> LevelRim::nearest(Vec place, Vec sunwards) const {
-  const double up = centre_.z - place.z;
+  const double up = ring_.centre.z - place.z;
   if (!(up >= 0) || !(sunwards.z > 0)) return std::nullopt;
-  const Vec through = place + (up / sunwards.z) * sunwards - centre_;
+  const Vec through = place + (up / sunwards.z) * sunwards - ring_.centre;
   const double way = std::hypot(through.x, through.y);
   if (!(way > 0)) return std::nullopt;
   const Vec out{through.x / way, through.y / way, 0};
@@ -35,7 +24,7 @@ std::optional<Vec> LevelRim::nearest(Vec place, Vec sunwards) const {
   const double towards = dot(out, sunwards);
   if (half_ == Half::FromSun && towards > kMeeting * level) return std::nullopt;
   if (half_ == Half::ToSun && towards < -kMeeting * level) return std::nullopt;
-  return centre_ + radius_ * out;
+  return ring_.centre + ring_.radius * out;
 }
 
 }  // namespace dialwright::proof

@@ -7,8 +7,6 @@ namespace dialwright::proof {
 
 namespace {
 
-constexpr Vec kUp{0, 0, 1};
-
 // A level floor, drawn as it is seen from the North: x to the West, y to the South.
 Plane levelFloor() { return {{}, kUp, {-1, 0, 0}}; }
 

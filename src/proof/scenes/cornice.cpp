@@ -8,8 +8,6 @@ namespace dialwright::proof {
 
 namespace {
 
-constexpr Vec kEast{1, 0, 0}, kNorth{0, 1, 0}, kUp{0, 0, 1};
-
 // The lines may follow one half of the rim only, the shadow of a single moment goes round it.
 std::vector<Casters> rimOf(Vec centre, double radius, LevelRim::Half half) {
   return {{CurveFamily::None, {std::make_shared<LevelRim>(centre, radius, half)}},

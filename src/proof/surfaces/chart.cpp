@@ -7,7 +7,7 @@ namespace dialwright::proof {
 
 namespace {
 
-constexpr Vec kWest{-1, 0, 0}, kUp{0, 0, 1};
+constexpr Vec kWest{-1, 0, 0};
 
 }  // namespace
 
