@@ -41,6 +41,7 @@ const Row kRows[] = {
     {6, "ck_Lemniscate Ck_Section OptConvex", "Lemniscate", 181},
     // Numerals come with the hour lines only; the function box leaves the triangle out.
     {6, "ckRomani ckArabi", "lines", 0},
+    {6, "chkOreAstronomiche ckArabi", "lines 15", 112},
     {6, "ck_Triangolo ckFunction", "assostilo", 0},
     {6, "ck_Triangolo", "assostilo", 1},
     // Labels, besides those of the two foci, are of one kind of hours and none with Roman numerals.

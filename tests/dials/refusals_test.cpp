@@ -99,12 +99,6 @@ TEST(Dials, LeaveOutWhatHasNoStep) {
       EXPECT_EQ(dial.messages.size(), 2u) << "the notice, and a word for what is left out";
     }
   }
-  for (const char* settings : {"TxtHour=-1", "TxtHour=1e9"}) {
-    ProgramCase scaphe(40, "chkOreAstronomiche ckTemp");
-    scaphe.with(settings).run();
-    EXPECT_EQ(scaphe.messages.size(), 1u);
-    EXPECT_TRUE(scaphe.linesOf("ora").empty());
-  }
 }
 
 // With all boxes that a user sees.

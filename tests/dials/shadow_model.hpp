@@ -74,7 +74,27 @@ struct Hollow {
   double turn(Vec p) const {
     return std::sin(semiAngle) * std::atan2(dot(p - vertex, quarter), dot(p - vertex, start));
   }
+  Vec roll(double rho, double angle) const {
+    const double round = angle / std::sin(semiAngle);
+    const Vec out = std::cos(round) * start + std::sin(round) * quarter;
+    return vertex + rho * (std::cos(semiAngle) * axis + std::sin(semiAngle) * out);
+  }
 };
+
+// About the earth's axis, with the tip of a level style as origin, at a latitude and of a
+// semi-angle in degrees: the vertex is where the style, laid from its tip to the North, ends on the
+// cone.
+inline Hollow hollowAboutAxis(double latitude, double semiAngle, double style) {
+  const Vec pole{0, std::cos(rad(latitude)), std::sin(rad(latitude))};
+  Hollow cone{{}, -1 * pole, {0, pole.z, -pole.y}, kEast, rad(semiAngle)};
+  double near = 0, far = 100;
+  for (int i = 0; i < 200; ++i) {
+    const double middle = (near + far) / 2;
+    cone.vertex = middle * pole;
+    (cone.behind(style * kNorth) > 0 ? near : far) = middle;
+  }
+  return cone;
+}
 
 // --- What throws the shadow
 

@@ -74,16 +74,8 @@ Shadows discsBorder(const Site& at) {
   return shadowsOf(ringsTangent(poleAt(at), {}, 0.2, at.side), flat(wall, -0.2 * wall.normal));
 }
 
-// A hollow cone about the earth's axis; its vertex is where the level style, laid from its tip to
-// the North, ends on the cone.
 Shadows scaphe(const Site& at) {
-  Hollow cone{{}, -1 * poleAt(at), {0, poleAt(at).z, -poleAt(at).y}, kEast, rad(30)};
-  double near = 0, far = 100;
-  for (int i = 0; i < 200; ++i) {
-    const double middle = (near + far) / 2;
-    cone.vertex = middle * poleAt(at);
-    (cone.behind(0.2 * kNorth) > 0 ? near : far) = middle;
-  }
+  const Hollow cone = hollowAboutAxis(at.latitude, 30, 0.2);
   return shadowsOf(tip({}), {[=](Vec p) { return cone.behind(p); },
                              [=](Vec p) {
                                const double rho = cone.reach(p), turn = cone.turn(p);
@@ -194,10 +186,13 @@ constexpr Window kOnWall{0.4, 0.1, 0.6}, kOnBent{0.3, 0.1, 0.5}, kOnFloor{0.45, 
 const Row kRows[] = {{1, "TxtInizio=6 TxtFine=18", "hzd", plate, kWalls, kOnWall},
                      {2, "optX txt_Definition=1", "hzdib", plate, kPlanes, kOnWall, 0.65},
                      {2, "optY txt_Definition=1", "hzdib", plate, kPlanes, kOnWall, 0.5},
+                     {2, "optX", "h", plate, {{45.7438, 0, 90 - 45.7438}}, kOnWall},
                      {3, "", "hdib", plate, kPlanes, kOnWall, 0.7},
                      {4, "", "hzdib", plate, kPlanes, kOnWall, 0.75},
                      {4, "", "hz", plate, {{45, 90}, {45, -90}}, kOnWall},
                      {5, "", "hzdib", plate, kWalls, kOnWall, 0.85},
+                     {5, "", "hzd", plate, {{0, 30}}, kOnWall},
+                     {5, "", "h", plate, {{0, -90}}, kOnWall},
                      {6, "TxtInizio=6 TxtFine=18", "hzdib", plate, kWalls, kOnWall},
                      {7, "", "hzdib", plate, kPlanes, kOnWall, 0.96},
                      {7, "y1txt=0.6 y2txt=-0.6", "hzd", plate, {{45, 0, 90}}, kOnFloor},

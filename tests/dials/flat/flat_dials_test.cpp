@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "dials/flat/flat_wall.hpp"
-#include "dials/flat/sky_curves.hpp"
 #include "support/mean_sun.hpp"
 
 namespace dialwright {
@@ -95,17 +94,6 @@ TEST(Inclinati, AStyleOutOfReachIsDrawnByItsSlopeUntilATriangleWasDrawn) {
   EXPECT_TRUE(wall.pointsIn(palette(5)).empty());
 }
 
-TEST(Inclinati, ThePolarPlaneHasUprightHours) {
-  FlatWall wall(2, {45.7438, 0, 90 - 45.7438}, "optX chkOreAstronomiche");
-  const std::vector<LineRecord> hours = wall.run().linesIn(palette(15));
-  for (std::size_t i = 1; i < 24; ++i) {
-    EXPECT_NEAR(wall.hourAngle(hours.at(i).x1, 0.3), 90 - 7.5 * static_cast<double>(i),
-                kAngleSlack);
-    EXPECT_EQ(hours[i].x1, hours[i].x2);
-    EXPECT_DOUBLE_EQ(hours[i].y2, wall.sheet.ShiftY());
-  }
-}
-
 // --- Programs 3 to 5
 
 // The style's triangle in the sheet's corner is similar to the one on the dial.
@@ -126,7 +114,9 @@ TEST(Projective, ATriangleToMeasure) {
 }
 
 TEST(Frinter, LinesReachOverTheSheet) {
-  FlatWall wall(5, {45, 37}, "chkOreAstronomiche ck_Sustilare ck_Orizzonte");
+  FlatWall wall(5, {45, 37}, "chkOreAstronomiche ck_Sustilare ck_Orizzonte"), pole(5, {90, 10});
+  EXPECT_FALSE(pole.run().refused);
+  EXPECT_EQ(pole.params.LatGradi, 89.9999);
   wall.run();
   for (const LineRecord& hour : wall.linesIn(palette(7)))
     EXPECT_EQ(std::pair(hour.y1, hour.y2), std::pair(-1.0, 1.0));
@@ -147,22 +137,6 @@ TEST(Frinter, TheAnalemmaIsSetTwice) {
     ASSERT_EQ(points[i + 1].colour, palette(6));
     ASSERT_EQ(std::pair(points[i + 1].x, points[i + 1].y), std::pair(points[i].x, points[i].y));
   }
-}
-
-TEST(Frinter, OnTheEquatorAndAtThePole) {
-  FlatWall wall(5, {0, 30}, "Ck_DayLightCurves");
-  for (const PointRecord& p : wall.run().pointsIn(palette(13)))
-    ASSERT_NEAR(std::abs(wall.declination(p.x, p.y)), 20.1552, kAngleSlack);
-  FlatWall east(5, {0, -90}, "chkOreAstronomiche");
-  double H = -75;
-  for (const LineRecord& level : east.run().linesIn(palette(14))) {
-    EXPECT_NEAR(std::abs(east.declination(level.x1, level.y1)), 23.445, kAngleSlack);
-    EXPECT_NEAR(east.hourAngle(level.x1, level.y1), -90 + std::abs(H), kAngleSlack);
-    H += 7.5;
-  }
-  FlatWall pole(5, {90, 10});
-  EXPECT_FALSE(pole.run().refused);
-  EXPECT_EQ(pole.params.LatGradi, 89.9999);
 }
 
 // --- Program 7
@@ -198,27 +172,6 @@ TEST(Universale, AsksForCheckedF) {
     FlatWall wall(program, {-10, 10});
     EXPECT_TRUE(wall.run().refused);
     EXPECT_EQ(wall.panel.on(Field::ckFunction), function);
-  }
-}
-
-// The curves of the sky ask which dial is checked, and set its reclination and level plane.
-TEST(SkyCurves, AskWhichDialIsChecked) {
-  for (const auto& [item, reclination, expected] : {std::tuple{Item::mnuUni, 30.0, 30.0},
-                                                    {Item::mnuUni, 90.0, 90.0},
-                                                    {Item::mnuVertSph, 90.0, 0.0},
-                                                    {Item::M_Inclinati, 30.0, 0.0}}) {
-    for (const Driver curve :
-         {Driver{CurvaAsr}, Driver{CurvaQibla}, Driver{LineeAzimut}, Driver{CurveAlmucantarat}}) {
-      if (item == Item::M_Inclinati && curve != Driver{CurvaQibla}) continue;
-      DialCase dial(item, curve);
-      dial.clearBoxes().set(Field::txtReclinZ, textOf(90 - reclination));
-      dial.params.Stilo = 0.2;
-      dial.params.LatRad = 0.8;
-      dial.params.ReclinRad = sky::rad(reclination);
-      dial.run();
-      EXPECT_NEAR(dial.params.ReclinRad, sky::rad(expected), 1e-9);
-      EXPECT_EQ(dial.params.PianoOrizzontale, expected > 80 && curve == Driver{CurveAlmucantarat});
-    }
   }
 }
 
