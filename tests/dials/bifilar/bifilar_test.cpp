@@ -71,7 +71,7 @@ TEST(Demonstrations, PlotTheBallsShadow) {
 // But with true shadows, which have no ball's oval in the place of the rim's either.
 TEST(Demonstrations, TheFountainsPlanTakesTheLatitudeOfTheRunBefore) {
   for (const bool trueOnly : {false, true}) {
-    ProgramCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 TxtStilo=.2");
+    ProgramCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 txtDecl=30");
     dial.panel.setState(Field::ckTrue, trueOnly);
     for (const double latitude : {trueOnly ? kLatitude : 0, kLatitude}) {
       dial.sheet.Clear();

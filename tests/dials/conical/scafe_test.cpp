@@ -140,6 +140,21 @@ TEST(Scaphe, TheHorizonIsSunriseAndSunset) {
   }
 }
 
+// The foot of the style, which lies level to the North of the tip; the days' arcs stand on the
+// mirrored side always.
+TEST(Scaphe, TheFootIsMirroredAlone) {
+  constexpr const char* kBoxes = "Ck_DayLightCurves ck_Equinoziale ck_Orizzonte";
+  const auto plain = Scaphe(kBoxes).sheet.list().circles;
+  Scaphe dial("Ck_DayLightCurves ck_Equinoziale ck_Orizzonte ckFunction");
+  const auto& mirrored = dial.sheet.list().circles;
+  EXPECT_LT(length(dial.cone.roll(-mirrored.at(0).x, 0) - kStyle * kNorth), 1e-9);
+  EXPECT_EQ(plain.at(0).x, -mirrored[0].x);
+  for (const std::size_t day : {1, 2, 3}) {
+    EXPECT_EQ(plain.at(day).startAngle, mirrored.at(day).startAngle);
+    EXPECT_NEAR(plain[day].startAngle + plain[day].endAngle, 2 * pi, 1e-9);
+  }
+}
+
 // Mirroring turns the numerals' places by half a turn. Twelve has its first digit only: it looks
 // like one.
 TEST(Scaphe, NumeralsAreTemporaryHoursBeyondTheSummer) {

@@ -7,7 +7,8 @@
 namespace dialwright {
 namespace {
 
-const std::vector<FlatSite> kWalls = {{}, {45, 37}, {45, -75}, {5, 20}, {62, 0.5}, {50, -165}};
+const std::vector<FlatSite> kWalls = {{},        {45, 37},   {45, -75}, {5, 20},
+                                      {62, 0.5}, {50, -165}, {35, 90},  {35, -90}};
 const std::vector<FlatSite> kPlanes = {
     {}, {45, 37, -25}, {12, 20, 40}, {62, -75, 10}, {20, 130, 20}, {35, -160, -40}, {45, 160, 80}};
 
@@ -69,7 +70,7 @@ TEST(FlatStyles, HorizonHasALevelSun) {
 // substyle; or anywhere on the Substyle.
 TEST(FlatStyles, JoinFootTipAndCentre) {
   onEach([](const Method& method, FlatWall& wall) {
-    if (method.program == 1) return;
+    if (method.program == 1 || std::abs(wall.site.declination) == 90) return;  // no centre near
     wall.with("ck_Triangolo x1txt=-9 x2txt=9 y1txt=9 y2txt=-9").run();
     const sky::Spot centre = wall.centre();
     const auto letter = [&](double x, double y) {
