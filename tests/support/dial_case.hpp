@@ -76,21 +76,6 @@ class DialCase {
     return all;
   }
 
-  // The layers of the lines in their order, each with its first line's colour number (or RGB value)
-  // and a bar after it.
-  std::string inks() const {
-    std::string all, last = "0";
-    for (const LineRecord& line : sheet.list().lines) {
-      const std::string& name = sheet.list().name(line.layer);
-      if (name == "0" || name == last) continue;
-      const auto number = std::find(kPalette.begin(), kPalette.end(), line.colour);
-      const auto shown = number == kPalette.end() ? line.colour : number - kPalette.begin();
-      all += name + " " + std::to_string(shown) + "|";
-      last = name;
-    }
-    return all;
-  }
-
   Panel panel;
   DialParams params;
   SheetPlot sheet;
