@@ -146,11 +146,7 @@ TEST(StereographicChart, APolarPlaneIsAnImmenseCircle) {
       EXPECT_NEAR(end.x, 0, 5e-6);
       EXPECT_NEAR(chart.sphere.altitude(end), 0, 5e-6);
     }
-    EXPECT_EQ(chart.pointsIn(palette(14)).size(), 0u);  // all off the sheet
-    const auto lines = chart.linesIn(palette(14));      // the substyle, and strokes of characters
-    EXPECT_EQ(std::ranges::count_if(
-                  lines, [](const LineRecord& l) { return std::abs(l.x1 - l.x2) > 1e-3; }),
-              1);
+    EXPECT_TRUE(chart.pointsIn(palette(14)).empty()) << "all off the sheet";
   }
 }
 
@@ -210,87 +206,60 @@ TEST(StereographicChart, TheArrowShowsTheSideOfThePlane) {
   }
 }
 
-// --- The background
-
+// In summer, all but the solstice's first circle have the arc of a winter's day, unless true.
 TEST(StereographicChart, DayCirclesAreThoseOfTheirDeclination) {
   for (const bool onlyTrue : {false, true}) {
     Chart chart;
     chart.panel.setState(Field::ckTrue, onlyTrue);
     chart.run();
-    const auto winter = chart.circlesIn(9), summer = chart.circlesIn(12), days = chart.circlesIn(8);
-    ASSERT_EQ(winter.size(), 2u);
-    ASSERT_EQ(summer.size(), 2u);
-    ASSERT_EQ(days.size(), 1 + 22u);  // the first is the plane's whole circle
-    const auto expectDay = [&](const CircleRecord& c, double declination, bool toHorizon) {
+    const auto expectDay = [&](const CircleRecord& c, double declination, double wholeArcOf) {
       for (const double part : {0.0, 0.3, 0.5, 1.0})
         EXPECT_NEAR(deg(chart.sphere.declination(onArc(c, part))), declination, 1e-6);
       EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0.5)), 0, kNear);
       EXPECT_GE(c.startAngle, 0);
-      // In summer, all but the solstice's first circle have the arc of a winter's day, unless true.
-      const bool whole = toHorizon || onlyTrue;
-      const double semiArc = sky::semiArc(rad(45.7438), rad(whole ? declination : -declination));
-      EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0)), semiArc, kNear) << declination;
+      EXPECT_NEAR(chart.sphere.hourAngle(onArc(c, 0)), sky::semiArc(rad(45.7438), rad(wholeArcOf)),
+                  kNear);
     };
-    expectDay(winter[0], -23.445, true);
-    expectDay(summer[0], 23.445, true);
-    expectDay(winter[1], -23.445, true);
-    expectDay(summer[1], 23.445, false);
-    for (int i = 0; i < 11; ++i) {
-      expectDay(days[1 + static_cast<std::size_t>(i)], -2 * (i + 1), true);
-      expectDay(days[12 + static_cast<std::size_t>(i)], 22 - 2 * i, false);
+    const double side = onlyTrue ? 1 : -1;
+    for (const CircleRecord& c : chart.circlesIn(9)) expectDay(c, -kSolstice, -kSolstice);
+    const auto summer = chart.circlesIn(12), days = chart.circlesIn(8);
+    ASSERT_EQ(chart.circlesIn(9).size() + summer.size(), 2 + 2u);
+    expectDay(summer[0], kSolstice, kSolstice);
+    expectDay(summer[1], kSolstice, side * kSolstice);
+    ASSERT_EQ(days.size(), 1 + 22u);  // the first is the plane's whole circle
+    for (std::size_t i = 1; i <= 11; ++i) {
+      const double day = 2 * static_cast<double>(i);
+      expectDay(days[i], -day, -day);
+      expectDay(days[23 - i], day, side * day);
     }
   }
 }
 
-TEST(StereographicChart, HoursStandOnTheirRing) {
-  Chart chart;
-  chart.run();
-  const double summer = kR * std::tan(rad(33.2775));
-  const auto rims = chart.circlesIn(5);
-  ASSERT_EQ(rims.size(), 2u);
-  EXPECT_NEAR(rims[0].radius, 0.855 * summer, kNear);
-  EXPECT_NEAR(rims[1].radius, 0.72 * summer, kNear);
-  const auto ticks = chart.linesIn(palette(5));
-  ASSERT_EQ(ticks.size(), 1 + 25 + 96u);
-  const auto angleOf = [](const LineRecord& l) { return deg(std::atan2(-l.y1, l.x1)); };
-  for (int i = 0; i < 25; ++i)
-    EXPECT_NEAR(std::remainder(angleOf(ticks[1 + static_cast<std::size_t>(i)]) - 15 * i, 360), 0,
-                1e-5);
-  // The quarters are 1.57 degrees off the hours, unless true.
-  for (std::size_t i = 26; i < ticks.size(); ++i) {
-    EXPECT_NEAR(std::remainder(angleOf(ticks[i]) - pi / 2, 3.75), 0, 1e-5);
-    EXPECT_NEAR(std::hypot(ticks[i].x1, ticks[i].y1), 0.81 * summer, kNear);
-    EXPECT_NEAR(std::hypot(ticks[i].x2, ticks[i].y2), 0.855 * summer, kNear);
-  }
-}
-
-TEST(StereographicChart, TrueQuartersStandOnTheQuarters) {
-  Chart chart;
-  chart.panel.setState(Field::ckTrue, true);
-  chart.run();
-  const auto ticks = chart.linesIn(palette(5));
-  ASSERT_EQ(ticks.size(), 1 + 25 + 97u);
-  for (std::size_t i = 1; i < ticks.size(); ++i)
-    EXPECT_NEAR(std::remainder(deg(std::atan2(-ticks[i].y1, ticks[i].x1)), 3.75), 0, 1e-5);
-}
-
-// Six in the evening is in the West; the first stretch runs back to one, midnight has no numeral.
-TEST(StereographicChart, NumeralsAreTheHours) {
-  for (const bool roman : {true, false}) {
+// The quarters are 1.57 degrees off the hours, unless true.
+TEST(StereographicChart, HoursAndQuartersStandOnTheirRing) {
+  for (const bool onlyTrue : {false, true}) {
     Chart chart;
-    chart.panel.setState(Field::ckRomani, roman);
+    chart.panel.setState(Field::ckTrue, onlyTrue);
     chart.run();
-    const auto places = chart.characters();
-    ASSERT_EQ(places.size(), kNumerals + 3u + 1);
-    for (std::size_t i = 0; i < kNumerals; ++i) {
-      const double a = 15 * static_cast<double>(i < 18 ? i : i + 1);
-      EXPECT_NEAR(std::remainder(deg(std::atan2(places[i].y, places[i].x)) - a, 360), 0, 1e-5);
-      EXPECT_NEAR(std::hypot(places[i].x, places[i].y), 0.648 * kR * std::tan(rad(33.2775)), kNear);
+    const double summer = kR * std::tan(rad(33.2775));
+    const auto rims = chart.circlesIn(5);
+    ASSERT_EQ(rims.size(), 2u);
+    EXPECT_NEAR(rims[0].radius, 0.855 * summer, kNear);
+    EXPECT_NEAR(rims[1].radius, 0.72 * summer, kNear);
+    const auto ticks = chart.linesIn(palette(5));
+    ASSERT_EQ(ticks.size(), 1 + 25 + 96u + onlyTrue);
+    for (std::size_t i = 1; i < ticks.size(); ++i) {
+      const auto& [x1, y1, x2, y2, colour, width, layer] = ticks[i];
+      const bool hour = i < 26;
+      const double first = hour || onlyTrue ? 0 : pi / 2;
+      EXPECT_NEAR(std::remainder(deg(std::atan2(-y1, x1)) - first, hour ? 15 : 3.75), 0, 1e-5);
+      EXPECT_NEAR(std::hypot(x1, y1), (hour ? 0.72 : 0.81) * summer, kNear);
+      EXPECT_NEAR(std::hypot(x2, y2), 0.855 * summer, kNear);
     }
   }
 }
 
-// Characters turn by a quarter turn less the ring's angle.
+// Characters turn by a quarter turn less the ring's angle; six in the evening is in the West.
 void someNumerals(Run& run) {
   const double r = 0.648 * kR * std::tan(rad(33.2775));
   for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {90, 12}, {135, 9}, {345, 7}}) {
@@ -310,9 +279,8 @@ TEST(StereographicChart, NumeralsTurnAgainstTheRing) {
       c->panel.setState(Field::ckRomani, roman);
       c->set(Field::txtArabi, "0.02").set(Field::txtNumbersize, "0.02").run();
     }
-    const auto& wanted = numerals.sheet.list().lines;
-    EXPECT_GT(wanted.size(), 10u);
-    for (const LineRecord& w : wanted) {
+    EXPECT_GT(numerals.entities(), 10u);
+    for (const LineRecord& w : numerals.sheet.list().lines) {
       EXPECT_TRUE(std::ranges::any_of(chart.sheet.list().lines, [&](const LineRecord& l) {
         return std::hypot(l.x1 - w.x1, l.y1 - w.y1, l.x2 - w.x2) + std::abs(l.y2 - w.y2) < 1e-9;
       })) << roman;
@@ -381,12 +349,9 @@ TEST(StereographicChart, TrueSignsStandBeyondSunriseAndSunset) {
 
 TEST(StereographicChart, TellsItsFigures) {
   Chart chart;
-  chart.params.ModoDati = 0;
   chart.run();
   EXPECT_EQ(chart.sheet.caption(),
             "Stereographic diagram showing the operating limits of a dial wherever oriented");
-  EXPECT_EQ(chart.params.ModoDati, 1);
-  EXPECT_FALSE(chart.busy);
   EXPECT_EQ(chart.told(),
             "||latitude  = 45.7438 °|Declination of the dial: -14.57 °|Reclination 0 °|"
             "substyle hour angle : -19.946 °|substyle hour 10 h 40.21 m|angle -42.4872 °|"
@@ -413,26 +378,12 @@ TEST(StereographicChart, TheHoursAreThoseOfTheHorizonsPoints) {
   }
 }
 
-TEST(StereographicChart, SplitsHours) {
-  EXPECT_EQ(GradiInOreMinuti(17.25).hours, 17);
-  EXPECT_EQ(GradiInOreMinuti(17.25).minutes, 15);
-  EXPECT_EQ(GradiInOreMinuti(-0.5).hours, -1);
-  EXPECT_EQ(GradiInOreMinuti(-0.5).minutes, 30);
-}
-
 TEST(StereographicChart, TheSouthIsRefusedAndThePolarCircleLeftBlank) {
-  Chart south(-30);
-  south.run();
-  EXPECT_TRUE(south.refused);
-  EXPECT_EQ(south.messages,
-            std::vector<std::string>{"Sorry, unable to work in the Southern hemisphere "});
-  EXPECT_EQ(south.entities(), 0u);
+  expectRefusesSouth(Item::mnuDia, DiagrammaStereografico);
   for (const double latitude : {66.556, 90.0}) {
     Chart polar(latitude);
     polar.run();
-    EXPECT_EQ(polar.entities(), 0u);
-    EXPECT_FALSE(polar.busy);
-    EXPECT_TRUE(polar.messages.empty());
+    EXPECT_EQ(polar.entities() + polar.messages.size() + polar.busy, 0u);
   }
 }
 
@@ -440,13 +391,6 @@ TEST(StereographicChart, OddInputIsBounded) {
   expectBounded(Item::mnuDia, DiagrammaStereografico, {Field::ckRomani},
                 {Field::txtLAT, Field::TxtRadius, Field::txtDecl, Field::txtReclinZ, Field::TxtHour,
                  Field::txtNumbersize, Field::txtZodiacsize});
-  for (const char* radius : {"0", "-3", "1e300"}) {
-    Chart chart;
-    chart.set(Field::TxtRadius, radius).run();
-    EXPECT_FALSE(chart.busy);
-    for (const CircleRecord& c : chart.sheet.list().circles)
-      EXPECT_TRUE(std::isfinite(c.x + c.y + c.radius + c.startAngle + c.endAngle));
-  }
 }
 
 }  // namespace
