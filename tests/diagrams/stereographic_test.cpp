@@ -247,25 +247,22 @@ TEST(StereographicChart, HoursAndQuartersStandOnTheirRing) {
 }
 
 // Characters turn by a quarter turn less the ring's angle; six in the evening is in the West.
-void someNumerals(Run& run) {
-  const double r = 0.648 * kR * std::tan(rad(33.2775));
-  for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {90, 12}, {135, 9}, {345, 7}}) {
-    const double x = r * std::cos(rad(a)), y = r * std::sin(rad(a));
-    if (run.on(Field::ckRomani))
-      DisegnaNumeroRomano(run, x, y, rad(90 - a), hour, 2);
-    else
-      DisegnaNumeroArabo(run, x, y, 90 - a, hour, hour == 12 ? 2 : 1);
-  }
-}
-
 TEST(StereographicChart, NumeralsTurnAgainstTheRing) {
+  const auto someNumerals = [](dialwright::Run& run) {
+    const double r = 0.648 * kR * std::tan(rad(33.2775));
+    for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {90, 12}, {135, 9}, {345, 7}}) {
+      const double x = r * std::cos(rad(a)), y = r * std::sin(rad(a));
+      if (run.on(Field::ckRomani))
+        DisegnaNumeroRomano(run, x, y, rad(90 - a), hour, 2);
+      else
+        DisegnaNumeroArabo(run, x, y, 90 - a, hour, hour == 12 ? 2 : 1);
+    }
+  };
   for (const bool roman : {true, false}) {
-    Chart chart;
-    DialCase numerals(Item::mnuDia, someNumerals);
-    for (DialCase* c : {static_cast<DialCase*>(&chart), &numerals}) {
-      c->sheet.Clear();
+    DialCase chart(Item::mnuDia, DiagrammaStereografico), numerals(Item::mnuDia, someNumerals);
+    for (DialCase* c : {&chart, &numerals}) {
       c->panel.setState(Field::ckRomani, roman);
-      c->set(Field::txtArabi, "0.02").set(Field::txtNumbersize, "0.02").run();
+      c->set(Field::TxtRadius, textOf(kR)).run();
     }
     EXPECT_GT(numerals.entities(), 10u);
     for (const LineRecord& w : numerals.sheet.list().lines) {

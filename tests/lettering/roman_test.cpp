@@ -33,17 +33,14 @@ TEST(Roman, EachHourHasItsStrokesAndTheirColour) {
 TEST(Roman, TheSmallerSignStandsBeforeInFourAndNine) {
   for (const int hour : {4, 9}) {
     const Hours numeral(hour), alone(hour + 1);
-    const auto& lines = numeral.lines();
-    // The strokes of the greater sign at the same place, the bar to their left, and two caps that
+    // The strokes of the greater sign at the same place, a bar to their left, and two caps that
     // reach over both.
-    const std::size_t cell = alone.lines().size() - 2;
-    for (std::size_t i = 0; i < cell; ++i) EXPECT_EQ(lines[i].x1, alone.lines()[i].x1);
-    for (std::size_t i = cell; i < cell + 2; ++i) {
-      EXPECT_LT(lines[i].x1, -0.05);
-      EXPECT_NEAR(lines[i].x1, lines[i].x2, 1e-9);
-    }
-    EXPECT_NEAR(lines[cell + 2].x1, lines[cell + 3].x1, 1e-9);
-    EXPECT_LT(lines[cell + 2].x1, lines[cell + 1].x1);
+    const std::vector<InkSpot> spots = numeral.spots(), greater = alone.spots();
+    const std::size_t cell = greater.size() - 4;
+    for (std::size_t i = 0; i < cell; ++i) EXPECT_EQ(spots[i].x, greater[i].x);
+    for (std::size_t i = cell; i < cell + 4; ++i) EXPECT_LT(spots[i].x, -0.05);
+    EXPECT_NEAR(spots[cell].x, spots[cell + 1].x, 1e-9);
+    EXPECT_LT(spots[cell + 4].x, spots[cell + 2].x);
   }
 }
 

@@ -96,18 +96,16 @@ TEST_F(SheetPlotTest, ATextWithoutAPositionFollowsTheCursorAndIsSentFarOffByARed
   ASSERT_EQ(screen.texts.size(), 2u);
   EXPECT_EQ(screen.texts[0].text, degrees);
   EXPECT_NEAR(screen.texts[0].x, 0.3 * kTwips, 1e-9);
+  const double below = 0.05 * kTwips + kTextLine;
   EXPECT_EQ(screen.texts[1].x, 0);
-  EXPECT_NEAR(screen.texts[1].y, 0.05 * kTwips + kTextLine, 1e-9);
-  const TextRecord& record = sheet.list().texts.at(1);
-  EXPECT_EQ(record.x, 0) << "the cursor, in target units";
-  EXPECT_NEAR(record.y, 0.05 * kTwips + kTextLine, 1e-9);
-  EXPECT_NEAR(record.shownX, -0.2, 1e-12) << "the place, in metres";
+  EXPECT_NEAR(screen.texts[1].y, below, 1e-9);
+  EXPECT_NEAR(sheet.list().texts.at(1).y, below, 1e-9) << "the cursor, in target units";
+  EXPECT_NEAR(sheet.list().texts.at(1).shownX, -0.2, 1e-12) << "the place, in metres";
   EXPECT_NEAR(sheet.xCurrentY(), -0.1 + 2 * kTextLine / kTwips, 1e-12);
 
   sheet.Refresh();
   ASSERT_EQ(screen.texts.size(), 2u);
   EXPECT_EQ(screen.texts[0].text, degrees.substr(0, 200)) << "a hundred characters";
-  EXPECT_NEAR(screen.texts[0].x, 0.3 * kTwips, 1e-9);
   EXPECT_GT(screen.texts[1].y, 100 * kTwips) << "cursor units taken for metres";
   EXPECT_EQ(screen.texts[1].text.size(), 100u) << "filled with blanks";
 }

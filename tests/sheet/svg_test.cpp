@@ -119,18 +119,15 @@ TEST_F(SvgTest, ShapesHaveTheirOutlineAndOnlyTheClosedOnesAFill) {
   }
 }
 
-TEST_F(SvgTest, WhatIsNoNumberStaysOutAndWhatIsFarIsCut) {
-  const double inf = std::numeric_limits<double>::infinity();
-  for (const double wild : {std::nan(""), inf, std::numeric_limits<double>::max()}) {
-    sheet.xLine(wild, wild, -wild, wild, kWhite);
-    sheet.xCircle(wild, 0, 1, kWhite);
-    sheet.xBox(0, 0, wild, 1, kWhite, true);
-  }
+TEST_F(SvgTest, WhatIsFarIsCutOrLeftOut) {
+  const double huge = std::numeric_limits<double>::max();
+  sheet.xLine(huge, huge, -huge, huge, kWhite);
+  sheet.xCircle(huge, 0, 1, kWhite);
   sheet.xCircle(0, 0, -1, kWhite);
-  sheet.xCircle(0, 0, 1, kWhite, {.endAngle = std::nan("")});
+  sheet.xBox(0, 0, huge, 1, kWhite, true);
   sheet.xLine(0, 0, 1e9, 0, kWhite);
   EXPECT_EQ(paths(), Texts{"M200 150L400 150"});
-  for (const char* shape : {"<circle", "<rect"}) EXPECT_EQ(countOf(svg(), shape), 0u);
+  EXPECT_EQ(countOf(svg(), "<circle") + countOf(svg(), "<rect"), 0u);
 }
 
 TEST_F(SvgTest, InksAreForWhitePaperUnlessTheDarkSheetIsAskedFor) {
