@@ -120,6 +120,7 @@ TEST_F(DxfTest, APolylineIsClippedShiftedAndInTargetUnits) {
   EXPECT_EQ(values(0), "POLYLINE VERTEX VERTEX VERTEX SEQEND LINE ");
   // 0.895, 1.095 and, cut at the right edge, 1.99 m from the left; after the head's own place.
   EXPECT_EQ(values(10), "0 10149300 12417300 22566600 0 ");
+  EXPECT_EQ(values(20), "0 -9525600 -9525600 -9525600 0 ");
 }
 
 TEST_F(DxfTest, LayerNamesStayOnOneLineInWindows1252) {

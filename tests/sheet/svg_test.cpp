@@ -110,10 +110,11 @@ TEST_F(SvgTest, ShapesHaveTheirOutlineAndOnlyTheClosedOnesAFill) {
                             "M300 150L300 250"}));
   EXPECT_EQ(countOf(svg(), " fill=\"#ff0000\""), 1u);
   sheet.xCircle(0, 0, 0.05, palette(12), {.fill = palette(9), .startAngle = 1});
-  sheet.xCircle(0, 0, 0.05, palette(12), {.aspect = 0.5});
+  for (const double aspect : {0.5, 2.0}) sheet.xCircle(0, 0, 0.05, kWhite, {.aspect = aspect});
   sheet.xBox(0.1, 0.05, -0.1, -0.05, palette(12), true);
   for (const char* shape :
        {"fill=\"#0000ff\" cx=\"200\" cy=\"150\" r=\"50\"/>", "rx=\"50\" ry=\"25\"/>",
+        "rx=\"25\" ry=\"50\"/>",
         "fill=\"#ff0000\" x=\"100\" y=\"100\" width=\"200\" height=\"100\"/>"}) {
     EXPECT_EQ(countOf(svg(), shape), 1u) << shape;
   }
