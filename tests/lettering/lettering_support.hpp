@@ -51,6 +51,7 @@ struct Slate {
     for (const auto& [x, y, radius, aspect, colour, fill, start, end, layer] :
          sheet.list().circles) {
       EXPECT_TRUE(start >= 0 && end >= 0) << "a negative angle would draw a radius";
+      EXPECT_TRUE(start < 6.2832 && end < 6.2832) << "more than a turn";
       if (end == 0) all.push_back({x, -y, radius});
       const double sweep = end - start + (end > start ? 0 : 2 * std::numbers::pi);
       for (double part = 0; end != 0 && part <= 1; part += 1.0 / 64) {

@@ -36,15 +36,18 @@ struct Signs : Slate {
 TEST(Zodiac, EachSignHasItsStrokesAndColoursWithinItsFrameAndTurnsRigidly) {
   for (const Row& row : kRows) {
     SCOPED_TRACE(&row - kRows + 1);
-    Signs slate, turned;
+    Signs slate;
     row.draw(slate.run, 0, 0, 90, 1);
     EXPECT_EQ(slate.inks(), row.inks);
     const Bounds box = slate.bounds();
     EXPECT_TRUE(box.left >= -0.281 && box.right <= 0.281);
     EXPECT_TRUE(box.bottom >= -0.281 && box.top <= 0.281);
     EXPECT_GT(box.top - box.bottom, 0.3) << "too small to be read";
-    row.draw(turned.run, 3, -1, 90 + 40, 1);
-    expectTurned(slate, turned, 40, 3, -1);
+    for (const double degrees : {40.0, -140.0}) {
+      Signs turned;
+      row.draw(turned.run, 3, -1, 90 + degrees, 1);
+      expectTurned(slate, turned, degrees, 3, -1);
+    }
   }
 }
 

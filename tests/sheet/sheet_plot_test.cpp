@@ -107,6 +107,7 @@ TEST_F(SheetPlotTest, ATextWithoutAPositionFollowsTheCursorAndIsSentFarOffByARed
   ASSERT_EQ(screen.texts.size(), 2u);
   EXPECT_EQ(screen.texts[0].text, degrees.substr(0, 200)) << "a hundred characters";
   EXPECT_GT(screen.texts[1].y, 100 * kTwips) << "cursor units taken for metres";
+  EXPECT_EQ(sheet.list().texts[1].shownX, 0) << "where files show it too";
   EXPECT_EQ(screen.texts[1].text.size(), 100u) << "filled with blanks";
 }
 
