@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <map>
 #include <numbers>
 
@@ -13,17 +12,13 @@
 
 namespace dialwright {
 
-struct Box {
-  double left = std::numeric_limits<double>::infinity();
-  double right = -left;
-  double bottom = left;
-  double top = -left;
-  void take(double x, double y) {
-    left = std::min(left, x);
-    right = std::max(right, x);
-    bottom = std::min(bottom, y);
-    top = std::max(top, y);
-  }
+// A place of the ink, y upwards; a whole circle has its centre and its radius.
+struct InkSpot {
+  double x, y, radius = 0;
+};
+
+struct Bounds {
+  double left, right, bottom, top;
 };
 
 struct Slate {
@@ -34,71 +29,62 @@ struct Slate {
   Run run{panel, params, sheet, ports};
 
   const std::vector<LineRecord>& lines() const { return sheet.list().lines; }
-  const std::vector<CircleRecord>& circles() const { return sheet.list().circles; }
-
-  bool hasLength() const {
-    return std::ranges::any_of(
-        lines(), [](const LineRecord& line) { return line.x1 != line.x2 || line.y1 != line.y2; });
-  }
 
   // How many entities of each palette colour were drawn.
   std::map<int, int> inks() const {
     std::map<int, int> count;
-    const auto note = [&](Rgb colour) {
-      ++count[static_cast<int>(std::ranges::find(kPalette, colour) - kPalette.begin())];
+    const auto note = [&](const auto& entity) {
+      ++count[static_cast<int>(std::ranges::find(kPalette, entity.colour) - kPalette.begin())];
     };
-    for (const LineRecord& line : lines()) note(line.colour);
-    for (const CircleRecord& circle : circles()) note(circle.colour);
+    std::ranges::for_each(lines(), note);
+    std::ranges::for_each(sheet.list().circles, note);
     return count;
   }
 
-  // The lines and arcs' bounds, y upwards.
-  Box bounds() const {
-    Box box;
+  // The ends of the lines, then points along the arcs, each in drawing order.
+  std::vector<InkSpot> spots() const {
+    std::vector<InkSpot> all;
     for (const LineRecord& line : lines()) {
-      box.take(line.x1, -line.y1);
-      box.take(line.x2, -line.y2);
+      all.push_back({line.x1, -line.y1});
+      all.push_back({line.x2, -line.y2});
     }
-    for (const CircleRecord& circle : circles()) {
-      const double turn = 2 * std::numbers::pi;
-      const double end = circle.endAngle == 0 ? turn : circle.endAngle;
-      const double sweep =
-          end > circle.startAngle ? end - circle.startAngle : end - circle.startAngle + turn;
-      for (int k = 0; k <= 64; ++k) {
-        const double angle = circle.startAngle + k * sweep / 64;
-        box.take(circle.x + circle.radius * std::cos(angle),
-                 -circle.y + circle.radius * std::sin(angle));
+    for (const auto& [x, y, radius, aspect, colour, fill, start, end, layer] :
+         sheet.list().circles) {
+      EXPECT_TRUE(start >= 0 && end >= 0) << "a negative angle would draw a radius";
+      EXPECT_TRUE(start < 6.2832 && end < 6.2832) << "more than a turn";
+      if (end == 0) all.push_back({x, -y, radius});
+      const double sweep = end - start + (end > start ? 0 : 2 * std::numbers::pi);
+      for (double part = 0; end != 0 && part <= 1; part += 1.0 / 64) {
+        const double angle = start + part * sweep;
+        all.push_back({x + radius * std::cos(angle), -y + radius * std::sin(angle)});
       }
+    }
+    return all;
+  }
+
+  Bounds bounds() const {
+    Bounds box{1e9, -1e9, 1e9, -1e9};
+    for (const auto& [x, y, radius] : spots()) {
+      box.left = std::min(box.left, x - radius);
+      box.right = std::max(box.right, x + radius);
+      box.bottom = std::min(box.bottom, y - radius);
+      box.top = std::max(box.top, y + radius);
     }
     return box;
   }
 };
 
-// `turned` is `upright` turned counter-clockwise by `turn` radians and moved to the point (x, y), y
-// upwards.
-inline void expectTurned(const Slate& upright, const Slate& turned, double turn, double x,
+// `turned` is `upright` turned counter-clockwise by so many degrees and moved to the point (x, y).
+inline void expectTurned(const Slate& upright, const Slate& turned, double degrees, double x,
                          double y) {
+  const double turn = degrees * std::numbers::pi / 180;
   const double c = std::cos(turn), s = std::sin(turn);
-  const auto expectPoint = [&](double fromX, double fromY, double toX, double toY) {
-    EXPECT_NEAR(toX, x + fromX * c + fromY * s, 1e-8);
-    EXPECT_NEAR(-toY, y + fromX * s - fromY * c, 1e-8);
-  };
-  ASSERT_EQ(turned.lines().size(), upright.lines().size());
-  for (std::size_t i = 0; i < upright.lines().size(); ++i) {
-    const LineRecord &from = upright.lines()[i], &to = turned.lines()[i];
-    expectPoint(from.x1, from.y1, to.x1, to.y1);
-    expectPoint(from.x2, from.y2, to.x2, to.y2);
-  }
-  ASSERT_EQ(turned.circles().size(), upright.circles().size());
-  for (std::size_t i = 0; i < upright.circles().size(); ++i) {
-    const CircleRecord &from = upright.circles()[i], &to = turned.circles()[i];
-    expectPoint(from.x, from.y, to.x, to.y);
-    EXPECT_EQ(to.endAngle == 0, from.endAngle == 0);
-    if (from.endAngle == 0) continue;
-    EXPECT_NEAR(std::cos(to.startAngle), std::cos(from.startAngle + turn), 1e-8);
-    EXPECT_NEAR(std::sin(to.endAngle), std::sin(from.endAngle + turn), 1e-8);
-    EXPECT_GE(to.startAngle, 0);
-    EXPECT_LE(to.endAngle, 2 * std::numbers::pi + 1e-8);
+  const std::vector<InkSpot> from = upright.spots(), to = turned.spots();
+  ASSERT_EQ(to.size(), from.size());
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    EXPECT_NEAR(to[i].x, x + from[i].x * c - from[i].y * s, 1e-8) << i;
+    EXPECT_NEAR(to[i].y, y + from[i].x * s + from[i].y * c, 1e-8) << i;
+    EXPECT_NEAR(to[i].radius, from[i].radius, 1e-12);
   }
 }
 

@@ -18,35 +18,29 @@ struct Hours : Slate {
 TEST(Roman, EachHourHasItsStrokesAndTheirColour) {
   // V has 4 strokes, X 8, a bar 2, and every numeral two caps.
   const int strokes[] = {4, 6, 8, 8, 6, 8, 10, 12, 12, 10, 12, 14};
-  double width = 0;
   for (int hour = 1; hour <= 12; ++hour) {
     const Hours numeral(hour);
     EXPECT_EQ(numeral.inks(), (std::map<int, int>{{7, strokes[hour - 1]}})) << hour;
-    const Box box = numeral.bounds();
+    const Bounds box = numeral.bounds();
     EXPECT_NEAR(box.top, 0.1, 1e-9) << hour;
     EXPECT_NEAR(box.bottom, -0.1, 1e-9) << hour;
-    if (hour > 3) continue;  // bars alone stand at the cell's centre
-    EXPECT_NEAR(box.left, -box.right, 1e-12) << hour;
-    EXPECT_GT(box.right - box.left, width);
-    width = box.right - box.left;
+    // Bars alone stand at the cell's centre.
+    EXPECT_TRUE(hour > 3 || std::abs(box.left + box.right) < 1e-12) << hour;
+    expectTurned(numeral, Hours(hour, 2), -90, 0, 0);
   }
 }
 
 TEST(Roman, TheSmallerSignStandsBeforeInFourAndNine) {
   for (const int hour : {4, 9}) {
     const Hours numeral(hour), alone(hour + 1);
-    const auto& lines = numeral.lines();
-    // The strokes of the greater sign at the same place, the bar to their left, and two caps that
+    // The strokes of the greater sign at the same place, a bar to their left, and two caps that
     // reach over both.
-    const std::size_t cell = alone.lines().size() - 2;
-    for (std::size_t i = 0; i < cell; ++i) EXPECT_EQ(lines[i].x1, alone.lines()[i].x1);
-    for (std::size_t i = cell; i < cell + 2; ++i) {
-      EXPECT_LT(lines[i].x1, -0.05);
-      EXPECT_NEAR(lines[i].x1, lines[i].x2, 1e-9);
-    }
-    EXPECT_NEAR(lines[cell + 2].x1, lines[cell + 3].x1, 1e-9);
-    EXPECT_NEAR(lines[cell + 2].x2, lines[cell + 3].x2, 1e-9);
-    EXPECT_LT(lines[cell + 2].x1, lines[cell + 1].x1);
+    const std::vector<InkSpot> spots = numeral.spots(), greater = alone.spots();
+    const std::size_t cell = greater.size() - 4;
+    for (std::size_t i = 0; i < cell; ++i) EXPECT_EQ(spots[i].x, greater[i].x);
+    for (std::size_t i = cell; i < cell + 4; ++i) EXPECT_LT(spots[i].x, -0.05);
+    EXPECT_NEAR(spots[cell].x, spots[cell + 1].x, 1e-9);
+    EXPECT_LT(spots[cell + 4].x, spots[cell + 2].x);
   }
 }
 
@@ -59,14 +53,8 @@ TEST(Roman, TheChevronsEdgesAreParallelAndMeetOnItsAxis) {
   EXPECT_NEAR(five.lines()[2].x2, 0, 1e-9);
 }
 
-TEST(Roman, ModeTwoIsAQuarterTurnClockwise) {
-  for (int hour = 1; hour <= 12; ++hour) {
-    expectTurned(Hours(hour), Hours(hour, 2), -std::numbers::pi / 2, 0, 0);
-  }
-}
-
 TEST(Roman, NothingShowsOfASizeZeroOrOfAnHourThatIsNone) {
-  EXPECT_FALSE(Hours(8, 1, "0").hasLength());
+  for (const InkSpot& spot : Hours(8, 1, "0").spots()) EXPECT_EQ(std::hypot(spot.x, spot.y), 0);
   for (const int hour : {0, 13}) EXPECT_TRUE(Hours(hour).lines().empty()) << hour;
 }
 

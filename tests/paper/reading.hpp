@@ -29,31 +29,38 @@ Written written(Write write, const SheetPlot& sheet, const Arguments&... argumen
   return result;
 }
 
-// Brightness 0 to 255 of an image's pixels.
+// An image's pixels, red in the highest byte of three.
 struct Picture {
   int width = 0;
   int height = 0;
-  std::vector<int> grey;
+  std::vector<std::uint32_t> pixels;
 
-  int at(int x, int y) const { return grey[static_cast<std::size_t>(y * width + x)]; }
-
+  // The brightness, 0 to 255: that of the green.
+  int at(int x, int y) const {
+    return static_cast<int>(pixels[static_cast<std::size_t>(y * width + x)] >> 8 & 255);
+  }
   // Where a stroke crosses, in pixels from the left (or top): the middle of what differs from the
   // ground between two pixels of a row (or column); a NaN where there is no ink.
-  double crossingOfRow(int y, int from, int to) const { return crossing(from, to, 1, y * width); }
-  double crossingOfColumn(int x, int from, int to) const { return crossing(from, to, width, x); }
+  double crossingOfRow(int y, int from, int to) const {
+    return crossing(from, to, [&](int x) { return at(x, y); });
+  }
+  double crossingOfColumn(int x, int from, int to) const {
+    return crossing(from, to, [&](int y) { return at(x, y); });
+  }
   int inkedPixels(int left, int top, int right, int bottom) const {
     int count = 0;
     for (int y = top; y < bottom; ++y) {
-      for (int x = left; x < right; ++x) count += std::abs(at(x, y) - grey[0]) > 60 ? 1 : 0;
+      for (int x = left; x < right; ++x) count += std::abs(at(x, y) - at(0, 0)) > 60 ? 1 : 0;
     }
     return count;
   }
 
  private:
-  double crossing(int from, int to, int step, int start) const {
+  template <class Brightness>
+  double crossing(int from, int to, Brightness brightness) const {
     double sum = 0, moment = 0;
     for (int i = from; i < to; ++i) {
-      const double ink = std::abs(grey[static_cast<std::size_t>(start + i * step)] - grey[0]);
+      const double ink = std::abs(brightness(i) - at(0, 0));
       sum += ink;
       moment += ink * (i + 0.5);
     }
@@ -61,9 +68,7 @@ struct Picture {
   }
 };
 
-// The RGB24 pixels of a PNG.
-inline CairoSurface readPng(const std::string& bytes) {
-  std::string_view rest = bytes;
+inline Picture pictureOf(std::string_view png) {
   const auto read = [](void* from, unsigned char* into, unsigned int count) {
     auto& left = *static_cast<std::string_view*>(from);
     if (left.size() < count) return CAIRO_STATUS_READ_ERROR;
@@ -71,24 +76,13 @@ inline CairoSurface readPng(const std::string& bytes) {
     left.remove_prefix(count);
     return CAIRO_STATUS_SUCCESS;
   };
-  return CairoSurface(cairo_image_surface_create_from_png_stream(read, &rest));
-}
-
-inline std::uint32_t pixelOf(const CairoSurface& image, int x, int y) {
-  const unsigned char* data = cairo_image_surface_get_data(image.get());
-  const int stride = cairo_image_surface_get_stride(image.get());
-  return reinterpret_cast<const std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride)[x] &
-         0xFFFFFF;
-}
-
-inline Picture pictureOf(const std::string& png) {
-  const CairoSurface image = readPng(png);
+  const CairoSurface image(cairo_image_surface_create_from_png_stream(read, &png));
   Picture picture{
       cairo_image_surface_get_width(image.get()), cairo_image_surface_get_height(image.get()), {}};
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      picture.grey.push_back(static_cast<int>(pixelOf(image, x, y) >> 8 & 255));
-    }
+  const auto* row =
+      reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(image.get()));
+  for (int y = 0; y < picture.height; ++y, row += cairo_image_surface_get_stride(image.get()) / 4) {
+    for (int x = 0; x < picture.width; ++x) picture.pixels.push_back(row[x] & 0xFFFFFF);
   }
   return picture;
 }

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <limits>
 #include <regex>
@@ -21,13 +20,13 @@ class SvgTest : public testing::Test {
   std::string svg(bool dark = false) const {
     return written([&](const Sink& sink) { writeSvg(sheet, sink, {.dark = dark}); });
   }
+  // What the pattern's group holds wherever it fits.
   std::vector<std::string> all(const std::string& pattern) const {
     const std::string text = svg();
     const std::regex expression(pattern);
     std::vector<std::string> found;
-    for (std::sregex_iterator i(text.begin(), text.end(), expression), end; i != end; ++i) {
+    for (std::sregex_iterator i(text.begin(), text.end(), expression), end; i != end; ++i)
       found.push_back((*i)[1]);
-    }
     return found;
   }
   std::vector<std::string> paths() const { return all(" d=\"([^\"]*)\""); }
@@ -50,23 +49,18 @@ TEST_F(SvgTest, TheSheetIsAtTrueScaleInMillimetresAndItsAxesTurnAsOnTheSheet) {
 
 TEST_F(SvgTest, AStrokeThatSharesAnEndGoesOnWithThePath) {
   struct Case {
-    std::vector<std::array<double, 4>> strokes;
+    std::vector<Segment> strokes;
     const char* path;
   };
   const Case kCases[] = {
-      // As a pen draws, and the other way.
-      {{{1, 0, 0, 0}, {3, 0, 1, 0}, {6, 0, 3, 0}}, "M200 150L210 150L230 150L260 150"},
+      {{{1, 0, 0, 0}, {3, 0, 1, 0}, {6, 0, 3, 0}}, "M200 150L210 150L230 150L260 150"},  // backward
       {{{0, 0, 1, 0}, {1, 0, 3, 0}, {3, 0, 6, 0}}, "M200 150L210 150L230 150L260 150"},
-      // The third is without length.
-      {{{1, 0, 0, 0}, {0, 0, 0, 9}, {0, 9, 0, 9}, {0, 9, 1, 9}},
-       "M210 150L200 150L200 240L210 240"},
-      // From where the first began.
-      {{{0, 0, 1, 0}, {0, 0, 0, 1}}, "M210 150L200 150L200 160"}};
+      {{{1, 0, 0, 0}, {0, 0, 0, 9}, {0, 9, 0, 9}}, "M210 150L200 150L200 240"},  // a last one of no
+      {{{0, 0, 1, 0}, {0, 0, 0, 1}}, "M210 150L200 150L200 160"}};               // length
   for (const Case& one : kCases) {
     sheet.Clear();
-    for (const auto& [x1, y1, x2, y2] : one.strokes) {
+    for (const auto& [x1, y1, x2, y2] : one.strokes)
       sheet.xLine(x1 / 100, y1 / 100, x2 / 100, y2 / 100, kWhite);
-    }
     EXPECT_EQ(paths(), Texts{one.path});
   }
 }
@@ -78,103 +72,82 @@ TEST_F(SvgTest, AnotherColourWidthLayerOrPlaceBeginsAPath) {
   sheet.xLine(0.03, 0, 0.04, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
   sheet.xLine(0.05, 0, 0.06, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
   EXPECT_EQ(paths().size(), 5u);
-  EXPECT_EQ(countOf(svg(), "stroke-width=\"0.25\""), 1u) << "of all";
   EXPECT_EQ(countOf(svg(), "stroke-width=\"1\""), 3u);
 }
 
 TEST_F(SvgTest, PointsOfACurveAreOnePathOfRoundDots) {
-  for (const double x : {0.0, 0.01, 0.02}) sheet.xPset(x, 0, palette(12));
+  for (const double x : {0.0, 0.01}) sheet.xPset(x, 0, palette(12));
   sheet.xPset(0.03, 0, palette(9));
-  EXPECT_EQ(paths(), (Texts{"M200 150h0M210 150h0M220 150h0", "M230 150h0"}));
+  sheet.xCircle(0.04, 0, 0, palette(9));  // without a radius
+  EXPECT_EQ(paths(), (Texts{"M200 150h0M210 150h0", "M230 150h0M240 150h0"}));
   EXPECT_EQ(countOf(svg(), "stroke-linecap=\"round\""), 1u);
 }
 
 TEST_F(SvgTest, LayersAreGroupsInTheOrderOfTheirFirstInk) {
-  const LayerId ore = sheet.layer("ore");
   const LayerId eq = sheet.layer("eq");
   sheet.xLine(0, 0, 0, 0, kWhite, {.layer = sheet.layer("empty")});
   sheet.xLine(0, 0, 0.1, 0, kWhite, {.layer = eq});
-  sheet.xCircle(0, 0, 0.1, kWhite, {.layer = ore});
-  sheet.xLine(0.1, 0, 0.2, 0, kWhite, {.layer = eq});
   sheet.xPset(0, 0, kWhite);
+  sheet.xLine(0.1, 0, 0.2, 0, kWhite, {.layer = eq});
   sheet.Dati("words", 0, 0);
   EXPECT_EQ(all("inkscape:groupmode=\"layer\" id=\"([^\"]*)\""),
-            (Texts{"layer1", "layer2", "layer3", "texts"}));
-  EXPECT_EQ(all("inkscape:label=\"([^\"]*)\""), (Texts{"eq", "ore", "0", "texts"}));
+            (Texts{"layer1", "layer2", "texts"}));
+  EXPECT_EQ(all("inkscape:label=\"([^\"]*)\""), (Texts{"eq", "0", "texts"}));
   EXPECT_EQ(paths(), (Texts{"M200 150L300 150L400 150", "M200 150h0"}));
 }
 
-TEST_F(SvgTest, ArcsRunCounterClockwiseAndSlicesCloseAtTheCentre) {
+TEST_F(SvgTest, ShapesHaveTheirOutlineAndOnlyTheClosedOnesAFill) {
   const double quarter = std::acos(0);
-  sheet.xCircle(0, 0, 0.1, kWhite, {.endAngle = quarter});
-  sheet.xCircle(0, 0, 0.1, kWhite, {.startAngle = quarter, .endAngle = 4 * quarter});
+  sheet.xCircle(0, 0, 0.1, kWhite, {.fill = 255, .endAngle = quarter});
   sheet.xCircle(0, 0, 0.1, kWhite, {.fill = 255, .startAngle = -quarter, .endAngle = -2 * quarter});
   sheet.xCircle(0, 0, 0.1, kWhite, {.startAngle = -quarter, .endAngle = 2 * quarter});
-  EXPECT_EQ(paths(), (Texts{"M300 150A100 100 0 0 0 270.711 79.289A100 100 0 0 0 200 50",
-                            "M200 50A100 100 0 0 0 129.289 220.711A100 100 0 0 0 300 150",
-                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150z",
-                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150"}));
-  EXPECT_EQ(countOf(svg(), " fill=\"#"), 1u) << "only a closed slice is filled";
-}
-
-TEST_F(SvgTest, CirclesEllipsesBoxesAndPolylines) {
-  sheet.xCircle(0, 0, 0.05, palette(12), {.fill = palette(9), .startAngle = 1});
-  sheet.xCircle(0, 0, 0.05, palette(12), {.aspect = 0.5});
-  sheet.xCircle(0, 0, 0.05, palette(12), {.aspect = 2});
-  sheet.xBox(0.1, 0.05, -0.1, -0.05, palette(12), true);
   sheet.xPlineStart({});
   for (const double y : {0.0, 0.1}) sheet.xPLineVertex(0.1, y, palette(12), {});
   sheet.xPlineEnd({});
-  const std::string text = svg();
+  EXPECT_EQ(paths(), (Texts{"M300 150A100 100 0 0 0 270.711 79.289A100 100 0 0 0 200 50",
+                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150z",
+                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150",
+                            "M300 150L300 250"}));
+  EXPECT_EQ(countOf(svg(), " fill=\"#ff0000\""), 1u);
+  sheet.xCircle(0, 0, 0.05, palette(12), {.fill = palette(9), .startAngle = 1});
+  for (const double aspect : {0.5, 2.0}) sheet.xCircle(0, 0, 0.05, kWhite, {.aspect = aspect});
+  sheet.xBox(0.1, 0.05, -0.1, -0.05, palette(12), true);
   for (const char* shape :
        {"fill=\"#0000ff\" cx=\"200\" cy=\"150\" r=\"50\"/>", "rx=\"50\" ry=\"25\"/>",
         "rx=\"25\" ry=\"50\"/>",
         "fill=\"#ff0000\" x=\"100\" y=\"100\" width=\"200\" height=\"100\"/>"}) {
-    EXPECT_EQ(countOf(text, shape), 1u) << shape;
+    EXPECT_EQ(countOf(svg(), shape), 1u) << shape;
   }
-  EXPECT_EQ(paths(), Texts{"M300 150L300 250"});
 }
 
-TEST_F(SvgTest, ACircleWithoutRadiusIsADot) {
-  sheet.xCircle(0, 0, 0, kWhite);
-  EXPECT_EQ(paths(), Texts{"M200 150h0"});
-}
-
-TEST_F(SvgTest, WhatIsNoNumberStaysOutAndWhatIsFarIsCut) {
+TEST_F(SvgTest, WhatIsFarIsCutOrLeftOut) {
   const double huge = std::numeric_limits<double>::max();
-  const double inf = std::numeric_limits<double>::infinity();
-  sheet.xLine(0, 0, std::nan(""), 0, kWhite);
-  sheet.xLine(0, 0, inf, 0, kWhite);
   sheet.xLine(huge, huge, -huge, huge, kWhite);
   sheet.xCircle(huge, 0, 1, kWhite);
   sheet.xCircle(0, 0, -1, kWhite);
-  sheet.xCircle(0, 0, 1, kWhite, {.endAngle = std::nan("")});
-  sheet.xBox(0, 0, inf, 1, kWhite, true);
-  sheet.Dati("lost", inf, 0);
+  sheet.xBox(0, 0, huge, 1, kWhite, true);
   sheet.xLine(0, 0, 1e9, 0, kWhite);
   EXPECT_EQ(paths(), Texts{"M200 150L400 150"});
-  EXPECT_EQ(countOf(svg(), "<circle"), 0u);
-  EXPECT_EQ(countOf(svg(), "<rect"), 0u);
+  EXPECT_EQ(countOf(svg(), "<circle") + countOf(svg(), "<rect"), 0u);
 }
 
 TEST_F(SvgTest, InksAreForWhitePaperUnlessTheDarkSheetIsAskedFor) {
   sheet.xLine(0, 0, 0.1, 0, kWhite);
   sheet.xLine(0, 0, 0.1, 0, palette(14));
   sheet.xCircle(0, 0, 0.1, palette(12), {.fill = kBlack});
-  const std::string paper = svg();
+  const std::string paper = svg(), dark = svg(true);
   EXPECT_EQ(countOf(paper, "#ffffff"), 1u) << "a fill of the ground's colour";
   EXPECT_EQ(countOf(paper, "#000000"), 1u);
   EXPECT_EQ(countOf(paper, "#ffff00"), 0u);
-  const std::string dark = svg(true);
-  EXPECT_EQ(countOf(dark, "stroke=\"#ffffff\""), 1u);
-  EXPECT_EQ(countOf(dark, "stroke=\"#ffff00\""), 1u);
-  EXPECT_EQ(countOf(dark, "<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"), 1u);
+  for (const char* own : {"stroke=\"#ffffff\"", "stroke=\"#ffff00\"",
+                          "<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"}) {
+    EXPECT_EQ(countOf(dark, own), 1u) << own;
+  }
 }
 
 TEST_F(SvgTest, TextsStandBelowTheirUpperLeftCornerInTheSheetsScale) {
-  sheet.Dati("one", -0.2, -0.15);
+  for (const char* text : {"one", "   "}) sheet.Dati(text, -0.2, -0.15);
   sheet.Dati("two");
-  sheet.Dati("   ");
   EXPECT_EQ(all("<text x=\"0\" y=\"([^\"]*)\""), (Texts{"2.619", "6.058"}));
   EXPECT_EQ(all("font-size=\"([^\"]*)\""), Texts{"2.822"});
   sheet.Scala(10);
@@ -196,7 +169,6 @@ TEST(PaperInkTest, NoInkIsLighterThanRedAndTheDarkOnesStay) {
            0.7152 * std::pow(greenOf(colour) / 255.0, 2.2) +
            0.0722 * std::pow(blueOf(colour) / 255.0, 2.2);
   };
-  EXPECT_EQ(inkOnPaper(kWhite), kBlack);
   for (int number = 0; number < 16; ++number) {
     const Rgb ink = inkOnPaper(palette(number));
     EXPECT_LT(light(ink), 0.22) << number;
