@@ -1,4 +1,5 @@
-// Reading the report back: figures by their labels and tables by their headings.
+// The report of a dial on a flat wall, read back: figures by their labels and tables by their
+// headings.
 #pragma once
 
 #include <cmath>
@@ -6,18 +7,41 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "numerics/numbers.hpp"
-#include "sheet/sheet_plot.hpp"
+#include "shell/report.hpp"
+#include "support/flat_wall.hpp"
 
 namespace dialwright {
 
-class ReportText {
+// Fills the record as a dial's frame does, and draws nothing.
+inline void recordOnly(Run& run) {
+  DialParams& p = run.params;
+  assign(p.LatGradi, run.number(Field::txtLAT));
+  assign(p.LatRad, p.radians(p.LatGradi));
+  assign(p.LonGradi, run.number(Field::txtLON));
+  assign(p.CorrLon, p.radians(15 + p.LonGradi));
+  assign(p.CorrFuso, p.radians(p.LonGradi - 15 * run.number(Field::TxtFuso)));
+  assign(p.Raggio, run.number(Field::TxtRadius));
+}
+
+class ReportText : public FlatWall {
  public:
   static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  using Boxes = std::vector<Field>;
+  using Texts = std::vector<std::pair<Field, std::string_view>>;
+  using Figures = std::vector<double>;
 
-  explicit ReportText(const SheetPlot& sheet) {
+  // The reclination counts on the dials that have a field for it.
+  ReportText(Item item, const FlatSite& wall, const Boxes& boxes = {}, const Texts& typed = {})
+      : FlatWall(item, recordOnly, wall) {
+    // A southern dial counts its walls from the North; a level plane faces nowhere.
+    if (wall.latitude < 0) plane = sky::Plane::facing(180 - wall.declination, wall.reclination);
+    if (wall.reclination == 90) plane = sky::Plane::facing(0, 90);
+    for (const Field box : boxes) check(box);
+    for (const auto& [field, text] : typed) set(field, text);
+    run().press(cmdData_Click);
     for (const TextRecord& text : sheet.list().texts) lines.push_back(text.text);
   }
 
@@ -29,9 +53,8 @@ class ReportText {
     return {};
   }
   int count(std::string_view label) const {
-    int found = 0;
-    for (const std::string& line : lines) found += line.starts_with(label);
-    return found;
+    return static_cast<int>(std::ranges::count_if(
+        lines, [label](const std::string& line) { return line.starts_with(label); }));
   }
   double number(std::string_view label, int nth = 0) const {
     const std::string figure = after(label, nth);
@@ -43,39 +66,30 @@ class ReportText {
     double h = kNone, m = 0, s = 0;
     char unit = ' ';
     in >> h >> unit >> m >> unit >> s;
-    return std::copysign(std::abs(h) + m / 60 + s / 3600, h);
+    return h + m / 60 + s / 3600;
   }
-  // The rows below the nth line of that heading, as long as they have that many columns; a column
-  // that is no number is a NaN.
-  std::vector<std::vector<double>> table(std::string_view heading, std::size_t columns,
-                                         int nth = 0) const {
-    std::vector<std::vector<double>> rows;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (lines[i] != heading || nth-- != 0) continue;
-      while (++i < lines.size()) {
-        const std::vector<double> row = figures(lines[i]);
-        if (row.size() != columns) break;
-        rows.push_back(row);
-      }
-      break;
-    }
+  // The rows below the nth line of that heading.
+  std::vector<Figures> table(std::string_view heading, int nth = 0) const {
+    std::size_t at = 0;
+    while (at < lines.size() && (lines[at] != heading || nth-- != 0)) ++at;
+    std::vector<Figures> rows;
+    while (++at < lines.size() && !figures(lines[at]).empty()) rows.push_back(figures(lines[at]));
     return rows;
   }
 
-  std::vector<std::string> lines;
-
- private:
-  // The figures of a table's row; none of a line with other words.
-  static std::vector<double> figures(const std::string& line) {
-    std::vector<double> row;
+  // The figures of a table's row, NaN for one that is none; nothing of a line with other words.
+  static Figures figures(const std::string& line) {
+    Figures row;
     std::istringstream in(line);
     for (std::string word; in >> word;) {
       const bool none = word == "-" || word == "inf";
-      if (!none && word.find_first_not_of("-.0123456789") != std::string::npos) return {};
+      if (!none && word.find_first_not_of("-.0123456789E") != std::string::npos) return {};
       row.push_back(none ? kNone : numberOf(word));
     }
     return row;
   }
+
+  std::vector<std::string> lines;
 };
 
 }  // namespace dialwright
