@@ -17,28 +17,16 @@ constexpr double kStyle = FlatWall::kStyle;
 constexpr const char* kTwoRuns =
     "# a comment\nItaly1;45;7\nItaly1;45.5;7.2\nItaly1;46;7.4\nItaly2;41;12\r\nFrance1;48;2\nFrance1;48.2;2.1\nFrance1;48;2\n";
 
-// Drivers that leave a style behind and draw one of the maps.
-void drawWorld(Run& run) {
-  run.params.Stilo = kStyle;
-  DisegnaMondo(run, readWorld(kTwoRuns, run.number(Field::txtLON)));
-}
-void drawCities(Run& run) {
-  run.params.Stilo = kStyle;
-  MappaCitta(run);
-}
-void drawPoint(Run& run) {
-  run.params.Stilo = kStyle;
-  PuntoOpzionale(run);
-}
+void drawWorld(Run& run) { DisegnaMondo(run, readWorld(kTwoRuns, run.number(Field::txtLON))); }
 
-// A dial of the longitude 10 E, its window wide open, with the maps' own boxes checked.
+// A dial of the longitude 10 E after a run, its window wide open and the maps' own boxes checked.
 struct MapDial : FlatWall {
   MapDial(Driver driver, const FlatSite& place, Item item = Item::mnuUni)
       : FlatWall(item, driver, place) {
+    params.Stilo = kStyle;
     set(Field::txtLON, "-10").set(Field::x1txt, "-9").set(Field::x2txt, "9");
-    set(Field::y1txt, "9").set(Field::y2txt, "-9").check(Field::OptHorizontal);
-    check(Field::ckAssi);
-    panel[Field::cmbStati].text = kWholeWorld;
+    set(Field::y1txt, "9").set(Field::y2txt, "-9").set(Field::cmbStati, kWholeWorld);
+    check(Field::OptHorizontal).check(Field::ckAssi);
   }
   // The shadow in sheet coordinates while the sun is at the zenith of a place.
   sky::Spot under(double placeLatitude, double east) const {
@@ -50,16 +38,6 @@ struct MapDial : FlatWall {
 
 constexpr FlatSite kLeaning = {45, 15, 50};
 
-TEST(World, ReadsRunsAndCountries) {
-  const WorldTable world = readWorld(kTwoRuns, -10);
-  ASSERT_EQ(world.rows.size(), 7u);
-  EXPECT_EQ(world.countries, (std::vector<std::string>{"Italy", "France"}));
-  EXPECT_EQ(world.rows[3].Paese, world.rows[0].Paese);
-  EXPECT_NE(world.rows[3].Tratto, world.rows[0].Tratto);
-  EXPECT_TRUE(readWorld("", 0).rows.empty());
-  EXPECT_LE(readWorld(std::string(1000000, ';'), 0).countries.size(), 1u);
-}
-
 TEST(World, DrawsSegmentsWithinRunsUnderTheZenithSun) {
   MapDial dial(drawWorld, kLeaning);
   dial.run();
@@ -70,11 +48,13 @@ TEST(World, DrawsSegmentsWithinRunsUnderTheZenithSun) {
   const LineRecord line = dial.linesIn(palette(11)).front();
   EXPECT_LT(sky::distance({line.x1, line.y1}, dial.under(45.5, 7.2)), 1e-8);
   EXPECT_LT(sky::distance({line.x2, line.y2}, dial.under(45, 7)), 1e-8);
-  dial.panel[Field::cmbStati].text = "Italy";
-  dial.run();
+  dial.set(Field::cmbStati, "Italy").run();
   EXPECT_EQ(dial.linesIn(palette(12)).size(), 2u);
   dial.set(Field::Filtertxt, "0").run();
   EXPECT_EQ(dial.entities(), 6u) << "no distance is below 0";
+  EXPECT_EQ(readWorld(kTwoRuns, 0).countries, (std::vector<std::string>{"Italy", "France"}));
+  EXPECT_TRUE(readWorld("", 0).rows.empty());
+  EXPECT_LE(readWorld(std::string(1000000, ';'), 0).countries.size(), 1u);
 }
 
 // A city is there, in the order of the list, when its hour angle lies between the limits and the
@@ -112,7 +92,7 @@ TEST(Cities, StandWhereTheirZenithSunThrowsTheShadow) {
     for (const double declination : {15, -100, 180}) {
       for (const bool inverted : {true, false}) {
         SCOPED_TRACE(testing::Message() << reclination << ' ' << declination << ' ' << inverted);
-        MapDial dial(drawCities, {45, reclination == 90 ? 0 : declination, reclination});
+        MapDial dial(MappaCitta, {45, reclination == 90 ? 0 : declination, reclination});
         expectCities(dial, 180, inverted, true);
       }
     }
@@ -120,7 +100,7 @@ TEST(Cities, StandWhereTheirZenithSunThrowsTheShadow) {
   for (const FlatSite& site : {kLeaning, FlatSite{45, 0, 90}, FlatSite{45, 130, 50}}) {
     for (const bool inverted : {true, false}) {
       SCOPED_TRACE(testing::Message() << site.declination << ' ' << inverted);
-      MapDial dial(drawCities, site);
+      MapDial dial(MappaCitta, site);
       expectCities(dial, 9, inverted, false);
     }
   }
@@ -130,7 +110,7 @@ TEST(Cities, OfNoonItselfCountAsInTheSouth) {
   // The list's last row lies on the meridian. South of the equator its sun stands in the North,
   // behind a wall that looks South, and yet it is drawn, on purpose.
   for (const double latitude : {30, -30}) {
-    MapDial dial(drawCities, {latitude, 0});
+    MapDial dial(MappaCitta, {latitude, 0});
     dial.set(Field::txt_R2, "-0.001").set(Field::TxtRadius, "0.001").run();
     EXPECT_EQ(dial.told(), "|") << latitude;
   }
@@ -152,7 +132,7 @@ TEST(OptionalPoint, IsAStarAtTheShadow) {
                 // Other dials' clicks leave a level plane in the field that this one hides.
                 {Item::mnuVertSph, {45, 15}, "0", 20, false, 10}};
   for (const auto& row : kCases) {
-    MapDial dial(drawPoint, row.site, row.item);
+    MapDial dial(PuntoOpzionale, row.site, row.item);
     dial.set(Field::txtReclinZ, row.inclination).set(Field::txtLON, "0").set(Field::txtDelta, "10");
     dial.set(Field::txtAO, textOf(row.hourAngle)).check(Field::ckTrue, row.onlyTrue).run();
     const sky::Spot expected = dial.under(10, 10 - row.hourAngle);
@@ -172,14 +152,12 @@ TEST(OptionalPoint, IsAStarAtTheShadow) {
   }
 }
 
-void drawAll(Run& run) {
-  run.panel[Field::cmbStati].text = kWholeWorld;
-  drawWorld(run);
-  drawCities(run);
-  drawPoint(run);
-}
-
 TEST(Places, TakeAnyInput) {
+  const Driver drawAll = [](auto& run) {
+    run.params.Stilo = kStyle;
+    run.panel.setText(Field::cmbStati, kWholeWorld);
+    for (const Driver draw : {drawWorld, MappaCitta, PuntoOpzionale}) draw(run);
+  };
   expectBounded(Item::mnuUni, drawAll, {Field::ckAssi},
                 {Field::txtLAT, Field::txtLON, Field::txtDecl, Field::txtReclinZ, Field::txtAO,
                  Field::Filtertxt});
