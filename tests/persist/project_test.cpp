@@ -103,7 +103,7 @@ TEST(Project, TakesWhatCanBeAValue) {
       {"<txtLocation visible=true>Forl\xEC</txtLocation>",
        "<txtLocation visible=true enabled=true>Forlì</txtLocation>"},
       {"<txtV2 ENABLED=FALSE>1</x>2</txtV2>3</txtV2>",
-       "<txtV2 visible=true enabled=false>1</x>2</txtV2>"},
+       "<txtV2 visible=true enabled=false>1</x>2</txtV2>\r\n"},
       {"<lblV1 visible=false>  </lblV1>", "<lblV1 visible=false>V1</lblV1>"},
       {"<txtV1 visible=true> </txtV1>", "<txtV1 visible=true enabled=true>0.25</txtV1>"},
       {"<TxtHour visible=true>0</TxtHour>", "<TxtHour visible=true enabled=true>1</TxtHour>"},

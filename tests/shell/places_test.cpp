@@ -97,7 +97,8 @@ TEST(Cities, StandWhereTheirZenithSunThrowsTheShadow) {
       }
     }
   }
-  for (const FlatSite& site : {kLeaning, FlatSite{45, 0, 90}, FlatSite{45, 130, 50}}) {
+  for (const FlatSite& site :
+       {kLeaning, FlatSite{45, 15}, FlatSite{45, 0, 90}, FlatSite{45, 130, 50}}) {
     for (const bool inverted : {true, false}) {
       SCOPED_TRACE(testing::Message() << site.declination << ' ' << inverted);
       MapDial dial(MappaCitta, site);
