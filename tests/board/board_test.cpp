@@ -126,7 +126,7 @@ TEST_F(BoardTest, TellsTheWallInBothHemispheres) {
 
 // The sun's own hours are in UT, unless the box asks for the zone's clock an hour ahead; with true
 // shadows they are on the zone's clock with or without it.
-TEST_F(BoardTest, TellsTheDayOnItsClock) {
+TEST_F(BoardTest, TellsTheDayOnItsClockAndHandsTheSunToThePanel) {
   const auto hour = [this](std::string_view label) { return numberOf(told(label)); };
   for (const bool onlyTrue : {false, true}) {
     panel.setState(Field::ckTrue, onlyTrue);
@@ -136,6 +136,12 @@ TEST_F(BoardTest, TellsTheDayOnItsClock) {
     EXPECT_EQ(hour("noon:  "), std::floor(f.noon) - (onlyTrue ? 0 : 5));
     // The panel's field means degrees and is handed hours.
     EXPECT_EQ(panel.text(Field::txtAO), textOf(onlyTrue ? f.hourAngle : f.dialTime - 12));
+    EXPECT_EQ(panel.text(Field::txtDelta), textOf(f.declination));
+    EXPECT_EQ(panel.text(Field::txtLineofdeclination), textOf(f.declination));
+    const double star = panel.number(Field::txtSid_h) + panel.number(Field::txtSid_m) / 60 +
+                        panel.number(Field::txtSid_s) / 3600;
+    EXPECT_NEAR(star, board.sun().rightAscension, 1e-6);
+    EXPECT_EQ(panel.text(Field::TxtDate), "28 04 1935");
     board.click(BoardField::ckDst, true);
     calculate();
     EXPECT_EQ(hour("noon:  "), std::floor(f.noon) + 1);
@@ -171,16 +177,6 @@ TEST_F(BoardTest, WritesItsLinesInOrder) {
     EXPECT_TRUE(found != text.npos && found > place) << next;
     place = found;
   }
-}
-
-TEST_F(BoardTest, WritesTheSunIntoThePanel) {
-  const BoardFigures& f = at("2021-5-3", "15");
-  EXPECT_EQ(panel.text(Field::txtDelta), textOf(f.declination));
-  EXPECT_EQ(panel.text(Field::txtLineofdeclination), textOf(f.declination));
-  const double star = panel.number(Field::txtSid_h) + panel.number(Field::txtSid_m) / 60 +
-                      panel.number(Field::txtSid_s) / 3600;
-  EXPECT_NEAR(star, board.sun().rightAscension, 1e-12);
-  EXPECT_EQ(panel.text(Field::TxtDate), "28 04 1935");
 }
 
 // Venus over Boston on 20 March 1988, a published example: 0.81965 of the day. With true shadows a

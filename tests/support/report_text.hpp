@@ -2,8 +2,7 @@
 // headings.
 #pragma once
 
-#include <cmath>
-#include <limits>
+#include <cstdio>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -28,7 +27,6 @@ inline void recordOnly(Run& run) {
 
 class ReportText : public FlatWall {
  public:
-  static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
   using Boxes = std::vector<Field>;
   using Texts = std::vector<std::pair<Field, std::string_view>>;
   using Figures = std::vector<double>;
@@ -58,14 +56,12 @@ class ReportText : public FlatWall {
   }
   double number(std::string_view label, int nth = 0) const {
     const std::string figure = after(label, nth);
-    return figure.empty() ? kNone : numberOf(figure);
+    return figure.empty() ? kFault : numberOf(figure);
   }
   // Hours of "7h 21' 25 ''" or "7h 21' ".
   double hours(std::string_view label, int nth = 0) const {
-    std::istringstream in(after(label, nth));
-    double h = kNone, m = 0, s = 0;
-    char unit = ' ';
-    in >> h >> unit >> m >> unit >> s;
+    double h = kFault, m = 0, s = 0;
+    std::sscanf(after(label, nth).c_str(), "%lfh %lf' %lf", &h, &m, &s);
     return h + m / 60 + s / 3600;
   }
   // The rows below the nth line of that heading.
@@ -84,7 +80,7 @@ class ReportText : public FlatWall {
     for (std::string word; in >> word;) {
       const bool none = word == "-" || word == "inf";
       if (!none && word.find_first_not_of("-.0123456789E") != std::string::npos) return {};
-      row.push_back(none ? kNone : numberOf(word));
+      row.push_back(none ? kFault : numberOf(word));
     }
     return row;
   }
