@@ -355,6 +355,8 @@ TEST(Report, SpecialCases) {
       {{45.7438, 60}, none, "critical declination of the sun", {}, true},
       // A figure of four decimals is not cut again to five, which would take it for 16.01279.
       {{45.7438, 40, 20}, none, "Angle between max slope line and noon  : 16.0128°"},
+      {{45.7438, 25, 90}, none, "Center coordinates  : 0    "},
+      {{45.7438, 25, 90}, none, "Substyle distance  : 0°"},
       {{45.7438, 25, 90}, none, "latitude f1 =  44.2562°"},
       {{45.7438, 25, 90}, none, "horizon ordinate:    inf m"},
       {{45.7438, 25, 90}, none, "Declination ", {}, true},
