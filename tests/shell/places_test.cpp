@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "shell/cities.hpp"
-#include "support/flat_wall.hpp"
+#include "shell/wall_case.hpp"
 #include "support/odd_input.hpp"
 
 namespace dialwright {
@@ -13,16 +13,16 @@ namespace {
 
 using sky::rad;
 
-constexpr double kStyle = FlatWall::kStyle;
+constexpr double kStyle = WallCase::kStyle;
 constexpr const char* kTwoRuns =
     "# a comment\nItaly1;45;7\nItaly1;45.5;7.2\nItaly1;46;7.4\nItaly2;41;12\r\nFrance1;48;2\nFrance1;48.2;2.1\nFrance1;48;2\n";
 
 void drawWorld(Run& run) { DisegnaMondo(run, readWorld(kTwoRuns, run.number(Field::txtLON))); }
 
 // A dial of the longitude 10 E after a run, its window wide open and the maps' own boxes checked.
-struct MapDial : FlatWall {
-  MapDial(Driver driver, const FlatSite& place, Item item = Item::mnuUni)
-      : FlatWall(item, driver, place) {
+struct MapDial : WallCase {
+  MapDial(Driver driver, const Site& place, Item item = Item::mnuUni)
+      : WallCase(item, driver, place) {
     params.Stilo = kStyle;
     set(Field::txtLON, "-10").set(Field::x1txt, "-9").set(Field::x2txt, "9");
     set(Field::y1txt, "9").set(Field::y2txt, "-9").set(Field::cmbStati, kWholeWorld);
@@ -36,7 +36,7 @@ struct MapDial : FlatWall {
   }
 };
 
-constexpr FlatSite kLeaning = {45, 15, 50};
+constexpr Site kLeaning = {45, 15, 50};
 
 TEST(World, DrawsSegmentsWithinRunsUnderTheZenithSun) {
   MapDial dial(drawWorld, kLeaning);
@@ -97,8 +97,7 @@ TEST(Cities, StandWhereTheirZenithSunThrowsTheShadow) {
       }
     }
   }
-  for (const FlatSite& site :
-       {kLeaning, FlatSite{45, 15}, FlatSite{45, 0, 90}, FlatSite{45, 130, 50}}) {
+  for (const Site& site : {kLeaning, Site{45, 15}, Site{45, 0, 90}, Site{45, 130, 50}}) {
     for (const bool inverted : {true, false}) {
       SCOPED_TRACE(testing::Message() << site.declination << ' ' << inverted);
       MapDial dial(MappaCitta, site);
@@ -122,7 +121,7 @@ TEST(Cities, OfNoonItselfCountAsInTheSouth) {
 TEST(OptionalPoint, IsAStarAtTheShadow) {
   const struct {
     Item item;
-    FlatSite site;
+    Site site;
     const char* inclination;
     double hourAngle;
     bool onlyTrue;

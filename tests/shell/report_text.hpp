@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "shell/report.hpp"
-#include "support/flat_wall.hpp"
+#include "shell/wall_case.hpp"
 
 namespace dialwright {
 
@@ -25,15 +25,15 @@ inline void recordOnly(Run& run) {
   assign(p.Raggio, run.number(Field::TxtRadius));
 }
 
-class ReportText : public FlatWall {
+class ReportText : public WallCase {
  public:
   using Boxes = std::vector<Field>;
   using Texts = std::vector<std::pair<Field, std::string_view>>;
   using Figures = std::vector<double>;
 
   // The reclination counts on the dials that have a field for it.
-  ReportText(Item item, const FlatSite& wall, const Boxes& boxes = {}, const Texts& typed = {})
-      : FlatWall(item, recordOnly, wall) {
+  ReportText(Item item, const Site& wall, const Boxes& boxes = {}, const Texts& typed = {})
+      : WallCase(item, recordOnly, wall) {
     // A southern dial counts its walls from the North; a level plane faces nowhere.
     if (wall.latitude < 0) plane = sky::Plane::facing(180 - wall.declination, wall.reclination);
     if (wall.reclination == 90) plane = sky::Plane::facing(0, 90);
