@@ -17,9 +17,9 @@ PROGRAM = sys.argv[2]
 CASES = 600
 FOLDER = tempfile.mkdtemp()
 
-# The greatest differences allowed: degrees, seconds of time, minutes of time.
-LIMITS = {"declination": 0.01, "equation of time": 5, "direction": 0.02, "height": 0.02, "sunrise": 1, "sunset": 1,
-          "right ascension": 5, "Julian day": 1e-6}
+# The greatest differences allowed, in the board's own units: degrees, minutes of the equation, hours, days.
+LIMITS = {"declination": 0.01, "equationOfTime": 5 / 60, "azimuth": 0.02, "height": 0.02, "sunrise": 1 / 60,
+          "sunset": 1 / 60, "rightAscension": 5 / 3600, "julianDay": 1e-6}
 
 
 def board(when, latitude, longitude):
@@ -30,48 +30,31 @@ def board(when, latitude, longitude):
     return json.loads(done.stdout)["figures"]
 
 
-def turned(degrees):
-    """The same angle in -180 to 180."""
-    return math.remainder(degrees, 360)
-
-
 def sky(when, latitude, longitude):
     """The ephemeris's figures; the longitude is positive to the West, azimuths count from South to the West."""
     site = ephem.Observer()
-    site.lat, site.lon = str(latitude), str(-longitude)
-    site.pressure, site.elevation = 0, 0
-    site.date = when
+    site.lat, site.lon, site.date, site.pressure = str(latitude), str(-longitude), when, 0
     sun = ephem.Sun(site)
     hours = when.hour + when.minute / 60 + when.second / 3600
     greenwich = math.degrees(site.sidereal_time() - sun.g_ra) + longitude
-    equation = turned(greenwich - (hours - 12) * 15) * 4
-    declination = math.degrees(sun.g_dec)
-    figures = {"declination": declination, "equationOfTime": equation, "azimuth": turned(math.degrees(sun.az) - 180),
-               "height": math.degrees(sun.alt), "rightAscension": math.degrees(sun.g_ra) / 15,
-               "julianDay": ephem.julian_date(site.date)}
+    equation = math.remainder(greenwich - (hours - 12) * 15, 360) * 4
     # The centre of the sun 50 minutes below the horizon, with the declination and the equation of the moment.
     phi, delta = math.radians(latitude), sun.g_dec
     c = (-math.sin(math.radians(50 / 60)) - math.sin(delta) * math.sin(phi)) / (math.cos(delta) * math.cos(phi))
     noon = 12 + longitude / 15 - equation / 60
     arc = None if abs(c) >= 1 else math.degrees(math.acos(c)) / 15
-    figures["sunrise"] = None if arc is None else noon - arc
-    figures["sunset"] = None if arc is None else noon + arc
-    return figures
+    return {"declination": math.degrees(delta), "equationOfTime": equation, "azimuth": math.degrees(sun.az) - 180,
+            "height": math.degrees(sun.alt), "rightAscension": math.degrees(sun.g_ra) / 15,
+            "julianDay": ephem.julian_date(site.date), "sunrise": arc and noon - arc, "sunset": arc and noon + arc}
 
 
-def differences(ours, theirs):
-    yield "declination", ours["declination"] - theirs["declination"]
-    yield "equation of time", 60 * (ours["equationOfTime"] - theirs["equationOfTime"])
-    # An azimuth is an arc on the sky: towards the zenith it shrinks.
-    yield "direction", turned(ours["azimuth"] - theirs["azimuth"]) * math.cos(math.radians(theirs["height"]))
-    yield "height", ours["height"] - theirs["height"]
-    yield "right ascension", turned(15 * (ours["rightAscension"] - theirs["rightAscension"])) * 240
-    yield "Julian day", ours["julianDay"] - theirs["julianDay"]
-    for name in ("sunrise", "sunset"):
-        if (ours[name] is None) != (theirs[name] is None):
-            yield name, math.inf
-        elif ours[name] is not None:
-            yield name, 60 * (ours[name] - theirs[name])
+def difference(name, ours, theirs):
+    if ours[name] is None or theirs[name] is None:
+        return 0 if ours[name] == theirs[name] else math.inf
+    apart = ours[name] - theirs[name]
+    if name == "azimuth":  # an arc on the sky: towards the zenith it shrinks
+        return math.remainder(apart, 360) * math.cos(math.radians(theirs["height"]))
+    return math.remainder(apart, 24) if name == "rightAscension" else apart
 
 
 def main():
@@ -83,10 +66,12 @@ def main():
         when = first + datetime.timedelta(seconds=chance.randrange(seconds))
         latitude = round(math.degrees(math.asin(chance.uniform(-0.9999, 0.9999))), 4)
         longitude = round(chance.uniform(-180, 180), 4)
-        for name, difference in differences(board(when, latitude, longitude), sky(when, latitude, longitude)):
-            worst[name] = max(worst[name], abs(difference))
-            if not abs(difference) <= LIMITS[name]:
-                faults.append(f"{when} at {latitude}, {longitude}: {name} is off by {difference:.4g}")
+        ours, theirs = board(when, latitude, longitude), sky(when, latitude, longitude)
+        for name, limit in LIMITS.items():
+            apart = abs(difference(name, ours, theirs))
+            worst[name] = max(worst[name], apart)
+            if not apart <= limit:
+                faults.append(f"{when} at {latitude}, {longitude}: {name} is off by {apart:.4g}")
     print("\n".join(faults[:30]))
     print(f"{CASES} cases, {len(faults)} faults; greatest differences:",
           ", ".join(f"{name} {value:.3g}" for name, value in worst.items()))

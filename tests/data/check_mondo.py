@@ -7,6 +7,7 @@ Usage: check_mondo.py SOURCE_DIR [PROGRAM]
 import itertools
 import math
 import pathlib
+import re
 import sys
 
 # A point on the coast of each of some countries, as latitude and longitude, to find a map that is
@@ -22,6 +23,8 @@ KNOWN = [
     ("United States of America", 48.38, -124.72, "Cape Flattery"),
     ("Senegal", 14.74, -17.52, "Cap-Vert"),
 ]
+# Name and number of a run, latitude, longitude.
+ROW = re.compile(r"((\D*[^\d\s]\D*)\d+);(-?\d+\.?\d*);(-?\d+\.?\d*)")
 
 
 def distance(a, b):
@@ -31,74 +34,52 @@ def distance(a, b):
     return math.degrees(2 * math.asin(math.sqrt(h)))
 
 
-def country_of(key):
-    """The country that a run belongs to: the run's key without its digits."""
-    return "".join(c for c in key if c not in "0123456789")
+def faults_of_run(run, points):
+    if len(points) < 2:
+        yield f"{run} has one point alone"
+    for a, b in itertools.pairwise(points):
+        if distance(a, b) > 1.5 or abs(a[1] - b[1]) > (20 if abs(a[0]) < 80 else 180):
+            yield f"{run} leaps from {a} to {b}"
+        if abs(a[1]) == abs(b[1]) == 180:
+            yield f"{run} runs along the antimeridian at {a}"
+        if abs(a[0]) > 90 or abs(a[1]) > 180:
+            yield f"{run} leaves the world at {a}"
 
 
-def read(lines, faults):
-    """The rows (run's key, (latitude, longitude)) of the lines that are no comments."""
-    for number, line in enumerate(lines, 1):
-        if line.startswith("#"):
-            continue
-        fields = line.split(";")
-        try:
-            key, point = fields[0], (float(fields[1]), float(fields[2]))
-        except (IndexError, ValueError):
-            faults.append(f"line {number} is no point: {line!r}")
-            continue
-        if len(fields) != 3 or not key[-1:].isdigit() or not country_of(key).strip():
-            faults.append(f"line {number} has not the form name and number, latitude, longitude: {line!r}")
-        elif abs(point[0]) > 90 or abs(point[1]) > 180:
-            faults.append(f"line {number} lies outside the world: {line!r}")
-        else:
-            yield key, point
-
-
-def check(text):
-    """The list of faults of a map's text."""
-    faults = []
-    lines = text.split("\n")
-    if not (lines[0].startswith("#") and "Natural Earth" in lines[0] and ";" not in lines[0]):
-        faults.append(f"the first line does not name the source: {lines[0]!r}")
+def faults_of_map(text):
+    first, *lines = text.split("\n")
+    if not (first.startswith("#") and "Natural Earth" in first and ";" not in first):
+        yield f"the first line does not name the source: {first!r}"
     if lines.pop() != "" or "\r" in text:
-        faults.append("the lines do not end in a line feed each")
+        yield "the lines do not end in a line feed each"
+    rows = []
+    for line in lines:
+        row = ROW.fullmatch(line)
+        if row:
+            rows.append((row[2], row[1], (float(row[3]), float(row[4]))))
+        elif not line.startswith("#"):
+            yield f"not a name with a number, latitude and longitude: {line!r}"
+    if len(rows) > 100_000:
+        yield "more points than the table of the map has room for"
 
-    runs = [(key, [point for _, point in rows])
-            for key, rows in itertools.groupby(read(lines, faults), lambda row: row[0])]
-    keys = [key for key, _ in runs]
-    if len(set(keys)) != len(keys):
-        faults.append("a run comes back after another one has begun")
-    countries = [country for country, _ in itertools.groupby(keys, country_of)]
-    if len(set(countries)) != len(countries):
-        faults.append("a country comes back after another one has begun")
-    if len(countries) < 150:
-        faults.append(f"only {len(countries)} countries")
-    if sum(len(points) for _, points in runs) > 100_000:
-        faults.append("more points than the table of the map has room for")
-
-    for key, points in runs:
-        if len(points) < 2:
-            faults.append(f"{key} has one point alone")
-        for a, b in itertools.pairwise(points):
-            if distance(a, b) > 1.5 or abs(a[1] - b[1]) > (20 if abs(a[0]) < 80 else 180):
-                faults.append(f"{key} leaps from {a} to {b}")
-            if abs(a[1]) == abs(b[1]) == 180:
-                faults.append(f"{key} runs along the antimeridian at {a}")
-
+    for column in (0, 1):
+        names = [name for name, _ in itertools.groupby(row[column] for row in rows)]
+        if len(set(names)) != len(names):
+            yield "a run or a country comes back after another one has begun"
+        if len(names) < 150:
+            yield f"only {len(names)} countries or runs"
+    for run, points in itertools.groupby(rows, lambda row: row[1]):
+        yield from faults_of_run(run, [point for _, _, point in points])
     for country, latitude, longitude, place in KNOWN:
-        points = (p for key, points in runs if country_of(key) == country for p in points)
+        points = (point for name, _, point in rows if name == country)
         if min((distance(p, (latitude, longitude)) for p in points), default=180) > 0.3:
-            faults.append(f"{country} does not reach {place}")
-    return faults
+            yield f"{country} does not reach {place}"
 
 
 def main():
     path = pathlib.Path(sys.argv[1]) / "data" / "mondo.csv"
-    faults = check(path.read_bytes().decode("utf-8"))
-    for fault in faults[:20]:
-        print(fault)
-    print(f"{path.name}: {len(faults)} faults")
+    faults = list(faults_of_map(path.read_bytes().decode("utf-8")))
+    print("\n".join([*faults[:20], f"{path.name}: {len(faults)} faults"]))
     return 1 if faults else 0
 
 

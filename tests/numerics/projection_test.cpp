@@ -26,13 +26,10 @@ TEST(Projection, IsTheShadowOfTheTip) {
             if (std::abs(sky::dot(sun, wall.normal)) < 0.01) continue;
             const sky::Spot spot = wall.tipShadow(0.2, sun);
             const Punto point = ProiezioneSferica(plane, rad(H), rad(delta));
-            ASSERT_NEAR(point.x, spot.x, 1e-11)
-                << latitude << ' ' << declination << ' ' << reclination << ' ' << H;
-            ASSERT_NEAR(point.y, spot.y, 1e-11)
-                << latitude << ' ' << declination << ' ' << reclination << ' ' << H;
             const Punto prepared = hour(std::tan(rad(delta)));
-            ASSERT_NEAR(prepared.x, point.x, 1e-13);
-            ASSERT_NEAR(prepared.y, point.y, 1e-13);
+            ASSERT_LT(sky::distance({point.x, point.y}, spot), 1e-11)
+                << latitude << ' ' << declination << ' ' << reclination << ' ' << H;
+            ASSERT_LT(sky::distance({point.x, point.y}, {prepared.x, prepared.y}), 1e-12);
           }
         }
       }

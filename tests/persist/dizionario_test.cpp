@@ -30,41 +30,32 @@ TEST(Dizionario, LoadsAKeyOnceAndANewKeyAnew) {
   Dizionario words;
   words.load(folder.path(), "a");
   folder.put("DBa.txt", "x|2\r\n");
-  words.load(folder.path(), "a");
-  EXPECT_EQ(words.T("x"), "1");
-  words.load(folder.path(), "b");
-  EXPECT_EQ(words.T("x"), "x");
-  EXPECT_EQ(words.T("y"), "°");
-  words.load(folder.path(), "none");
-  EXPECT_TRUE(words.empty());
-  words.load(folder.path(), "a");
-  EXPECT_EQ(words.T("x"), "2");
+  for (const auto& [key, x, y] :
+       {std::tuple{"a", "1", "y"}, {"b", "x", "°"}, {"none", "x", "y"}, {"a", "2", "y"}}) {
+    words.load(folder.path(), key);
+    EXPECT_EQ(words.T("x"), x) << key;
+    EXPECT_EQ(words.T("y"), y) << key;
+  }
 }
 
-TEST(Dizionario, TranslatesThePanelByKind) {
+TEST(Dizionario, TranslatesThePanelByKindAndDumpsIt) {
   const Folder folder;
   folder.put("DBQ2006.txt",
              "Hour lines|Linee orarie\r\nDark green|Verde scuro\r\nFile|Archivio\r\n"
              "x1|ics\r\nLoc.|Luogo\r\nRun|Via\r\nLatitude |Latitudine \r\n");
   Panel panel;
   Dizionario words;
-  TraduciFinestra(panel, kMainWindow, "", folder.path(), words);
-  EXPECT_EQ(panel[Field::cmdRun].caption, "Run");
-  TraduciFinestra(panel, kMainWindow, kLanguageKey, folder.path(), words);
+  for (const std::string_view key : {std::string_view(), std::string_view("_DB"), kLanguageKey}) {
+    EXPECT_EQ(panel[Field::cmdRun].caption, "Run");
+    TraduciFinestra(panel, kMainWindow, key, folder.path(), words);
+  }
   EXPECT_EQ(panel[Field::cmdRun].caption, "Via");
   EXPECT_EQ(panel[Field::lblLatitudine].caption, "Latitudine ");
   EXPECT_EQ(panel[Field::chkOreAstronomiche].caption, "Linee orarie");
   EXPECT_EQ(panel[Field::ck_Orizzonte].tip, "Verde scuro");
   EXPECT_EQ(panel[Field::x1txt].tip, "ics");
   EXPECT_EQ(panel[Item::nome].caption, "Archivio");
-  EXPECT_EQ(panel.text(Field::txtLocation), "Loc.");
-}
-
-TEST(Dizionario, DumpsTheTextsOfAWindow) {
-  const Folder folder;
-  Panel panel;
-  Dizionario words;
-  TraduciFinestra(panel, kMainWindow, "_DB", folder.path(), words);
+  EXPECT_EQ(panel.text(Field::txtLocation), "Loc.") << "what the user types is not translated";
   const std::string dump = folder.get("DB_MDIForm1.txt");
   EXPECT_TRUE(dump.starts_with("List of inputs|\r\nLatitude |\r\nuse degrees even with decimals|"));
   EXPECT_TRUE(dump.ends_with("Français|\r\nEspanol|\r\n"));
@@ -72,28 +63,24 @@ TEST(Dizionario, DumpsTheTextsOfAWindow) {
 }
 
 TEST(Language, IsPutInPlaceForTheNextStart) {
-  const Folder work;
-  const Folder data;
+  const Folder work, data;
   data.put("DBItalianoQ2006.txt", "Run|Esegui\r\n");
   data.put("DBFranceseQ2006.txt", "Run|Tracer\r\n");
   work.put("DBFranceseQ2006.txt", "Run|Lancer\r\n");
-  const auto choose = [&](Item item, const char* message) {
+  // Without a file of its own, Spanish leaves the dictionary that is in use.
+  for (const auto& [item, message, inUse] :
+       {std::tuple{Item::mnuItalian, "Riavviare Dialwright!!", "Run|Esegui\r\n"},
+        {Item::mnuEspanol, "Reiniciar Dialwright!!", "Run|Esegui\r\n"},
+        {Item::mnuFrancais, "Il faut sortir avant d'exécuter Dialwright!!", "Run|Lancer\r\n"},
+        {Item::mnuInglese, "You must restart Dialwright!!", ""},
+        {Item::mnuInglese, "You must restart Dialwright!!", ""},
+        {Item::mnuUni, "", ""}}) {
     Panel panel;
     EXPECT_EQ(scegliLingua(panel, item, work.path(), data.path()), message);
-    EXPECT_FALSE(panel[Item::mnuLang].enabled);
-    return work.get("DBQ2006.txt");
-  };
-  EXPECT_EQ(choose(Item::mnuItalian, "Riavviare Dialwright!!"), "Run|Esegui\r\n");
-  EXPECT_EQ(choose(Item::mnuEspanol, "Reiniciar Dialwright!!"), "Run|Esegui\r\n");  // no such file
-  EXPECT_EQ(choose(Item::mnuFrancais, "Il faut sortir avant d'exécuter Dialwright!!"),
-            "Run|Lancer\r\n");
-  EXPECT_EQ(choose(Item::mnuInglese, "You must restart Dialwright!!"), "");
+    EXPECT_EQ(panel[Item::mnuLang].enabled, item == Item::mnuUni);
+    EXPECT_EQ(work.get("DBQ2006.txt"), inUse);
+  }
   EXPECT_FALSE(std::filesystem::exists(work / "DBQ2006.txt"));
-  choose(Item::mnuInglese, "You must restart Dialwright!!");
-
-  Panel panel;
-  EXPECT_EQ(scegliLingua(panel, Item::mnuUni, work.path(), data.path()), "");
-  EXPECT_TRUE(panel[Item::mnuLang].enabled);
   EXPECT_EQ(findLingua("IT")->key, "ItalianoQ2006");
   EXPECT_EQ(findLingua("de"), nullptr);
 }
