@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 
 #include "paper/picture.hpp"
 #include "sheet/printing.hpp"
@@ -15,8 +14,8 @@ class TargetPrinter : public Printer {
  public:
   // `device` is what the target draws on.
   template <class Device>
-  explicit TargetPrinter(Device&& device)
-      : target_(std::forward<Device>(device), {.width = kPaperLine * kTwipsPerMeter}) {}
+  explicit TargetPrinter(Device& device)
+      : target_(device, {.width = kPaperLine * kTwipsPerMeter}) {}
 
   void clear() override {}
   void line(double x1, double y1, double x2, double y2, Rgb colour, int width) override {
