@@ -75,7 +75,8 @@ TEST(Texts, StandInEveryDictionary) {
   ASSERT_GT(ofTables, 150u);
   ASSERT_GT(texts.size(), ofTables);
   const auto isLetter = [](unsigned char c) { return std::isalpha(c) || c >= 0x80; };
-  std::erase_if(texts, [&](const auto& text) { return std::ranges::none_of(text.first, isLetter); });
+  std::erase_if(texts,
+                [&](const auto& text) { return std::ranges::none_of(text.first, isLetter); });
   for (const Lingua& lingua : lingue()) {
     if (lingua.key.empty()) continue;
     Dizionario words;
