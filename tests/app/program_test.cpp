@@ -21,6 +21,7 @@ class ProgramTest : public ::testing::Test {
   const Folder folder;
 };
 
+// To be compared with ==: to tell where texts of this length differ takes gigabytes.
 std::string entitiesOf(const Program& program) {
   std::string list;
   writeEntityList(program.sheet().list(), [&](std::string_view chunk) { list += chunk; });
@@ -94,7 +95,7 @@ TEST_F(ProgramTest, AdoptsARunAsIfItWereItsOwn) {
     EXPECT_EQ(run.result, RunResult::Drawn);
     apart.adopt(std::move(run));
     EXPECT_EQ(apart.press("cmdData"), own.press("cmdData"));
-    EXPECT_EQ(entitiesOf(apart), entitiesOf(own)) << rowOf(dial).name;
+    EXPECT_TRUE(entitiesOf(apart) == entitiesOf(own)) << rowOf(dial).name;
     EXPECT_EQ(apart.sheet().caption(), own.sheet().caption());
     EXPECT_EQ(apart.params().PiGreco, own.params().PiGreco);
   }
