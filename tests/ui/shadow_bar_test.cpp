@@ -60,8 +60,7 @@ TEST_F(ShadowBarTest, LiesAsTheSheetDoes) {
   const QColor blue(redOf(kShadowBlue), greenOf(kShadowBlue), blueOf(kShadowBlue));
   const auto blueWithSign = [&](double signX) {
     const SheetPlot& plot = desk.program.sheet();
-    const proof::Polyline& line = canvas.shadow().front();
-    const Punto at = line[line.size() / 2];
+    const Punto at = canvas.shadow().front().back();
     const QPointF place(plot.ShiftX() + signX * at.x, plot.ShiftY() - at.y);
     return picture().pixelColor(canvas.toPixel(place).toPoint()) == blue;
   };
@@ -71,6 +70,7 @@ TEST_F(ShadowBarTest, LiesAsTheSheetDoes) {
   desk.program.view().press(SheetCommand::cmdInvX);
   waitUntilSharp(canvas);
   EXPECT_TRUE(blueWithSign(-1));
+  EXPECT_FALSE(blueWithSign(1));
 }
 
 TEST_F(ShadowBarTest, TellsWhatTheDialReadsOrWhyNothing) {
