@@ -51,11 +51,6 @@ TEST(Moment, ShadowEndsOnTheLinesOfItsSun) {
   EXPECT_TRUE(end.lit);
   EXPECT_LT(end.miss, 1e-9);
   EXPECT_TRUE(shadowOf(panel, sunAt(panel, {2026, 4, 2, 23})).empty());
-
-  SheetPlot sheet;
-  drawShadow(sheet, shadow, "shadow");
-  EXPECT_EQ(sheet.list().lines.size(), shadow[0].size() - 1);
-  EXPECT_EQ(sheet.list().name(sheet.list().circles.at(0).layer), "shadow");
 }
 
 }  // namespace

@@ -1,11 +1,21 @@
-// The one application of the desktop's tests, without a screen. A test file includes this header
-// and is served.
+// The one application of the desktop's tests, without a screen, and what a window works with. A
+// test file includes this header and is served.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
 #include <memory>
+
+#include "app/program.hpp"
+#include "support/folder.hpp"
+#include "ui/sheet_canvas.hpp"
+#include "ui/text.hpp"
 
 namespace dialwright {
 
@@ -26,5 +36,41 @@ class ApplicationEnvironment : public ::testing::Environment {
 
 inline ::testing::Environment* const kApplication =
     ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
+
+// A program in a folder of its own.
+struct Workplace {
+  // Another start there.
+  Program start(const char* language = "en") const {
+    return Program({folder.path(), DIALWRIGHT_DATA_DIR, language});
+  }
+
+  const Folder folder;
+  Program program = start();
+};
+
+template <class Widget>
+Widget& named(const char* name, const QWidget& parent) {
+  return *parent.findChild<Widget*>(name);
+}
+
+inline void waitUntilSharp(const SheetCanvas& canvas) {
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(QTest::qWaitFor([&canvas] { return canvas.sharp(); }, 60000));
+  QCoreApplication::processEvents();
+}
+
+// Has the next modal box of that kind answered once it is there: opening it does not return before.
+template <class Box, class Answer>
+void whenShown(Answer answer) {
+  auto* watch = new QTimer(qApp);
+  QObject::connect(watch, &QTimer::timeout, qApp, [watch, answer] {
+    auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    watch->deleteLater();
+    watch->stop();
+    answer(*box);
+  });
+  watch->start(10);
+}
 
 }  // namespace dialwright

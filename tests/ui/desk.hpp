@@ -2,29 +2,24 @@
 // given beforehand.
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QClipboard>
 #include <QLineEdit>
 #include <QStringList>
-#include <QTest>
 #include <string>
 
 #include "sheet/entity_list.hpp"
-#include "support/folder.hpp"
+#include "ui/application.hpp"
 #include "ui/main_window.hpp"
-#include "ui/text.hpp"
 
 namespace dialwright {
 
+// To be compared with ==: to tell where texts of this length differ takes gigabytes.
 inline std::string entitiesOf(const Program& program) {
   std::string list;
-  if (program.sheet().list().size() == 0) return list;
   writeEntityList(program.sheet().list(), [&](std::string_view chunk) { list += chunk; });
   return list;
 }
 
-struct Desk {
+struct Desk : Workplace {
   Desk() {
     Dialogs& dialogs = window.dialogs();
     dialogs.message = [this](const QString& text) { said << text; };
@@ -36,8 +31,7 @@ struct Desk {
       asked << question;
       return changes;
     };
-    dialogs.openName = [this](const QString&) { return name; };
-    dialogs.saveName = [this](const QString&) { return name; };
+    dialogs.openName = dialogs.saveName = [this](const QString&) { return name; };
     window.show();
   }
 
@@ -52,10 +46,6 @@ struct Desk {
     edit(field)->selectAll();
     QTest::keyClicks(edit(field), text);
   }
-  static void paste(QLineEdit* edit, const QString& text) {
-    QApplication::clipboard()->setText(text);
-    edit->paste();
-  }
   void press(Field button) {
     widget<QAbstractButton>(button)->click();
     settle();
@@ -64,16 +54,19 @@ struct Desk {
   void settle() {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window.runner().busy(); }, 60000));
   }
-  QString in(const char* file) { return shown((folder / file).string()); }
+  std::size_t drawn() const { return program.sheet().list().size(); }
 
-  Folder folder;
-  Program program{ProgramConfig{folder.path(), DIALWRIGHT_DATA_DIR, "en"}};
   MainWindow window{program};
   QStringList said;   // by message boxes
   QStringList asked;  // by questions
   bool yes = true;
   Changes changes = Changes::Keep;
   QString name;  // of a file
+};
+
+class DeskTest : public ::testing::Test {
+ protected:
+  Desk desk;
 };
 
 }  // namespace dialwright

@@ -3,33 +3,28 @@
 
 #include <QDropEvent>
 #include <QMimeData>
-#include <QTest>
 #include <QUrl>
-#include <filesystem>
 
-#include "persist/project.hpp"
-#include "ui/application.hpp"
 #include "ui/desk.hpp"
 
 namespace dialwright {
 namespace {
 
-namespace fs = std::filesystem;
-
-class ProjectsTest : public ::testing::Test {
+class ProjectsTest : public DeskTest {
  protected:
+  QString in(const char* file) { return shown((desk.folder / file).string()); }
   void save(const char* file) {
-    desk.name = desk.in(file);
+    desk.name = in(file);
     desk.choose(Item::MnuSalva);
   }
   void open(const char* file) {
-    desk.name = desk.in(file);
+    desk.name = in(file);
     desk.choose(Item::mnuLoad);
     desk.settle();
   }
-  void drop(const QString& path) {
+  void drop(const char* file) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
+    data.setUrls({QUrl::fromLocalFile(in(file))});
     QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&desk.window, &enter);
     EXPECT_TRUE(enter.isAccepted());
@@ -37,25 +32,31 @@ class ProjectsTest : public ::testing::Test {
     QApplication::sendEvent(&desk.window, &event);
     desk.settle();
   }
-
-  Desk desk;
 };
 
-TEST_F(ProjectsTest, SavesAndOpens) {
+TEST_F(ProjectsTest, SavesAndOpensAndGivesANewSheet) {
   desk.choose(Item::mnuUni);
   desk.type(Field::txtDecl, "21.5");
   EXPECT_TRUE(desk.window.isWindowModified());
   save("wall.sun");
   EXPECT_FALSE(desk.window.isWindowModified());
+  EXPECT_EQ(desk.program.projectTitle(), "");  // saved is not opened
   desk.settle();
   const std::string drawn = entitiesOf(desk.program);
   desk.choose(Item::mnuBall);
   desk.changes = Changes::Discard;
   open("wall.sun");
   EXPECT_EQ(desk.edit(Field::txtDecl)->text(), "21.5");
-  EXPECT_EQ(entitiesOf(desk.program), drawn);
+  EXPECT_TRUE(entitiesOf(desk.program) == drawn);
   EXPECT_TRUE(desk.window.windowTitle().startsWith("wall.sun"));
   EXPECT_EQ(desk.window.projects().recentMenu()->actions().size(), 1);
+  desk.type(Field::txtLAT, "12");
+  save("copy.sun");  // a new name is a copy
+  EXPECT_EQ(desk.program.projectTitle(), "wall.sun");
+  EXPECT_TRUE(desk.window.isWindowModified());
+  desk.choose(Item::mnu_Nuovo);
+  EXPECT_EQ(desk.drawn(), 0u);
+  EXPECT_EQ(desk.program.projectTitle(), "");
 }
 
 TEST_F(ProjectsTest, AsksBeforeItLosesAnything) {
@@ -67,7 +68,6 @@ TEST_F(ProjectsTest, AsksBeforeItLosesAnything) {
   EXPECT_EQ(desk.asked, QStringList("Attention! do you wish to close the file wall.sun?"));
   desk.type(Field::txtLAT, "12");
   desk.asked.clear();
-  desk.changes = Changes::Keep;
   for (const Item item : {Item::mnuLoad, Item::mnu_Nuovo, Item::mnuExit}) desk.choose(item);
   EXPECT_EQ(desk.asked.size(), 3);
   EXPECT_EQ(desk.program.projectTitle(), "wall.sun");
@@ -75,29 +75,9 @@ TEST_F(ProjectsTest, AsksBeforeItLosesAnything) {
   desk.changes = Changes::Save;
   desk.choose(Item::mnuExit);
   EXPECT_FALSE(desk.window.isVisible());
-  Program next({desk.folder.path(), DIALWRIGHT_DATA_DIR, "en"});
+  Program next = desk.start();
   next.CaricaProgetto(desk.folder / "wall.sun");
   EXPECT_EQ(next.panel().text(Field::txtLAT), "12");
-}
-
-TEST_F(ProjectsTest, SavesUnderANewNameAsACopy) {
-  save("one.sun");
-  EXPECT_EQ(desk.program.projectTitle(), "");  // saved is not opened
-  open("one.sun");
-  desk.type(Field::txtLAT, "12");
-  save("two.sun");
-  EXPECT_EQ(desk.program.projectTitle(), "one.sun");
-  EXPECT_TRUE(desk.window.isWindowModified());
-}
-
-TEST_F(ProjectsTest, GivesANewSheet) {
-  desk.choose(Item::mnuUni);
-  save("wall.sun");
-  open("wall.sun");
-  EXPECT_GT(desk.program.sheet().list().size(), 0u);
-  desk.choose(Item::mnu_Nuovo);
-  EXPECT_EQ(desk.program.sheet().list().size(), 0u);
-  EXPECT_EQ(desk.program.projectTitle(), "");
 }
 
 TEST_F(ProjectsTest, TakesADroppedProjectOnly) {
@@ -105,13 +85,13 @@ TEST_F(ProjectsTest, TakesADroppedProjectOnly) {
   desk.folder.put("letter.txt", "Dear sir,");
   desk.type(Field::txtLAT, "12");
   desk.changes = Changes::Discard;
-  drop(desk.in("letter.txt"));
+  drop("letter.txt");
   EXPECT_EQ(desk.said, QStringList("File non riconosciuto!"));
   EXPECT_EQ(desk.edit(Field::txtLAT)->text(), "12");
   EXPECT_TRUE(desk.window.isWindowModified());
-  drop(desk.in("."));
+  drop(".");
   EXPECT_EQ(desk.said.size(), 2);
-  drop(desk.in("wall.sun"));
+  drop("wall.sun");
   EXPECT_EQ(desk.edit(Field::txtLAT)->text(), "45.7438");
 }
 
@@ -133,46 +113,33 @@ TEST_F(ProjectsTest, TellsWhatCannotBeWritten) {
 
 // --- The copy
 
+// Of inputs that have a file, and of such that have none.
 TEST_F(ProjectsTest, RecoversWhatACrashLeft) {
-  save("wall.sun");
-  open("wall.sun");
-  desk.type(Field::txtLAT, "12");
-  desk.window.projects().autosave().write();
-  const fs::path copy = desk.folder / ".wall.sun.autosave";
-  ASSERT_TRUE(fs::exists(copy));
-  const std::string bytes = desk.folder.get(".wall.sun.autosave");
-  const auto left = [&] {
-    return desk.window.projects().autosave().leftCopies({desk.folder / "wall.sun"}).size();
-  };
-  EXPECT_EQ(left(), 0u);  // its program lives
-  desk.changes = Changes::Discard;
-  desk.window.close();
-  EXPECT_FALSE(fs::exists(copy));  // a clean end
+  for (const std::string project : {"wall.sun", ""}) {
+    const std::string copy = project.empty() ? ".untitled-1.sun.autosave" : ".wall.sun.autosave";
+    Desk crashed, next;
+    if (!project.empty()) {
+      crashed.name = shown((crashed.folder / project).string());
+      for (const Item item : {Item::MnuSalva, Item::mnuLoad}) crashed.choose(item);
+      std::filesystem::copy_file(crashed.folder / project, next.folder / project);
+    }
+    crashed.type(Field::txtLAT, "12");
+    Autosave& autosave = crashed.window.projects().autosave();
+    autosave.write();
+    const std::string bytes = crashed.folder.get(copy);
+    ASSERT_FALSE(bytes.empty());
+    EXPECT_TRUE(autosave.leftCopies({crashed.folder / project}).empty()) << "its program lives";
+    crashed.changes = Changes::Discard;
+    crashed.window.close();
+    EXPECT_FALSE(std::filesystem::exists(crashed.folder / copy)) << "a clean end";
 
-  desk.folder.put(".wall.sun.autosave", bytes);
-  Desk next;
-  next.yes = true;
-  next.window.begin(desk.folder / "wall.sun");
-  EXPECT_EQ(next.asked.size(), 1);
-  EXPECT_EQ(next.edit(Field::txtLAT)->text(), "12");
-  EXPECT_TRUE(next.window.isWindowModified());
-  EXPECT_EQ(next.program.projectTitle(), "wall.sun");
-}
-
-TEST_F(ProjectsTest, RecoversInputsWithoutAFile) {
-  desk.type(Field::txtLAT, "12");
-  desk.window.projects().autosave().write();
-  const std::string bytes = desk.folder.get(".untitled-1.sun.autosave");
-  ASSERT_FALSE(bytes.empty());
-  const Folder folder;
-  folder.put(".untitled-1.sun.autosave", bytes);
-  Program program({folder.path(), DIALWRIGHT_DATA_DIR, "en"});
-  MainWindow window(program);
-  window.dialogs().yes = [](const QString&) { return true; };
-  window.begin({});
-  EXPECT_EQ(program.panel().text(Field::txtLAT), "12");
-  EXPECT_EQ(program.projectTitle(), "");
-  EXPECT_TRUE(window.isWindowModified());
+    next.folder.put(copy, bytes);
+    next.window.begin(project.empty() ? "" : next.folder / project);
+    EXPECT_EQ(next.asked.size(), 1);
+    EXPECT_EQ(next.edit(Field::txtLAT)->text(), "12");
+    EXPECT_TRUE(next.window.isWindowModified());
+    EXPECT_EQ(next.program.projectTitle(), project);
+  }
 }
 
 }  // namespace

@@ -1,27 +1,17 @@
 // The moving shadow: its sliders, its words, and the lines that stand over the sheet.
 #include "ui/shadow_bar.hpp"
 
-#include <QLabel>
+#include <QAction>
 #include <QSlider>
-#include <QTest>
 
 #include "app/moment.hpp"
-#include "ui/application.hpp"
 #include "ui/desk.hpp"
-#include "ui/sheet_canvas.hpp"
 #include "ui/sheet_widget.hpp"
 
 namespace dialwright {
 namespace {
 
-bool same(const std::vector<proof::Polyline>& a, const std::vector<proof::Polyline>& b) {
-  const auto equal = [](Punto one, Punto other) { return one.x == other.x && one.y == other.y; };
-  return std::ranges::equal(a, b, [&](const proof::Polyline& one, const proof::Polyline& other) {
-    return std::ranges::equal(one, other, equal);
-  });
-}
-
-class ShadowBarTest : public ::testing::Test {
+class ShadowBarTest : public DeskTest {
  protected:
   ShadowBarTest() {
     desk.window.inputs().live()->setChecked(false);
@@ -29,77 +19,65 @@ class ShadowBarTest : public ::testing::Test {
     desk.press(Field::cmdRun);
     sheet.shadowAction()->trigger();
     bar.setMoment(QDate(2026, 6, 21), 10 * 60 + 30);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return canvas.sharp(); }, 20000));
+    waitUntilSharp(canvas);
   }
 
-  QString label(const char* name) const { return bar.findChild<QLabel*>(name)->text(); }
-  QSlider& slider(const char* name) const { return *bar.findChild<QSlider*>(name); }
-  std::vector<proof::Polyline> expected(const proof::Instant& moment) const {
-    return shadowOf(desk.program.panel(), sunAt(desk.program.panel(), moment));
-  }
+  QString label(const char* name) const { return named<QLabel>(name, bar).text(); }
+  QSlider& slider(const char* name) const { return named<QSlider>(name, bar); }
   QImage picture() const { return canvas.viewport()->grab().toImage(); }
+  // The shadow on the canvas is the panel's, of that moment.
+  bool isOf(const proof::Instant& moment) const {
+    const Panel& panel = desk.program.panel();
+    const auto due = shadowOf(panel, sunAt(panel, moment));
+    const auto same = [](Punto a, Punto b) { return a.x == b.x && a.y == b.y; };
+    const auto& shown = canvas.shadow();
+    return due.size() == 1 && shown.size() == 1 && std::ranges::equal(due[0], shown[0], same);
+  }
 
-  Desk desk;
   SheetWidget& sheet = *desk.window.findChild<SheetWidget*>();
   SheetCanvas& canvas = sheet.canvas();
   ShadowBar& bar = sheet.shadowBar();
 };
 
 TEST_F(ShadowBarTest, MovesTheShadowOverTheSheetByKeys) {
-  const proof::Instant first{2026, 6, 21, 10.5};
-  EXPECT_TRUE(same(canvas.shadow(), expected(first)));
-  EXPECT_FALSE(canvas.shadow().empty());
+  EXPECT_TRUE(isOf({2026, 6, 21, 10.5}));
   const QImage before = picture();
   QTest::keyClick(&slider("shadowTime"), Qt::Key_PageUp);
   EXPECT_EQ(label("shadowTimeValue"), "11:30");
-  EXPECT_TRUE(same(canvas.shadow(), expected({2026, 6, 21, 11.5})));
+  EXPECT_TRUE(isOf({2026, 6, 21, 11.5}));
   EXPECT_TRUE(canvas.sharp()) << "no new picture of the sheet";
   EXPECT_NE(picture(), before);
   QTest::keyClick(&slider("shadowTime"), Qt::Key_PageDown);
   EXPECT_EQ(picture(), before);
-  QTest::keyClick(&slider("shadowDay"), Qt::Key_Right);
-  EXPECT_EQ(label("shadowDayValue"), "2026-06-22");
   QTest::keyClick(&slider("shadowDay"), Qt::Key_End);
   EXPECT_EQ(label("shadowDayValue"), "2026-12-31");
-  EXPECT_TRUE(same(canvas.shadow(), expected({2026, 12, 31, 10.5})));
-  for (const char* name : {"shadowTime", "shadowDay"}) {
-    EXPECT_FALSE(slider(name).accessibleName().isEmpty());
-    EXPECT_EQ(slider(name).accessibleDescription(), label((std::string(name) + "Value").c_str()));
-  }
+  EXPECT_EQ(slider("shadowDay").accessibleDescription(), "2026-12-31");
+  EXPECT_TRUE(isOf({2026, 12, 31, 10.5}));
 }
 
-// Its end lies on the sheet where the drawing has the sun of that moment, whichever way the sheet
-// is turned.
+// It lies on the sheet where the drawing does, whichever way the sheet is turned.
 TEST_F(ShadowBarTest, LiesAsTheSheetDoes) {
   const QColor blue(redOf(kShadowBlue), greenOf(kShadowBlue), blueOf(kShadowBlue));
-  const auto blueBeside = [&](double signX, double signY) {
+  const auto blueWithSign = [&](double signX) {
     const SheetPlot& plot = desk.program.sheet();
-    const proof::Polyline& line = canvas.shadow().front();
-    const Punto at = line[line.size() / 2];
-    const QPointF place(plot.ShiftX() + signX * at.x, plot.ShiftY() - signY * at.y);
+    const Punto at = canvas.shadow().front().back();
+    const QPointF place(plot.ShiftX() + signX * at.x, plot.ShiftY() - at.y);
     return picture().pixelColor(canvas.toPixel(place).toPoint()) == blue;
   };
   canvas.zoomBy(3);
-  const auto settled = [this] { return canvas.sharp(); };
-  ASSERT_TRUE(QTest::qWaitFor(settled, 20000));
-  EXPECT_TRUE(blueBeside(1, 1));
+  waitUntilSharp(canvas);
+  EXPECT_TRUE(blueWithSign(1));
   desk.program.view().press(SheetCommand::cmdInvX);
-  QCoreApplication::processEvents();
-  ASSERT_TRUE(QTest::qWaitFor(settled, 20000));
-  EXPECT_TRUE(blueBeside(-1, 1));
-  sheet.shadowAction()->trigger();
-  EXPECT_TRUE(canvas.shadow().empty());
-  EXPECT_FALSE(bar.isVisible());
+  waitUntilSharp(canvas);
+  EXPECT_TRUE(blueWithSign(-1));
+  EXPECT_FALSE(blueWithSign(1));
 }
 
 TEST_F(ShadowBarTest, TellsWhatTheDialReadsOrWhyNothing) {
   const Panel& panel = desk.program.panel();
   const Sun sun = sunAt(panel, {2026, 6, 21, 10.5});
-  EXPECT_TRUE(label("shadowReading")
-                  .startsWith("The dial reads " + shown(clockText(hourTold(panel, sun))) + "."))
-      << label("shadowReading").toStdString();
-  EXPECT_TRUE(
-      label("shadowReading").contains(QString::number(placeInSky(panel, sun).height, 'f', 1)));
+  const QString reading = "The dial reads " + shown(clockText(hourTold(panel, sun))) + ".";
+  EXPECT_TRUE(label("shadowReading").startsWith(reading)) << label("shadowReading").toStdString();
   slider("shadowTime").setValue(0);
   EXPECT_EQ(label("shadowReading"), "The sun is down.");
   EXPECT_TRUE(canvas.shadow().empty());
@@ -113,32 +91,15 @@ TEST_F(ShadowBarTest, TellsWhatTheDialReadsOrWhyNothing) {
 
 // Before any run, and while it is hidden without any work.
 TEST_F(ShadowBarTest, FollowsThePanel) {
-  const auto before = canvas.shadow();
+  const proof::Instant moment{2026, 6, 21, 10.5};
   desk.type(Field::TxtStilo, "0.45");
-  EXPECT_FALSE(same(canvas.shadow(), before));
-  EXPECT_TRUE(same(canvas.shadow(), expected({2026, 6, 21, 10.5})));
-  desk.window.history().undo();
-  EXPECT_TRUE(same(canvas.shadow(), before));
+  EXPECT_TRUE(isOf(moment));
   sheet.shadowAction()->trigger();
-  desk.type(Field::TxtStilo, "0.3");
+  EXPECT_FALSE(bar.isVisible());
+  desk.window.history().undo();
   EXPECT_TRUE(canvas.shadow().empty());
   sheet.shadowAction()->trigger();
-  EXPECT_TRUE(same(canvas.shadow(), expected({2026, 6, 21, 10.5})));
-}
-
-TEST_F(ShadowBarTest, CutsNoTextInTheSmallestWindow) {
-  for (const char* language : {"en", "it", "fr", "es"}) {
-    Program other{{desk.folder.path(), DIALWRIGHT_DATA_DIR, language}};
-    ShadowBar narrow(other);
-    narrow.resize(640, narrow.sizeHint().height());
-    narrow.show();
-    for (const int hour : {0, 6, 12, 20}) {
-      narrow.setMoment(QDate(2026, 6, 21), hour * 60);
-      for (const QLabel* each : narrow.findChildren<QLabel*>()) {
-        EXPECT_LE(each->sizeHint().width(), each->width()) << each->text().toStdString();
-      }
-    }
-  }
+  EXPECT_TRUE(isOf(moment));
 }
 
 }  // namespace

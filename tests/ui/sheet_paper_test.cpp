@@ -1,45 +1,29 @@
 // Exports are the command line's files, and the toolkit's printer gets the sheet's pages.
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
-#include <QComboBox>
 #include <QMessageBox>
 #include <QPrintPreviewDialog>
-#include <QTimer>
 
 #include "paper/page_writer.hpp"
 #include "paper/reading.hpp"
-#include "support/folder.hpp"
 #include "ui/application.hpp"
-#include "ui/sheet_canvas.hpp"
 #include "ui/sheet_widget.hpp"
-#include "ui/text.hpp"
 
 namespace dialwright {
 namespace {
 
-// How many black pixels of a picture have none within two pixels in another.
+// How many cells of four pixels hold ink in a picture, and none within three pixels in another,
+// where that one reaches.
 int uncovered(const Picture& picture, const Picture& other) {
-  constexpr int kBlackest = 60, kInked = 200, kNear = 2;
-  const auto near = [&](int x, int y) {
-    for (int dy = -kNear; dy <= kNear; ++dy) {
-      for (int dx = -kNear; dx <= kNear; ++dx) {
-        const bool on = x + dx >= 0 && y + dy >= 0 && x + dx < other.width && y + dy < other.height;
-        if (on && other.at(x + dx, y + dy) < kInked) return true;
-      }
-    }
-    return false;
-  };
   int count = 0;
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      count += picture.at(x, y) < kBlackest && !near(x, y) ? 1 : 0;
+  for (int y = 3; y + 7 < std::min(picture.height, other.height); y += 4) {
+    for (int x = 3; x + 7 < std::min(picture.width, other.width); x += 4) {
+      const bool inked = picture.inkedPixels(x, y, x + 4, y + 4) > 0;
+      count += inked && other.inkedPixels(x - 3, y - 3, x + 7, y + 7) == 0 ? 1 : 0;
     }
   }
   return count;
 }
 
-class SheetPaperTest : public ::testing::Test {
+class SheetPaperTest : public ::testing::Test, protected Workplace {
  protected:
   SheetPaperTest() {
     program.CmdRun_Click();
@@ -47,8 +31,7 @@ class SheetPaperTest : public ::testing::Test {
     widget.exports().ask = [this](const QString&, const QString& start, const QString& filters,
                                   QString& chosen) {
       proposed = start;
-      offered = filters.split(";;");
-      if (!wanted.isEmpty()) chosen = wanted;
+      if (filters.split(";;").contains(wanted)) chosen = wanted;
       return answer;
     };
     widget.showPreview = [this](const QString&, const PrintDocument& document) {
@@ -62,40 +45,30 @@ class SheetPaperTest : public ::testing::Test {
     QObject::connect(&widget, &SheetWidget::message, [this](const QString& t) { said = t; });
   }
 
-  void press(const char* name) { widget.findChild<QAbstractButton*>(name)->click(); }
+  void press(const char* name) { named<QAbstractButton>(name, widget).click(); }
   void answerWith(std::string_view name) { answer = shown((folder / name).string()); }
 
-  const Folder folder;
-  Program program{{folder.path(), DIALWRIGHT_DATA_DIR, ""}};
   SheetWidget widget{program};
   QString answer, proposed, wanted, said;
-  QStringList offered;
   QPageSize::PageSizeId paper = QPageSize::A4;
   std::filesystem::path printed = folder / "printed.pdf";
 };
 
 TEST_F(SheetPaperTest, EveryFormatIsThatOfTheCommandLine) {
   for (const ExportKind& kind : exportKinds(program)) {
-    const std::string name = "dial." + kind.ending;
     wanted = shown(kind.title + " (*." + kind.ending + ")");
     answerWith("dial");  // the filter gives the ending
     ASSERT_TRUE(widget.exports().exportAs()) << kind.title;
-    EXPECT_TRUE(offered.contains(wanted));
     std::string bytes;
     const Sink sink = [&bytes](std::string_view chunk) { bytes += chunk; };
-    if (kind.pages) {
-      EXPECT_EQ(writePages(program.sheet(), sink), "");
-    } else {
-      EXPECT_EQ(findExportFormat(kind.ending)->write(program, kind.options, sink), "");
-    }
+    EXPECT_EQ(kind.pages ? writePages(program.sheet(), sink)
+                         : findExportFormat(kind.ending)->write(program, kind.options, sink),
+              "");
     EXPECT_GT(bytes.size(), 300u) << kind.title;
-    EXPECT_TRUE(folder.get(name) == bytes) << kind.title;
-    std::filesystem::remove(folder / name);
+    EXPECT_TRUE(folder.get("dial." + kind.ending) == bytes) << kind.title;
+    std::filesystem::remove(folder / ("dial." + kind.ending));
   }
-}
-
-TEST_F(SheetPaperTest, ATypedEndingGoesBeforeTheFilter) {
-  answerWith("typed.SVG");
+  answerWith("typed.SVG");  // a typed ending goes before the filter
   ASSERT_TRUE(widget.exports().exportAs());
   EXPECT_NE(folder.get("typed.SVG").find("<svg"), std::string::npos);
   answer.clear();
@@ -103,44 +76,43 @@ TEST_F(SheetPaperTest, ATypedEndingGoesBeforeTheFilter) {
 }
 
 TEST_F(SheetPaperTest, TheBarsOwnCommandsProposeTheirNames) {
-  answerWith("a.dxf");
-  press("cmdDxf");
-  EXPECT_TRUE(proposed.startsWith(shown((program.config().workingFolder / "DXF2").string())));
-  EXPECT_NE(folder.get("a.dxf").find("EOF"), std::string::npos);
-  answerWith("b.bmp");
-  press("cmdSave");
-  EXPECT_TRUE(proposed.endsWith("Image.bmp"));
-  EXPECT_EQ(folder.get("b.bmp").substr(0, 2), "BM");
+  struct Case {
+    const char *button, *proposed, *file, *part;
+  };
+  for (const Case& each :
+       {Case{"cmdDxf", "/DXF2", "a.dxf", "EOF"}, Case{"cmdSave", "/Image.bmp", "b.bmp", "BM"}}) {
+    answerWith(each.file);
+    press(each.button);
+    EXPECT_TRUE(proposed.contains(each.proposed)) << proposed.toStdString();
+    EXPECT_NE(folder.get(each.file).find(each.part), std::string::npos) << each.file;
+  }
 }
 
-TEST_F(SheetPaperTest, AFailureIsASentenceAndLeavesTheOldFile) {
-  folder.put("kept.bmp", "old");
-  program.sheet().resizeRaw(0, 0);
-  answerWith("kept.bmp");
+TEST_F(SheetPaperTest, AFailureIsASentence) {
   QString sentence;
-  QTimer::singleShot(0, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
-    sentence = box->text();
-    box->accept();
+  whenShown<QMessageBox>([&](QMessageBox& box) {
+    sentence = box.text();
+    box.accept();
   });
+  answerWith("no/such.bmp");
   press("cmdSave");
-  EXPECT_EQ(sentence, "The sheet has no size.");
-  EXPECT_EQ(folder.get("kept.bmp"), "old");
-  const QString missing = widget.exports().write({"", "svg", {}}, folder / "no" / "such.svg");
-  EXPECT_TRUE(missing.contains("such.svg")) << missing.toStdString();
+  EXPECT_TRUE(sentence.contains("such.bmp")) << sentence.toStdString();
+  printed = folder / "no" / "such.pdf";
+  press("cmdStampa");
+  EXPECT_TRUE(said.startsWith("The printer takes no pages")) << said.toStdString();
+  EXPECT_FALSE(program.sheet().OutputToPRN());
 }
 
 TEST_F(SheetPaperTest, PrintsTheSelectedPagesAtTrueSize) {
   SheetPlot& sheet = program.sheet();
   sheet.Clear();
-  // A line through the middle of the second page of the third row, 0.05 to 0.15 m from its left.
+  // A cross on the second page of the third row, 0.1 m from its left and from its top.
   const PageGrid grid(sheet);
   const SelectedPage page = grid.page(2 * grid.columns() + 2);
-  const double x = page.x + sheet.xMin();
+  const double x = page.x + sheet.xMin() + 0.1;
   const double y = page.y + sheet.yMin() + 0.1;
-  sheet.xLine(x + 0.05, y, x + 0.15, y, palette(14));
-  sheet.xLine(x + 0.10, y - 0.05, x + 0.10, y + 0.05, palette(14));
+  sheet.xLine(x - 0.05, y, x + 0.05, y, palette(14));
+  sheet.xLine(x, y - 0.05, x, y + 0.05, palette(14));
   program.view().xTrovaA4(page.x + 0.01, page.y + 0.01);
   program.view().xTrovaA4(0.01, 0.01);
   press("cmdStampa");
@@ -152,93 +124,60 @@ TEST_F(SheetPaperTest, PrintsTheSelectedPagesAtTrueSize) {
   const PdfReader reader(folder.get("printed.pdf"));
   EXPECT_EQ(reader.info("Pages"), "2");
   EXPECT_EQ(reader.info("Page size").substr(0, 9), "595 x 842");
-  constexpr int kResolution = 300;
-  constexpr double kDots = kResolution / 0.0254;
-  const Picture first = reader.rendered(1, kResolution);
-  const auto dot = [](double metres) { return static_cast<int>(metres * kDots); };
-  const double left = kMarginX, top = kMarginY;
-  EXPECT_NEAR(first.crossingOfRow(dot(top + 0.07), dot(0.06), dot(0.15)), (left + 0.10) * kDots, 1);
-  EXPECT_NEAR(first.crossingOfColumn(dot(left + 0.07), dot(0.06), dot(0.2)), (top + 0.1) * kDots,
-              1);
-  EXPECT_EQ(
-      first.inkedPixels(dot(left + 0.151), dot(top + 0.09), dot(left + 0.18), dot(top + 0.11)), 0);
+  const Picture first = reader.rendered(1, 254);  // ten dots a millimetre
+  const auto dot = [](double metres) { return static_cast<int>(metres * 10000); };
+  const int x1 = dot(kMarginX + 0.1), y1 = dot(kMarginY + 0.1), arm = dot(0.05), beside = 100;
+  EXPECT_NEAR(first.crossingOfRow(y1 - beside, x1 - arm, x1 + arm), x1, 1);
+  EXPECT_NEAR(first.crossingOfColumn(x1 - beside, y1 - arm, y1 + arm), y1, 1);
+  EXPECT_EQ(first.inkedPixels(x1 + arm + 10, y1 - 10, x1 + arm + 100, y1 + 10), 0);
 }
 
+// Also on other paper: at the same places, and a word when it cuts the page.
 TEST_F(SheetPaperTest, PrintsTheMarkedPagesThatTheCommandLineWrites) {
-  widget.previewPages();
-  EXPECT_EQ(said, "");
   std::string bytes;
   ASSERT_EQ(writePages(program.sheet(), [&](std::string_view chunk) { bytes += chunk; }), "");
-  const PdfReader ours(folder.get("printed.pdf"));
   const PdfReader theirs(bytes);
-  ASSERT_EQ(ours.info("Pages"), theirs.info("Pages"));
-  for (const int page : {1, 2}) {
-    const Picture a = ours.rendered(page, 100);
-    const Picture b = theirs.rendered(page, 100);
-    EXPECT_GT(uncovered(b, {}), 1000) << "there is ink on page " << page;
-    EXPECT_EQ(uncovered(a, b), 0) << "page " << page;
-    EXPECT_EQ(uncovered(b, a), 0) << "page " << page;
+  struct Case {
+    QPageSize::PageSizeId paper;
+    const char* word;
+  };
+  const char* cut = "The paper is smaller than an upright A4";
+  for (const Case& each : {Case{QPageSize::A4, ""}, Case{QPageSize::A3, ""},
+                           Case{QPageSize::A5, cut}, Case{QPageSize::Letter, cut}}) {
+    paper = each.paper;
+    SCOPED_TRACE(QPageSize::name(paper).toStdString());
+    said.clear();
+    widget.previewPages();
+    EXPECT_EQ(said.left(39), each.word);
+    const PdfReader ours(folder.get("printed.pdf"));
+    ASSERT_EQ(ours.info("Pages"), theirs.info("Pages"));
+    for (const int page : {1, 2}) {
+      const Picture a = ours.rendered(page, 100), b = theirs.rendered(page, 100);
+      EXPECT_GT(a.inkedPixels(0, 0, a.width, a.height), 500);
+      EXPECT_EQ(uncovered(a, b) + uncovered(b, a), 0) << "page " << page;
+    }
   }
   program.sheet().Clear();
   widget.previewPages();
   EXPECT_EQ(said, "No page of this sheet carries ink.");
 }
 
-TEST_F(SheetPaperTest, SmallerPaperCutsThePageAtTrueSizeAndIsTold) {
-  widget.previewPages();
-  EXPECT_EQ(said, "");
-  constexpr int kResolution = 100;
-  const Picture whole = PdfReader(folder.get("printed.pdf")).rendered(1, kResolution);
-  for (const auto size : {QPageSize::A5, QPageSize::Letter}) {
-    paper = size;
-    said.clear();
-    widget.previewPages();
-    EXPECT_TRUE(said.startsWith("The paper is smaller than an upright A4")) << said.toStdString();
-    const Picture cut = PdfReader(folder.get("printed.pdf")).rendered(1, kResolution);
-    EXPECT_LT(cut.height, whole.height);
-    int ink = 0, different = 0;
-    for (int y = 0; y < cut.height; ++y) {
-      for (int x = 0; x < std::min(cut.width, whole.width); ++x) {
-        ink += cut.at(x, y) < 128 ? 1 : 0;
-        different += (cut.at(x, y) < 128) != (whole.at(x, y) < 128) ? 1 : 0;
-      }
-    }
-    EXPECT_GT(ink, 500);
-    EXPECT_LT(different, ink / 20) << "the same places";
-  }
-  paper = QPageSize::A3;
-  widget.previewPages();
-  said.clear();
-  widget.previewPages();
-  EXPECT_EQ(said, "");
-}
-
 TEST_F(SheetPaperTest, ThePreviewIsOfThePrinterThatWasSetUp) {
   SheetWidget other(program);
-  QString told;
-  QObject::connect(&other, &SheetWidget::message, [&](const QString& text) { told = text; });
+  QObject::connect(&other, &SheetWidget::message, [this](const QString& text) { said = text; });
   if (other.printer().outputFormat() == QPrinter::PdfFormat) {
     other.setUpPrinter();
-    EXPECT_TRUE(told.startsWith("There is no printer to set up")) << told.toStdString();
+    EXPECT_TRUE(said.startsWith("There is no printer to set up")) << said.toStdString();
   }
   other.printer().setPageSize(QPageSize(QPageSize::A5));
   const QPrinter* previewed = nullptr;
-  QTimer::singleShot(200, &other, [&] {
-    auto* dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    previewed = dialog->printer();
-    dialog->reject();
+  whenShown<QPrintPreviewDialog>([&](QPrintPreviewDialog& dialog) {
+    previewed = dialog.printer();
+    dialog.reject();
   });
   other.previewPages();
   EXPECT_EQ(previewed, &other.printer());
-  EXPECT_TRUE(told.startsWith("The paper is smaller")) << told.toStdString();
-}
-
-TEST_F(SheetPaperTest, APrinterThatCannotPrintIsASentence) {
-  printed = folder / "no" / "such" / "folder.pdf";
-  press("cmdStampa");
-  EXPECT_TRUE(said.startsWith("The printer takes no pages")) << said.toStdString();
-  EXPECT_FALSE(program.sheet().OutputToPRN());
+  EXPECT_TRUE(said.startsWith("The paper is smaller")) << said.toStdString();
 }
 
 }  // namespace
