@@ -21,7 +21,6 @@ struct Group {
   std::vector<Known> rows;
 };
 
-// clang-format off: a row a line
 const Group kGroups[] = {
     {"txtDecl=-14.57 txt_Definition=5 TxtInizio=0 TxtFine=24",
      {
@@ -158,7 +157,6 @@ const Group kGroups[] = {
          {Item::mnuConoAntico, "chkOreAstronomiche txtLAT=10 txtSemi=80", Hours, 6368, 2095, 0,
           6368},
      }}};
-// clang-format on
 
 ProofTally tallyOf(ProvenDial& dial, CurveFamily family) {
   const proof::LayerProof all = dial.proof.total();

@@ -72,9 +72,8 @@ class ProvenDial : public DialCase {
     return *this;
   }
 
-  // Runs anew and judges what is drawn; a dial that refuses has no strokes, and fields that make no
-  // scene have no proof.
-  ProvenDial& prove(bool trueOnly = false) {
+  // Runs anew; a dial that refuses has no strokes.
+  ProvenDial& draw(bool trueOnly = false) {
     sheet.Clear();
     sheet.list().keepMeanings(true);
     panel.setState(Field::ckTrue, trueOnly);
@@ -85,7 +84,14 @@ class ProvenDial : public DialCase {
     sheet.judge(nullptr);
     // Of the panel with the run's results.
     scene_ = before ? proof::sceneOf(panel) : std::nullopt;
-    proof = scene_ ? proof::prove(sheet.list(), *scene_) : proof::Proof{};
+    proof = {};
+    keepStrokes();
+    return *this;
+  }
+  // The same with its proof, an empty one for fields that make no scene.
+  ProvenDial& prove(bool trueOnly = false) {
+    draw(trueOnly);
+    if (scene_) proof = proof::prove(sheet.list(), *scene_);
     keepStrokes();
     return *this;
   }
@@ -110,7 +116,7 @@ class ProvenDial : public DialCase {
     sheet.QuadranteL(15);
     sheet.ShiftX(7.5);
     sheet.ShiftY(7.5);
-    with("txtNumbersize=1e-9 txtArabi=1e-9").prove(trueOnly);
+    with("txtNumbersize=1e-9 txtArabi=1e-9").draw(trueOnly);
     std::vector<Punto> places;
     const DisplayList& list = sheet.list();
     for (std::size_t i = 0; i < list.lines.size(); ++i) {
