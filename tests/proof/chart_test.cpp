@@ -63,8 +63,6 @@ TEST(Chart, ItsSceneTellsDayFromNight) {
     EXPECT_EQ(judgement.lit, lit) << hour;
     EXPECT_EQ(judgement.miss < 1e-12, lit) << hour;
   }
-  panel.setText(Field::TxtRadius, "0");
-  EXPECT_FALSE(sceneOf(panel));
 }
 
 }  // namespace

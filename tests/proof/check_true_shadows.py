@@ -1,4 +1,4 @@
-"""With --true every stroke of every dial is a true shadow, over 504 random sites, surfaces and panels.
+"""With --true every stroke of every dial is a true shadow, over 240 random sites, surfaces and panels.
 
 usage: check_true_shadows.py SOURCE_DIR PROGRAM
 """
@@ -11,7 +11,7 @@ from concurrent.futures import ThreadPoolExecutor
 
 PROGRAM = sys.argv[2]
 FOLDER = tempfile.mkdtemp()
-PANELS = 21  # of each dial
+PANELS = 10  # of each dial
 BOXES = ["ck_Italiche=1", "ck_babiloniche=1", "ckTemp=1", "ck_Lemniscate=1", "Ck_DayLightCurves=1", "ckAlt=1",
          "ckAz=1", "CkQibla=1", "ckAsr=1"]
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "proof/prove.hpp"
+#include "support/proven_dial.hpp"
 
 namespace dialwright::proof {
 namespace {
@@ -125,6 +125,21 @@ TEST(Scene, HasCastersOfAFamily) {
   const Punto shadow = shadowOfStyle({0, 0});
   EXPECT_LT(scene.judge(shadow, CurveFamily::Hours, Sun{0, 0}).miss, 1e-12);
   EXPECT_NEAR(scene.judge(shadow, CurveFamily::Analemma, Sun{0, 0}).miss, 0.2, 1e-12);
+}
+
+// A cone that doesn't narrow, a border beside it, a surface without a size.
+TEST(Scene, IsNoneOfSenselessFields) {
+  for (const auto& [dial, settings] : {std::pair{Item::mnuCorncon, "TxtStilo=.5"},
+                                       {Item::mnuCorncon, "TxtStilo=.6"},
+                                       {Item::mnuCorncon, "TxtRadius=0"},
+                                       {Item::mnuCorncon, "txt_R2=0"},
+                                       {Item::mnuCorncon, "txt_R2=.6"},
+                                       {Item::mnuCorncon, "txtD1=0"},
+                                       {Item::mnuCorncil, "TxtRadius=0"},
+                                       {Item::mnuCorn_flat, "TxtRadius=0"},
+                                       {Item::mnuCorn_flat2, "TxtRadius=0"},
+                                       {Item::mnuDia, "TxtRadius=0"}})
+    EXPECT_FALSE(sceneOf(ProvenDial(dial, settings).panel)) << settings;
 }
 
 // --- The judge
