@@ -348,7 +348,11 @@ TEST(StereographicChart, TheHoursAreThoseOfTheHorizonsPoints) {
 }
 
 TEST(StereographicChart, TheSouthIsRefusedAndThePolarCircleLeftBlank) {
-  expectRefusesSouth(Item::mnuDia, DiagrammaStereografico);
+  DialCase south(Item::mnuDia, DiagrammaStereografico);
+  south.set(Field::txtLAT, "-0.1").run();
+  EXPECT_TRUE(south.refused && south.entities() == 0);
+  EXPECT_EQ(south.messages,
+            std::vector<std::string>{"Sorry, unable to work in the Southern hemisphere "});
   for (const double latitude : {66.556, 90.0}) {
     Chart polar(latitude);
     EXPECT_EQ(polar.entities() + polar.messages.size() + polar.busy, 0u);

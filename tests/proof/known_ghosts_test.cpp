@@ -45,7 +45,7 @@ const Group kGroups[] = {
          {Item::mnuVertSph, "chkOreAstronomiche txtLAT=10 txtDecl=180", Hours, 708, 66, 0, 750},
          // Hours from the horizon that are missing.
          {Item::M_Inclinati, "ck_Italiche CkConic txtReclinZ=60", Italic, 1228, 559, 665, 1531},
-         {Item::M_Frinter, "ck_Italiche CkConic", Italic, 0, 10, 5, 194},
+         {Item::M_Frinter, "ck_Italiche CkConic", Italic, 0, 10, 5, 14},
          {Item::M_Light, "ck_Italiche CkConic", Italic, 4777, 451, 158, 4957},
          // Tangents of the equator's latitude; a wall that holds the axis; a level plane.
          {Item::M_Light, "chkOreAstronomiche txtLAT=0 txtDecl=-90", Hours, 0, 0, 13, 11},

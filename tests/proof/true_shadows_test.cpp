@@ -142,7 +142,7 @@ const Row kRows[] = {
      0.03,
      0.75,
      {Hours, Declinations, Italic, Babylonian},
-     10},
+     12},
     {Item::M_Parabolico, kFamilies, kCylinders, 0.03, 0.75, {Hours, Equinoctial}},
     {Item::mnuCircp, kFamilies, kCylinders, 0.03, 0.75},
     {Item::mnuCCs, kFamilies, kCylinders, 0.0002, 0.93},
