@@ -66,7 +66,8 @@ TEST(EqTempo, CountsDaysInBothCalendars) {
   EXPECT_EQ(julianDay(2000, 1, 1, 36), julianDay(2000, 1, 1, 12));
 }
 
-TEST_F(BoardTest, EachNotationFollowsTheOther) {
+TEST_F(BoardTest, OpensInThePanelsZoneAndEachNotationFollowsTheOther) {
+  EXPECT_EQ(board.text(BoardField::TxtFuso), "-1");
   board.click(BoardField::OptModoSess, true);
   calculate({{BoardField::txtLonG, "0"}, {BoardField::txtLonP, "30"}, {BoardField::txtLonS, ""}});
   for (const char* turned : {"-0.5", "0.5", "-0.5"}) {
