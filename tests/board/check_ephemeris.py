@@ -61,7 +61,7 @@ def main():
     chance = random.Random(1582)
     first = datetime.datetime(1800, 1, 1)
     seconds = int((datetime.datetime(2200, 12, 31) - first).total_seconds())
-    worst, faults = dict.fromkeys(LIMITS, 0.0), []
+    faults = []
     for _ in range(CASES):
         when = first + datetime.timedelta(seconds=chance.randrange(seconds))
         latitude = round(math.degrees(math.asin(chance.uniform(-0.9999, 0.9999))), 4)
@@ -69,12 +69,10 @@ def main():
         ours, theirs = board(when, latitude, longitude), sky(when, latitude, longitude)
         for name, limit in LIMITS.items():
             apart = abs(difference(name, ours, theirs))
-            worst[name] = max(worst[name], apart)
             if not apart <= limit:
                 faults.append(f"{when} at {latitude}, {longitude}: {name} is off by {apart:.4g}")
     print("\n".join(faults[:30]))
-    print(f"{CASES} cases, {len(faults)} faults; greatest differences:",
-          ", ".join(f"{name} {value:.3g}" for name, value in worst.items()))
+    print(f"{CASES} cases, {len(faults)} faults")
     return 1 if faults else 0
 
 

@@ -15,13 +15,9 @@ import sys
 KNOWN = [
     ("Portugal", 38.78, -9.50, "Cabo da Roca"),
     ("South Africa", -34.83, 20.00, "Cape Agulhas"),
-    ("Chile", -55.98, -67.27, "Cape Horn"),
-    ("India", 8.08, 77.55, "Cape Comorin"),
-    ("Australia", -10.69, 142.53, "Cape York"),
     ("Norway", 71.17, 25.78, "North Cape"),
     ("New Zealand", -34.42, 172.68, "Cape Reinga"),
     ("United States of America", 48.38, -124.72, "Cape Flattery"),
-    ("Senegal", 14.74, -17.52, "Cap-Vert"),
 ]
 # Name and number of a run, latitude, longitude.
 ROW = re.compile(r"((\D*[^\d\s]\D*)\d+);(-?\d+\.?\d*);(-?\d+\.?\d*)")

@@ -32,14 +32,10 @@ TEST(Cities, AgreeWithTheTimeZoneDatabase) {
   const struct {
     std::string_view name;
     int latitude, longitude;  // North and East positive
-  } rows[] = {
-      {"Brisbane", -2728, 15302}, {"Tokio", 3539, 13945},     {"Perth", -3157, 11551},
-      {"Singapore", 117, 10351},  {"Moscow", 5545, 3737},     {"Nairobi", -117, 3649},
-      {"Roma", 4154, 1229},       {"Paris", 4852, 220},       {"Lisboa", 3843, -908},
-      {"Dakar", 1440, -1726},     {"New York", 4043, -7400},  {"Buenos Aires", -3436, -5827},
-      {"Lima", -1203, -7703},     {"Mexico", 1924, -9909},    {"Los Angeles", 3403, -11814},
-      {"Juneau", 5818, -13425},   {"Papeete", -1732, -14934}, {"North Pole", 9000, 0},
-      {"South Pole", -9000, 0}};
+  } rows[] = {{"Brisbane", -2728, 15302},     {"Singapore", 117, 10351}, {"Moscow", 5545, 3737},
+              {"Nairobi", -117, 3649},        {"Roma", 4154, 1229},      {"Lisboa", 3843, -908},
+              {"Buenos Aires", -3436, -5827}, {"New York", 4043, -7400}, {"Papeete", -1732, -14934},
+              {"North Pole", 9000, 0},        {"South Pole", -9000, 0}};
   for (const auto& row : rows) {
     const auto city = std::ranges::find(cities(), row.name, &City::name);
     ASSERT_NE(city, cities().end()) << row.name;

@@ -132,7 +132,6 @@ TEST(Report, CriticalDeclinations) {
   // At the sun's critical declination it rises in the wall's own line.
   const double critical = text.number("critical declination of the sun = ±");
   EXPECT_NEAR(dot(sunrise(critical), text.plane.normal), 0, 1e-4);
-  EXPECT_EQ(text.after("Sun's declination = ", 3), "-10.111°");
   // A wall in the line of the sunrise at the solstice.
   const Vec solstice = sunrise(23.445);
   EXPECT_NEAR(deg(std::atan2(solstice.y, solstice.x)),
@@ -333,23 +332,18 @@ TEST(Report, SpecialCases) {
       // A wall without declination has no level hour line but those of six.
       {{45.7438, 0}, none, "horizontal hour:    12"},
       {{45, 0}, onlyTrue, "horizontal hour:    6    18"},
-      {{45, 180}, onlyTrue, "horizontal hour:    6    18"},
       {{45, -14.57}, onlyTrue, "horizontal hour:    17.30"},
       // A style that lies in its plane has no centre.
       {{45.7438, 90}, none, "Style: hypotenuse = inf"},
       {{45.7438, 90}, none, "Distance Foot Center: cathetus = inf|Style elevation  0°"},
-      {{45.7438, 90}, none, "Center coordinates  : inf    inf"},
       {{45.7438, 90}, tables, " CP = inf"},
-      {{90, 10}, none, "Style: hypotenuse = inf"},
       // The circle constant is a little more than pi: at a pole, where a right angle stands in the
       // formulas, the seasons change places.
       {{90, 10}, none, "Shortest day:   0 h "},
       {{90, 10}, none, "Sun's declination = 23.445°|Sun off dial all the day "},
-      {{67, 10}, none, "Longest day:   24 h "},
       {{-30, 10}, none, "Longest day:    13h 56'"},
       // On the equator an upright wall's substyle is the line of six, but its hour has no form: it
       // keeps the older one, carried half a turn to its side.
-      {{0, 20}, none, "Longest day:    12h 0'"},
       {{0, 20}, none, "Substyle distance  : 90°"},
       {{0, 20}, none, "Substyle hour = 24 h"},
       {{0, -30}, onlyTrue, "Substyle hour = 6 h"},
@@ -357,8 +351,6 @@ TEST(Report, SpecialCases) {
       {{45.7438, 60}, none, "critical declination of the sun", {}, true},
       // A figure of four decimals is not cut again to five, which would take it for 16.01279.
       {{45.7438, 40, 20}, none, "Angle between max slope line and noon  : 16.0128°"},
-      {{45.7438, 25, 90}, none, "Center coordinates  : 0    "},
-      {{45.7438, 25, 90}, none, "Substyle distance  : 0°"},
       {{45.7438, 25, 90}, none, "latitude f1 =  44.2562°"},
       {{45.7438, 25, 90}, none, "horizon ordinate:    inf m"},
       {{45.7438, 25, 90}, none, "Declination ", {}, true},
