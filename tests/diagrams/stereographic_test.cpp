@@ -12,7 +12,6 @@
 #include "lettering/roman.hpp"
 #include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
-#include "support/odd_input.hpp"
 #include "support/sky.hpp"
 
 namespace dialwright {
@@ -357,12 +356,6 @@ TEST(StereographicChart, TheSouthIsRefusedAndThePolarCircleLeftBlank) {
     Chart polar(latitude);
     EXPECT_EQ(polar.entities() + polar.messages.size() + polar.busy, 0u);
   }
-}
-
-TEST(StereographicChart, OddInputIsBounded) {
-  expectBounded(Item::mnuDia, DiagrammaStereografico, {Field::ckRomani},
-                {Field::txtLAT, Field::TxtRadius, Field::txtDecl, Field::txtReclinZ, Field::TxtHour,
-                 Field::txtNumbersize, Field::txtZodiacsize});
 }
 
 }  // namespace

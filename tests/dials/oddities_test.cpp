@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "dials/ledger.hpp"
-#include "dials/program_case.hpp"
+#include "support/dial_case.hpp"
 
 namespace dialwright {
 namespace {
@@ -105,7 +105,7 @@ const Row kRows[] = {
 
 TEST(Oddities, AreKept) {
   for (const Row& row : kRows) {
-    ProgramCase dial(row.program, row.settings);
+    DialCase dial(row.program, row.settings);
     dial.run();
     EXPECT_EQ(Ledger(dial.sheet.list()).count(row.what), row.count)
         << row.what << " of program " << row.program << ' ' << row.settings;

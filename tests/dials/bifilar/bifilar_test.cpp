@@ -2,9 +2,10 @@
 // that are no shadows.
 #include <gtest/gtest.h>
 
-#include "dials/program_case.hpp"
+#include "dials/bifilar/catenaria.hpp"
 #include "dials/shadow_model.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 
 namespace dialwright {
 namespace {
@@ -54,7 +55,7 @@ TEST(Demonstrations, PlotTheBallsShadow) {
               {26, "txtDecl=20 txtAO=-25 txtDelta=12", 10, wall, .2, 0, 0, -23.445},
               {26, "txtDecl=20 txtAO=-25 txtDelta=12 ckFunction", 10, wall, .2, 0, -25, 12}};
   for (const auto& row : rows) {
-    ProgramCase dial(row.program, "ckRomani ckArabi x1txt=-.9 x2txt=.9 y1txt=.6");
+    DialCase dial(row.program, "ckRomani ckArabi x1txt=-.9 x2txt=.9 y1txt=.6");
     dial.with(row.settings).run();
     const Vec s = sun(rad(kLatitude), rad(row.H), rad(row.d));
     expectOutlines(row.radius, row.height, row.plane, s, dial.pointsIn(palette(row.outline)),
@@ -71,7 +72,7 @@ TEST(Demonstrations, PlotTheBallsShadow) {
 // But with true shadows, which have no ball's oval in the place of the rim's either.
 TEST(Demonstrations, TheFountainsPlanTakesTheLatitudeOfTheRunBefore) {
   for (const bool trueOnly : {false, true}) {
-    ProgramCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 txtDecl=30");
+    DialCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 txtDecl=30");
     dial.panel.setState(Field::ckTrue, trueOnly);
     for (const double latitude : {trueOnly ? kLatitude : 0, kLatitude}) {
       dial.sheet.Clear();
@@ -99,7 +100,7 @@ TEST(Demonstrations, TheFountainsSectionFollowsTheLowerRadius) {
                                           {0.15, 2 * pi - pi / 6, pi + pi / 6},
                                           {0.4, 2 * pi, 2 * pi},
                                           {-0.15, pi / 6, pi - pi / 6}}) {
-    ProgramCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 txtDecl=30");
+    DialCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction txtAO=32.5 txtDecl=30");
     dial.set(Field::txt_R2, textOf(lower)).run();
     const CircleRecord section = dial.sheet.list().circles.end()[-2];
     EXPECT_NEAR(section.y, -0.6 - lower, 1e-12);
@@ -113,14 +114,14 @@ TEST(Demonstrations, TheFountainsSectionFollowsTheLowerRadius) {
 // a drawing of true shadows.
 TEST(Demonstrations, TheBallMarksTheVirtualStyle) {
   for (const bool trueOnly : {false, true}) {
-    ProgramCase dial(22, "ck_Triangolo TxtRadius=.15 txtD1=.1 txtAO=32.5 txtDelta=10");
+    DialCase dial(22, "ck_Triangolo TxtRadius=.15 txtD1=.1 txtAO=32.5 txtDelta=10");
     dial.panel.setState(Field::ckTrue, trueOnly);
     dial.run();
     const Vec s = sun(rad(kLatitude), rad(32.5), rad(10));
     const double turned = trueOnly ? std::hypot(s.x, s.y) : s.y / std::hypot(s.x, s.y);
     EXPECT_NEAR(dial.sheet.list().circles.at(2).y, -(0.15 / turned + 2 * 0.15 + 0.1), 1e-8);
   }
-  EXPECT_EQ(ProgramCase(22, "txtD1=0").run().told(), "|") << "no warning on the floor";
+  EXPECT_EQ(DialCase(22, "txtD1=0").run().told(), "|") << "no warning on the floor";
 }
 
 // --- Lines that are no shadows
@@ -128,7 +129,7 @@ TEST(Demonstrations, TheBallMarksTheVirtualStyle) {
 // No sun of the equator draws its shadow's end below the line, and one draws it there.
 TEST(BallVerticale, StraightEquinoctialTouchesTheCurveAtTheSubstyle) {
   for (const char* site : {"txtDecl=20", "txtDecl=-40", "txtLAT=30 txtDecl=0"}) {
-    ProgramCase dial(26, "ck_Equinoziale");
+    DialCase dial(26, "ck_Equinoziale");
     dial.with(site).run();
     const std::vector<LineRecord> straight = dial.linesOf("equi");
     ASSERT_GT(straight.size(), 500u);
@@ -152,7 +153,7 @@ TEST(Catenaria, ChainHangsNearlyFromItsPoints) {
     EXPECT_LT(chain.height(L), 0.00006);
     EXPECT_NEAR(chain.f / scaleOfChain(L, sag), 1, 0.0013);
   }
-  ProgramCase dial(18, "ck_Triangolo");
+  DialCase dial(18, "ck_Triangolo");
   const bifilar::Catena solved = bifilar::RisolviCatena(0.5, 0.25);
   for (const LineRecord& line : dial.run().linesOf("CatWE"))
     EXPECT_NEAR(-line.y1, solved.height(line.x1), 1e-12);
@@ -160,7 +161,7 @@ TEST(Catenaria, ChainHangsNearlyFromItsPoints) {
 
 // It has no scale: wire and chain cross at the level of the hanging points.
 TEST(Catenaria, WithoutSagAllLinesAreLevel) {
-  ProgramCase dial(18, "txtV1= chkOreAstronomiche ckRomani ckArabi");
+  DialCase dial(18, "txtV1= chkOreAstronomiche ckRomani ckArabi");
   dial.run();
   EXPECT_GT(dial.linesOf("0").size(), 100u);
   for (const LineRecord& line : dial.linesOf("0")) EXPECT_EQ(line.y1, 0);
@@ -169,7 +170,7 @@ TEST(Catenaria, WithoutSagAllLinesAreLevel) {
 
 // Each stands at its distance from its middle line.
 TEST(Equiangolare, WiresAreTurnedIntoTheWall) {
-  ProgramCase dial(17, "ck_Triangolo");
+  DialCase dial(17, "ck_Triangolo");
   dial.sheet.Messaggio("as it was");
   const std::vector<LineRecord> wires = dial.run().linesOf("0");
   ASSERT_EQ(wires.size(), 9u);
@@ -185,7 +186,7 @@ TEST(Equiangolare, WiresAreTurnedIntoTheWall) {
 
 // Without slope and sides the equator keeps to what needs neither.
 TEST(Equiangolare, OnTheEquatorTheEquinoctialIsLevel) {
-  ProgramCase dial(17, "txtLAT=0 txtDecl=-60 ckFunction");
+  DialCase dial(17, "txtLAT=0 txtDecl=-60 ckFunction");
   dial.run();
   ASSERT_FALSE(dial.linesOf("equi").empty());
   for (const LineRecord& line : dial.linesOf("equi")) EXPECT_EQ(line.y1, 0);

@@ -2,9 +2,9 @@
 // numerals.
 #include <gtest/gtest.h>
 
-#include "dials/program_case.hpp"
 #include "dials/shadow_model.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 
 namespace dialwright {
 namespace {
@@ -14,9 +14,9 @@ using std::numbers::pi;
 
 constexpr double kStyle = 0.2, kSolstice = 23.445;
 
-struct Scaphe : ProgramCase {
+struct Scaphe : DialCase {
   explicit Scaphe(std::string_view settings = {}, double degrees = 45.7438, double semiAngle = 30)
-      : ProgramCase(40, settings),
+      : DialCase(40, settings),
         latitude(rad(degrees)),
         cone(hollowAboutAxis(degrees, semiAngle, kStyle)) {
     set(Field::txtLAT, textOf(degrees)).set(Field::txtSemi, textOf(semiAngle));

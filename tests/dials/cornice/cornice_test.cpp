@@ -4,8 +4,8 @@
 #include <numbers>
 
 #include "dials/ledger.hpp"
-#include "dials/program_case.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 #include "support/sky.hpp"
 
 namespace dialwright {
@@ -15,7 +15,7 @@ using std::numbers::pi;
 
 // The window and a border that fits are written back; drawn are two half circles, from end to end.
 TEST(CylindricalCornice, ABorderThatDoesNotFitIsWrittenBack) {
-  ProgramCase dial(35, "txt_R2=0.7 ckFrame y2txt=-.9");
+  DialCase dial(35, "txt_R2=0.7 ckFrame y2txt=-.9");
   dial.run();
   EXPECT_EQ(dial.panel.text(Field::txt_R2), "0.5");
   EXPECT_EQ(dial.panel.text(Field::x1txt), "1.570796327");
@@ -35,7 +35,7 @@ TEST(ConicalCornice, OutlineIsTheConesDevelopment) {
     EXPECT_NEAR(std::hypot(x, up) * sine, radius, 1e-9);
     EXPECT_NEAR(std::atan2(x, up) / sine, round, slack);
   };
-  ProgramCase dial(36);
+  DialCase dial(36);
   dial.run();
   for (const auto& [layer, radius] : {std::pair{"basealta", 0.5}, {"basebassa", 0.3}}) {
     const auto lines = dial.linesOf(layer);
@@ -56,7 +56,7 @@ TEST(ConicalCornice, OutlineIsTheConesDevelopment) {
 }
 
 TEST(ConicalCornice, EndsWithoutAVertex) {
-  ProgramCase dial(36, "TxtStilo=0.5 Ck_DayLightCurves ckFunction ckArabi");
+  DialCase dial(36, "TxtStilo=0.5 Ck_DayLightCurves ckFunction ckArabi");
   dial.run();
   ASSERT_FALSE(dial.sheet.list().lines.empty());  // the numerals, on the origin
   for (const LineRecord& stroke : dial.sheet.list().lines) {
@@ -71,7 +71,7 @@ TEST(ConicalCornice, EndsWithoutAVertex) {
 // There the hour's plane, which holds the pole and the equator's sun, stands along the wall.
 TEST(FlatCornice, TangentPointsHourIsThatOfTheBordersPointOnTheWall) {
   const auto toldOf = [](double declination) {
-    ProgramCase dial(39, "txt_R2=0");
+    DialCase dial(39, "txt_R2=0");
     return dial.set(Field::txtDecl, textOf(declination)).run().told();
   };
   for (const double declination : {-14.57, 40.0, -90.0}) {
@@ -86,7 +86,7 @@ TEST(FlatCornice, TangentPointsHourIsThatOfTheBordersPointOnTheWall) {
 }
 
 TEST(FlatCornice, DrawsTheDiscAndWarnsWhereItIsNotTangent) {
-  ProgramCase outer(38, "txtDecl=0"), inner(39, "txtDecl=0"), apart(39, "txt_R2=0.03");
+  DialCase outer(38, "txtDecl=0"), inner(39, "txtDecl=0"), apart(39, "txt_R2=0.03");
   EXPECT_EQ(outer.run().sheet.list().circles.at(0).endAngle, 3.141592654);
   EXPECT_EQ(inner.run().sheet.list().circles.at(0).endAngle, 0) << "the whole circle";
   apart.params.ReclinRad = 1;

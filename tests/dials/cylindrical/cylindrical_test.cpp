@@ -4,8 +4,8 @@
 
 #include <numbers>
 
-#include "dials/program_case.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 #include "support/sky.hpp"
 
 namespace dialwright {
@@ -24,8 +24,8 @@ struct Wall {
 constexpr Wall kWalls[] = {
     {}, {.side = -1}, {60, 25, 0.3, 0.25, 1}, {60, 55, 0.3, 0.1, -1}, {45, 0, 0.4, 0.15, -1}};
 
-struct Bent : ProgramCase {
-  Bent(int number, const Wall& wall, std::string_view settings) : ProgramCase(number, settings) {
+struct Bent : DialCase {
+  Bent(int number, const Wall& wall, std::string_view settings) : DialCase(number, settings) {
     set(Field::txtLAT, textOf(wall.latitude)).set(Field::txtDecl, textOf(wall.declination));
     set(Field::TxtRadius, textOf(wall.radius)).set(Field::TxtStilo, textOf(wall.style));
     panel.setState(wall.side > 0 ? Field::OptConvex : Field::Optconcave, true);
@@ -126,7 +126,7 @@ TEST(Cylinders, TheFreeLineKeepsToTheWindow) {
 // No longitude moves the analemmas of the hours; that of noon alone goes with the zone.
 TEST(FilteringHat, TheHoursOfAnalemmasAreThePlacesOwn) {
   const auto first = [](const char* settings) {
-    ProgramCase dial(13, "ck_Lemniscate TxtHour=1");
+    DialCase dial(13, "ck_Lemniscate TxtHour=1");
     return dial.with(settings).run().linesOf("analemma").at(0).x1;
   };
   EXPECT_EQ(first("Ck_Section txtLON=-7.6438"), first("Ck_Section txtLON=20"));
@@ -134,7 +134,7 @@ TEST(FilteringHat, TheHoursOfAnalemmasAreThePlacesOwn) {
 }
 
 TEST(FilteringHat, TheRunFillsThePanel) {
-  ProgramCase dial(13, "ckFrame ck_Orizzonte Ck_DayLightCurves");
+  DialCase dial(13, "ckFrame ck_Orizzonte Ck_DayLightCurves");
   dial.run();
   const double right = 0.14 * pi, lowest = -(0.4 - 0.14) * std::tan(rad(90 - 45.7438 + 23.445));
   const std::pair<Field, double> filled[] = {{Field::TxtStilo, 0.4 - 0.14}, {Field::x1txt, -right},
@@ -149,7 +149,7 @@ TEST(FilteringHat, TheRunFillsThePanel) {
 
 // A brim of the cylinder's own radius throws no shadow down.
 TEST(FilteringHat, WithoutABrimAllLinesAreLevel) {
-  ProgramCase dial(13, "txt_R2=0.14 chkOreAstronomiche");
+  DialCase dial(13, "txt_R2=0.14 chkOreAstronomiche");
   for (const LineRecord& l : dial.run().sheet.list().lines) ASSERT_EQ(l.y1, 0);
 }
 
