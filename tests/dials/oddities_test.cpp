@@ -50,7 +50,9 @@ const Row kRows[] = {
     {6, "ck_Italiche", "texts", 2 + 9},
     {6, "ckTemp ck_Italiche", "texts", 2 + 9},
     {6, "ckTemp", "texts", 2 + 7},
-    {7, "ckZodiaco", "lines", 0},
+    // The southern recipe brings the zodiac's signs.
+    {7, "ck_Lemniscate ckZodiaco", "lines", 0},
+    {7, "ck_Lemniscate ckZodiaco ckFunction", "lines", 391},
     // Numerals stand on the free line of declination, and both kinds are the Roman one twice.
     {7, "ckArabi", "lines 7", 32},
     {7, "ckRomani", "lines", 52},

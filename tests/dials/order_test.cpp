@@ -209,10 +209,7 @@ TEST(Order, OfFamiliesLayersInksAndTexts) {
   for (const Row& row : kRows) {
     SCOPED_TRACE(testing::Message() << "program " << row.program << ' ' << row.settings);
     DialCase dial(row.program);
-    for (std::size_t i = 0; i < kFieldCount; ++i) {
-      if (rowOf(fieldAt(i)).kind == FieldKind::Check) dial.panel.setState(fieldAt(i), true);
-    }
-    dial.with(kApart).with(row.settings).run();
+    dial.setBoxes(true).with(kApart).with(row.settings).run();
     EXPECT_EQ(dial.sheet.caption(), row.caption);
     EXPECT_EQ(Ledger(dial.sheet.list()).told(), row.order);
     EXPECT_EQ(dial.told(), row.told);

@@ -18,7 +18,7 @@ class DialCase {
   // The dial as the table of drivers has it, with these settings and no other box.
   explicit DialCase(Item item, std::string_view settings = {})
       : DialCase(item, std::ranges::find(drivers(), item, &DriverRow::item)->draw) {
-    clearBoxes();
+    setBoxes(false);
     with(settings);
   }
   explicit DialCase(int program, std::string_view settings = {})
@@ -49,17 +49,9 @@ class DialCase {
     }
     return *this;
   }
-  DialCase& clearBoxes() {
+  DialCase& setBoxes(bool state) {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
-      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), false);
-    }
-    return *this;
-  }
-  DialCase& checkAllSeen() {
-    for (std::size_t i = 0; i < kFieldCount; ++i) {
-      const Field field = fieldAt(i);
-      if (rowOf(field).kind == FieldKind::Check && panel[field].visible)
-        panel.setState(field, true);
+      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), state);
     }
     return *this;
   }
