@@ -64,8 +64,6 @@ class DialCase {
       const Field field = findField(word.substr(off, end - off)).value();
       if (end < word.size()) {
         set(field, word.substr(end + 1));
-      } else if (field == Field::ck_Etna) {  // the record learns of it by the click
-        check(field, !off);
       } else {
         panel.setState(field, !off);
       }

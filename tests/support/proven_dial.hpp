@@ -48,9 +48,13 @@ struct ProofTally {
 
 class ProvenDial : public DialCase {
  public:
-  using DialCase::DialCase;
+  explicit ProvenDial(Item item, std::string_view settings = {}) : DialCase(item) {
+    with(settings);
+  }
   ProvenDial& with(std::string_view settings) {
     DialCase::with(settings);
+    // As by a click: some dials know of the zone by the record only.
+    params.UsaLongitudine = panel.on(Field::ck_Etna) ? 1 : 0;
     return *this;
   }
 
