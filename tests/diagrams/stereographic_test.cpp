@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "lettering/arabic.hpp"
+#include "lettering/roman.hpp"
 #include "numerics/numbers.hpp"
 #include "support/dial_case.hpp"
 #include "support/sky.hpp"
@@ -243,16 +244,23 @@ TEST(StereographicChart, HoursAndQuartersStandOnTheirRing) {
 TEST(StereographicChart, NumeralsTurnAgainstTheRing) {
   const auto someNumerals = [](dialwright::Run& run) {
     const double r = 0.648 * kR * std::tan(rad(33.2775));
-    for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {135, 9}, {345, 7}})
-      DisegnaNumeroArabo(run, r * std::cos(rad(a)), r * std::sin(rad(a)), 90 - a, hour, 1);
+    for (const auto& [a, hour] : {std::pair{0, 6}, {75, 1}, {135, 9}, {345, 7}}) {
+      const double x = r * std::cos(rad(a)), y = r * std::sin(rad(a));
+      if (run.on(Field::ckRomani))
+        DisegnaNumeroRomano(run, x, y, rad(90 - a), hour, 2);
+      else
+        DisegnaNumeroArabo(run, x, y, 90 - a, hour, 1);
+    }
   };
-  DialCase chart(Item::mnuDia, DiagrammaStereografico), numerals(Item::mnuDia, someNumerals);
-  chart.set(Field::TxtRadius, textOf(kR)).run();
-  ASSERT_GT(numerals.run().entities(), 10u);
-  for (const LineRecord& w : numerals.sheet.list().lines) {
-    EXPECT_TRUE(std::ranges::any_of(chart.sheet.list().lines, [&](const LineRecord& l) {
-      return std::hypot(l.x1 - w.x1, l.y1 - w.y1, l.x2 - w.x2) + std::abs(l.y2 - w.y2) < 1e-9;
-    }));
+  for (const char* boxes : {"ckRomani", "-ckRomani"}) {
+    DialCase chart(Item::mnuDia, DiagrammaStereografico), numerals(Item::mnuDia, someNumerals);
+    chart.with(boxes).set(Field::TxtRadius, textOf(kR)).run();
+    ASSERT_GT(numerals.with(boxes).run().entities(), 10u);
+    for (const LineRecord& w : numerals.sheet.list().lines) {
+      EXPECT_TRUE(std::ranges::any_of(chart.sheet.list().lines, [&](const LineRecord& l) {
+        return std::hypot(l.x1 - w.x1, l.y1 - w.y1, l.x2 - w.x2) + std::abs(l.y2 - w.y2) < 1e-9;
+      })) << boxes;
+    }
   }
 }
 

@@ -73,6 +73,15 @@ TEST(Demonstrations, TheFountainsPlanTakesTheLatitudeOfTheRunBefore) {
   }
 }
 
+// A base wider than the rim leaves the whole circle.
+TEST(Demonstrations, TheFountainsSectionFollowsTheLowerRadius) {
+  for (const auto& [lower, end] : {std::pair{0.15, 210.0}, {0.4, 360.0}}) {
+    DialCase dial(16, "ck_Triangolo ckRomani ckArabi ckFunction");
+    dial.set(Field::txt_R2, textOf(lower)).run();
+    EXPECT_NEAR(dial.sheet.list().circles.end()[-2].endAngle, rad(end), 1e-8);
+  }
+}
+
 // The mark of the style that belongs to the altitude is put by the azimuth, and by the altitude in
 // a drawing of true shadows.
 TEST(Demonstrations, TheBallMarksTheVirtualStyle) {
