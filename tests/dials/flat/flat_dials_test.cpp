@@ -1,4 +1,4 @@
-// The flat dials 1 to 5 and 7 beside their shadows: the light graph, styles of their own, and what
+// The flat dials 1, 2, 5 and 7 beside their shadows: the light graph, styles of their own, and what
 // they leave in the record and on the panel.
 #include <gtest/gtest.h>
 

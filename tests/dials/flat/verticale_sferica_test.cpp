@@ -1,4 +1,4 @@
-// Program 6 beside its shadows: labels, numerals, and the conics with what constructs them.
+// Program 6 beside its shadows: labels, numerals, and the conics.
 #include <gtest/gtest.h>
 
 #include "dials/flat/flat_wall.hpp"
