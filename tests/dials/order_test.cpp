@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "dials/ledger.hpp"
-#include "dials/program_case.hpp"
+#include "support/dial_case.hpp"
 
 namespace dialwright {
 namespace {
@@ -208,11 +208,8 @@ const Row kRows[] = {
 TEST(Order, OfFamiliesLayersInksAndTexts) {
   for (const Row& row : kRows) {
     SCOPED_TRACE(testing::Message() << "program " << row.program << ' ' << row.settings);
-    ProgramCase dial(row.program);
-    for (std::size_t i = 0; i < kFieldCount; ++i) {
-      if (rowOf(fieldAt(i)).kind == FieldKind::Check) dial.panel.setState(fieldAt(i), true);
-    }
-    dial.with(kApart).with(row.settings).run();
+    DialCase dial(row.program);
+    dial.setBoxes(true).with(kApart).with(row.settings).run();
     EXPECT_EQ(dial.sheet.caption(), row.caption);
     EXPECT_EQ(Ledger(dial.sheet.list()).told(), row.order);
     EXPECT_EQ(dial.told(), row.told);

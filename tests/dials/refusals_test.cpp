@@ -1,7 +1,6 @@
 // What the dials refuse, with which words, and that they endure all else.
 #include <gtest/gtest.h>
 
-#include "dials/program_case.hpp"
 #include "support/odd_input.hpp"
 
 namespace dialwright {
@@ -60,7 +59,7 @@ TEST(Dials, RefuseWithTheirWords) {
       {12, "txtLAT=-0.1", kSouth}};
   for (const Row& row : rows) {
     SCOPED_TRACE(testing::Message() << "program " << row.program << ' ' << row.settings);
-    ProgramCase dial(row.program, "ckFrame");
+    DialCase dial(row.program, "ckFrame");
     dial.with(row.settings).run();
     std::string messages;
     for (const std::string& message : dial.messages) messages += message + '|';
@@ -69,12 +68,13 @@ TEST(Dials, RefuseWithTheirWords) {
     EXPECT_EQ(dial.sheet.caption(), row.caption);
     EXPECT_EQ(dial.beeps, row.beeps);
     EXPECT_TRUE(dial.refused && !dial.busy && dial.panel[Field::cmdData].visible);
+    EXPECT_EQ(dial.panel.on(Field::ckFunction), row.program == 7) << "the South is drawn by it";
   }
 }
 
 TEST(Dials, OfBallsWiresAndCornicesRefuseTheSouthButNotTheEquator) {
   for (const int number : {16, 17, 18, 22, 26, 35, 36, 38, 39}) {
-    ProgramCase dial(number, "txtLAT=-0.0001 chkOreAstronomiche Ck_DayLightCurves");
+    DialCase dial(number, "txtLAT=-0.0001 chkOreAstronomiche Ck_DayLightCurves");
     dial.run();
     EXPECT_TRUE(dial.refused && dial.entities() == 0 && !dial.busy) << number;
     EXPECT_EQ(dial.messages.at(0) + '|', kSouth);
@@ -82,18 +82,13 @@ TEST(Dials, OfBallsWiresAndCornicesRefuseTheSouthButNotTheEquator) {
     EXPECT_FALSE(dial.refused) << number;
     EXPECT_GT(dial.entities(), 0u) << number;
   }
-  for (const char* declination : {"70", "-70"}) {
-    ProgramCase parabola(10, "chkOreAstronomiche");
-    parabola.set(Field::txtDecl, declination).run();
-    EXPECT_FALSE(parabola.refused) << declination;
-  }
 }
 
 // The dotted ones by a definition that gets them nowhere: they tell what is left out.
 TEST(Dials, LeaveOutWhatHasNoStep) {
   for (const int number : {8, 9, 11}) {
     for (const char* settings : {"txt_Definition=0", "txt_Definition=-5"}) {
-      ProgramCase dial(number, "chkOreAstronomiche Ck_DayLightCurves");
+      DialCase dial(number, "chkOreAstronomiche Ck_DayLightCurves");
       dial.with(settings).run();
       EXPECT_TRUE(dial.pointsIn(palette(11)).empty());
       EXPECT_EQ(dial.messages.size(), 2u) << "the notice, and a word for what is left out";
@@ -101,23 +96,24 @@ TEST(Dials, LeaveOutWhatHasNoStep) {
   }
 }
 
-// With all boxes that a user sees.
+// With all boxes.
 TEST(Dials, TakeAnyInput) {
-  for (const ProgramRow& row : kPrograms) {
+  for (const DriverRow& row : drivers()) {
+    const int program = rowOf(row.item).program;
     for (const char* variant : {"optX OptConvex", "optY Optconcave"}) {
-      const ProgramCase start(row.number, variant);
+      const DialCase start(row.item, variant);
       for (std::size_t i = 0; i < kFieldCount; ++i) {
         const Field field = fieldAt(i);
         if (rowOf(field).kind != FieldKind::Text || !start.panel[field].visible) continue;
         for (const char* text : kOddTexts) {
-          SCOPED_TRACE(testing::Message() << "program " << row.number << ' ' << variant << ' '
+          SCOPED_TRACE(testing::Message() << rowOf(row.item).name << ' ' << variant << ' '
                                           << rowOf(field).name << '=' << text);
-          ProgramCase dial(row.number, variant);
-          dial.checkAllSeen().with("-ckTrue").set(field, text);
+          DialCase dial(row.item, variant);
+          dial.setBoxes(true).with("-ckTrue").set(field, text);
           expectBounded(dial.run());
         }
       }
-      if (row.number != 2 && (row.number < 8 || row.number > 12)) break;  // it has no variants
+      if (program != 2 && (program < 8 || program > 12)) break;  // it has no variants
     }
   }
 }

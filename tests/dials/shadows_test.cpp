@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dials/program_case.hpp"
 #include "dials/shadow_model.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 
 namespace dialwright {
 namespace {
@@ -217,7 +217,7 @@ void expectDrawn(const Row& row, const Site& at, const Family& family) {
   SCOPED_TRACE(testing::Message() << "program " << row.program << ' ' << row.settings << " at "
                                   << at.latitude << ' ' << at.declination << ' ' << at.reclination
                                   << ": " << family.letter);
-  ProgramCase dial(row.program, "TxtStilo=0.2 " + std::string(row.settings));
+  DialCase dial(row.program, "TxtStilo=0.2 " + std::string(row.settings));
   dial.with(family.boxes).set(Field::txtLAT, textOf(at.latitude));
   dial.set(Field::txtDecl, textOf(at.declination));
   dial.set(Field::txtReclinZ, textOf(90 - at.reclination));

@@ -152,9 +152,14 @@ TEST(Places, TakeAnyInput) {
     run.panel.setText(Field::cmbStati, kWholeWorld);
     for (const Driver draw : {drawWorld, MappaCitta, PuntoOpzionale}) draw(run);
   };
-  expectBounded(Item::mnuUni, drawAll, {Field::ckAssi},
-                {Field::txtLAT, Field::txtLON, Field::txtDecl, Field::txtReclinZ, Field::txtAO,
-                 Field::Filtertxt});
+  for (const Field field : {Field::txtLAT, Field::txtLON, Field::txtDecl, Field::txtReclinZ,
+                            Field::txtAO, Field::Filtertxt}) {
+    for (const char* text : kOddTexts) {
+      SCOPED_TRACE(testing::Message() << rowOf(field).name << '=' << text);
+      DialCase dial(Item::mnuUni, drawAll);
+      expectBounded(dial.check(Field::ckAssi).set(field, text).run());
+    }
+  }
 }
 
 }  // namespace

@@ -381,10 +381,15 @@ TEST(Report, AnyInputEndsInSoundTexts) {
     }
   };
   for (const Item item : {Item::M_Light, Item::mnuUni, Item::mnuCCs, Item::M_Parabolico}) {
-    expectBounded(item, reportSoundly, {Field::ckFunction},
-                  {Field::txtLAT, Field::txtLON, Field::txtDecl, Field::txtReclinZ, Field::TxtStilo,
-                   Field::TxtFuso, Field::TxtHour, Field::txtLineofdeclination, Field::x1txt,
-                   Field::TxtRadius});
+    for (const Field field : {Field::txtLAT, Field::txtLON, Field::txtDecl, Field::txtReclinZ,
+                              Field::TxtStilo, Field::TxtFuso, Field::TxtHour,
+                              Field::txtLineofdeclination, Field::x1txt, Field::TxtRadius}) {
+      for (const char* text : kOddTexts) {
+        SCOPED_TRACE(testing::Message() << rowOf(field).name << '=' << text);
+        DialCase dial(item, reportSoundly);
+        expectBounded(dial.check(Field::ckFunction).set(field, text).run());
+      }
+    }
   }
 }
 

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/drivers.hpp"
 #include "shell/clicks.hpp"
 #include "shell/dispatch.hpp"
 
@@ -13,6 +15,15 @@ namespace dialwright {
 
 class DialCase {
  public:
+  // The dial as the table of drivers has it, with these settings and no other box.
+  explicit DialCase(Item item, std::string_view settings = {})
+      : DialCase(item, std::ranges::find(drivers(), item, &DriverRow::item)->draw) {
+    setBoxes(false);
+    with(settings);
+  }
+  explicit DialCase(int program, std::string_view settings = {})
+      : DialCase(findDial(std::to_string(program)).value(), settings) {}
+  // With another driver in its place, and the boxes of a panel as it opens.
   DialCase(Item item, Driver driver) : row_{item, driver} {
     ports_.message = [this](std::string_view text) { messages.emplace_back(text); };
     ports_.beep = [this] { ++beeps; };
@@ -38,9 +49,24 @@ class DialCase {
     }
     return *this;
   }
-  DialCase& clearBoxes() {
+  DialCase& setBoxes(bool state) {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
-      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), false);
+      if (rowOf(fieldAt(i)).kind == FieldKind::Check) panel.setState(fieldAt(i), state);
+    }
+    return *this;
+  }
+  // Words between blanks: name=text of a field, or the name of a box or option that is on, with a
+  // minus before it off. They are set as a project's file sets them, without any click.
+  DialCase& with(std::string_view settings) {
+    std::istringstream words{std::string(settings)};
+    for (std::string word; words >> word;) {
+      const std::size_t off = word.starts_with('-'), end = std::min(word.find('='), word.size());
+      const Field field = findField(word.substr(off, end - off)).value();
+      if (end < word.size()) {
+        set(field, word.substr(end + 1));
+      } else {
+        panel.setState(field, !off);
+      }
     }
     return *this;
   }

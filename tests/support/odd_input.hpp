@@ -25,16 +25,4 @@ inline void expectBounded(const DialCase& dial) {
   EXPECT_FALSE(dial.busy);
 }
 
-inline void expectBounded(Item item, Driver driver, std::initializer_list<Field> boxes,
-                          std::initializer_list<Field> fields) {
-  for (const Field field : fields) {
-    for (const char* text : kOddTexts) {
-      SCOPED_TRACE(testing::Message() << rowOf(field).name << '=' << text);
-      DialCase dial(item, driver);
-      for (const Field box : boxes) dial.check(box);
-      expectBounded(dial.set(field, text).run());
-    }
-  }
-}
-
 }  // namespace dialwright

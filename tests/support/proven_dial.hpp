@@ -8,10 +8,8 @@
 #include <cmath>
 #include <map>
 #include <optional>
-#include <sstream>
 #include <vector>
 
-#include "app/drivers.hpp"
 #include "proof/prove.hpp"
 #include "proof/scenes.hpp"
 #include "support/dial_case.hpp"
@@ -50,25 +48,13 @@ struct ProofTally {
 
 class ProvenDial : public DialCase {
  public:
-  // The dial as the table of drivers has it, with these settings and no other box.
-  explicit ProvenDial(Item item, std::string_view settings = {}) : DialCase(item, driverOf(item)) {
-    clearBoxes();
+  explicit ProvenDial(Item item, std::string_view settings = {}) : DialCase(item) {
     with(settings);
   }
-  // Boxes to check and texts to set: "ckTemp txtLAT=12".
   ProvenDial& with(std::string_view settings) {
-    std::istringstream words{std::string(settings)};
-    for (std::string word; words >> word;) {
-      const std::size_t end = std::min(word.find('='), word.size());
-      const Field field = findField(word.substr(0, end)).value();
-      if (end < word.size()) {
-        set(field, word.substr(end + 1));
-      } else if (field == Field::ck_Etna) {  // the record learns of it by the click
-        check(field);
-      } else {
-        panel.setState(field, true);
-      }
-    }
+    DialCase::with(settings);
+    // As by a click: some dials know of the zone by the record only.
+    params.UsaLongitudine = panel.on(Field::ck_Etna) ? 1 : 0;
     return *this;
   }
 
@@ -133,9 +119,6 @@ class ProvenDial : public DialCase {
   proof::Proof proof;
 
  private:
-  static Driver driverOf(Item item) {
-    return std::ranges::find(drivers(), item, &DriverRow::item)->draw;
-  }
   void keepStrokes() {
     strokes.clear();
     const DisplayList& list = sheet.list();

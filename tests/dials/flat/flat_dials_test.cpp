@@ -1,4 +1,4 @@
-// The flat dials 1 to 5 and 7 beside their shadows: the light graph, styles of their own, and what
+// The flat dials 1, 2, 5 and 7 beside their shadows: the light graph, styles of their own, and what
 // they leave in the record and on the panel.
 #include <gtest/gtest.h>
 
@@ -41,29 +41,16 @@ TEST(VerticaleLuce, RaysOfTheLightGraphSpreadByTheHour) {
   }
 }
 
-TEST(VerticaleLuce, LegendRunsDownTheSheetsLeftEdge) {
-  FlatWall wall(1, {}, "chkOreAstronomiche");
-  wall.run();
-  const auto& texts = wall.sheet.list().texts;
-  ASSERT_GT(texts.size(), 22u);
-  EXPECT_EQ(wall.sheet.list().circles[0].x, wall.sheet.list().lines[0].x1) << "a mark, and its ray";
-  EXPECT_NEAR(texts[1].y - texts[0].y, -0.05, 1e-12);
-  EXPECT_EQ(std::pair(texts[21].x, texts[21].y), std::pair(0.0, -0.8));
-  EXPECT_NEAR(texts[22].shownX, -wall.sheet.ShiftX(), 1e-12);
-}
-
 TEST(VerticaleLuce, LeavesHoursOfSideWallsAndAFinerConstant) {
   FlatWall wall(1, {35, 85}, "ck_Lemniscate chkOreAstronomiche");
   wall.run();
   EXPECT_EQ(wall.panel.text(Field::TxtInizio) + wall.panel.text(Field::TxtFine), "1319");
   EXPECT_EQ(wall.params.PiGreco, 3.1415926536);
-  wall.with("-ck_Lemniscate").run();
-  EXPECT_EQ(wall.params.PiGreco, 3.141592654);
 }
 
 // --- Program 2
 
-TEST(Inclinati, NoonLineAndFigures) {
+TEST(Inclinati, FiguresAreThoseOfTheCentre) {
   for (const FlatSite& site : {FlatSite{45.7438, -14.57, 30}, {45, 37, -25}, {35, -160, -40}}) {
     for (const char* variable : {"optX", "optY"}) {
       FlatWall wall(2, site, variable);
@@ -74,12 +61,6 @@ TEST(Inclinati, NoonLineAndFigures) {
       // By its sine: an arcsine knows no hour before six.
       const double H = sky::rad(wall.hourAngle(-centre.x / 2, centre.y / 2));
       EXPECT_NEAR(std::abs(std::sin(wall.params.OrarioSustilare)), std::abs(std::sin(H)), 1e-6);
-      // The steepest line runs through the centre, from one sheet's height below to two above.
-      wall.with("ck_Triangolo").run();
-      const LineRecord steepest = wall.linesIn(palette(8)).at(0);
-      EXPECT_NEAR(steepest.x1, centre.x, 1e-6);
-      EXPECT_DOUBLE_EQ(steepest.y1, -wall.sheet.ShiftY());
-      EXPECT_DOUBLE_EQ(steepest.y2, 2 * wall.sheet.ShiftY());
     }
   }
 }
@@ -94,85 +75,36 @@ TEST(Inclinati, AStyleOutOfReachIsDrawnByItsSlopeUntilATriangleWasDrawn) {
   EXPECT_TRUE(wall.pointsIn(palette(5)).empty());
 }
 
-// --- Programs 3 to 5
-
-// The style's triangle in the sheet's corner is similar to the one on the dial.
-TEST(Projective, ATriangleToMeasure) {
-  for (const int program : {3, 4}) {
-    for (const FlatSite& site : {FlatSite{}, {40, 10, 70}, {45, 37, 43}}) {
-      FlatWall wall(program, site, "ck_Triangolo");
-      wall.run();
-      const LineRecord upright = wall.linesIn(palette(13)).back();
-      const LineRecord base = wall.linesIn(palette(14)).back();
-      EXPECT_DOUBLE_EQ(base.x1, wall.sheet.xMin());
-      EXPECT_DOUBLE_EQ(base.y1, wall.sheet.yMax());
-      EXPECT_NEAR((base.x2 - base.x1) / (upright.y1 - upright.y2),
-                  std::hypot(wall.centre().x, wall.centre().y) / wall.kStyle, 1e-5);
-      EXPECT_LE(base.x2, 1e-12);
-    }
-  }
-}
+// --- Program 5
 
 TEST(Frinter, LinesReachOverTheSheet) {
-  FlatWall wall(5, {45, 37}, "chkOreAstronomiche ck_Sustilare ck_Orizzonte"), pole(5, {90, 10});
+  FlatWall wall(5, {45, 37}, "chkOreAstronomiche"), pole(5, {90, 10});
   EXPECT_FALSE(pole.run().refused);
   EXPECT_EQ(pole.params.LatGradi, 89.9999);
   wall.run();
   for (const LineRecord& hour : wall.linesIn(palette(7)))
     EXPECT_EQ(std::pair(hour.y1, hour.y2), std::pair(-1.0, 1.0));
-  EXPECT_NEAR(wall.linesIn(palette(9)).back().x1, -wall.linesIn(palette(9)).back().x2, 1e-9);
-  const LineRecord horizon = wall.linesIn(palette(2)).at(0);
-  EXPECT_EQ(std::pair(horizon.x1, horizon.x2),
-            std::pair(wall.sheet.ShiftX(), -wall.sheet.ShiftX()));
-}
-
-// Each day but the first, in its half's ink and then in the other's.
-TEST(Frinter, TheAnalemmaIsSetTwice) {
-  FlatWall wall(5, {}, "ck_Lemniscate");
-  const std::vector<PointRecord>& points = wall.run().sheet.list().points;
-  ASSERT_EQ(points.size(), 2 * 365u);
-  for (std::size_t i = 0; i < points.size(); i += 2) {
-    const double d = wall.declination(points[i].x, points[i].y);
-    ASSERT_EQ(points[i].colour, palette(d < 0 ? 12 : 3));
-    ASSERT_EQ(points[i + 1].colour, palette(6));
-    ASSERT_EQ(std::pair(points[i + 1].x, points[i + 1].y), std::pair(points[i].x, points[i].y));
-  }
 }
 
 // --- Program 7
 
-// The southern recipe draws the year upside down, one turn and no more; the zodiac goes with it.
+// The southern recipe draws the year upside down, one turn and no more.
 TEST(Universale, SouthernYearIsUpsideDown) {
-  FlatWall north(7, {45.7438, 37, 25}, "ck_Lemniscate ckZodiaco y1txt=0.6 y2txt=-0.6");
-  FlatWall south(7, {45.7438, 37, 25}, "ck_Lemniscate ckZodiaco y1txt=0.6 y2txt=-0.6 ckFunction");
-  const auto year = north.run().linesOf("analemma"), turned = south.run().linesOf("analemma");
-  EXPECT_GT(year.size(), 366u) << "more than a year, or at most one";
-  ASSERT_LE(turned.size(), 366u);
-  EXPECT_NEAR(south.params.LonOrario, sky::rad(-15 + 7.6438), 1e-9);
+  FlatWall south(7, {45.7438, 37, 25}, "ck_Lemniscate y1txt=0.6 y2txt=-0.6 ckFunction");
+  const auto turned = south.run().linesOf("analemma");
+  ASSERT_TRUE(turned.size() > 300 && turned.size() <= 366) << turned.size();
   for (const LineRecord& line : turned) {
     const double day = south.declination(line.x1, line.y1);
     const double H = south.hourAngle(line.x1, line.y1) + 7.3562;
     ASSERT_LT(sky::secondsFromEquationOfTime(sky::rad(H), sky::rad(-day)), 25);
   }
-  EXPECT_EQ(north.entities(), year.size());
-  EXPECT_GT(south.entities(), turned.size() + 100) << "the zodiac's signs";
 }
 
 TEST(Universale, ALevelPlaneFacesSouth) {
   FlatWall plate(7, {45, 30, 90}, "ck_Equinoziale");
   plate.run();
   EXPECT_EQ(plate.panel.text(Field::txtDecl), "0");
-  EXPECT_EQ(plate.params.DeclRad, 0);
-  EXPECT_TRUE(plate.params.PianoOrizzontale);
   EXPECT_EQ(plate.sheet.ForeColor, 16777215);
-}
-
-TEST(Universale, AsksForCheckedF) {
-  for (const auto& [program, function] : {std::pair{6, false}, {7, true}}) {
-    FlatWall wall(program, {-10, 10});
-    EXPECT_TRUE(wall.run().refused);
-    EXPECT_EQ(wall.panel.on(Field::ckFunction), function);
-  }
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "dials/program_case.hpp"
 #include "numerics/numbers.hpp"
+#include "support/dial_case.hpp"
 #include "support/sky.hpp"
 
 namespace dialwright {
@@ -22,11 +22,11 @@ struct FlatSite {
 // which steep points magnify. On a sheet of 2 m it is less than 0.01 mm.
 inline constexpr double kAngleSlack = 2e-5;
 
-struct FlatWall : ProgramCase {
+struct FlatWall : DialCase {
   static constexpr double kStyle = 0.2;
 
   explicit FlatWall(int number, const FlatSite& at = {}, std::string_view settings = {})
-      : ProgramCase(number),
+      : DialCase(number),
         site(at),
         latitude(sky::rad(at.latitude)),
         plane(sky::Plane::facing(at.declination, at.reclination)) {

