@@ -57,15 +57,5 @@ TEST(Sky, ADirectionTellsItsSun) {
   }
 }
 
-TEST(Vec, AnglesAndSquares) {
-  EXPECT_DOUBLE_EQ(angle({1, 0, 0}, {1, 1e-9, 0}), 1e-9);
-  EXPECT_DOUBLE_EQ(angle({0, 0, 2}, {0, 0, -1}), kPi);
-  expectSame(cross({1, 0, 0}, {0, 1, 0}), {0, 0, 1});
-  for (const Vec a : {Vec{0, 0, 5}, {1, 2, 3}, {-1, 0, 0}}) {
-    EXPECT_NEAR(dot(a, square(a)), 0, 1e-15);
-    EXPECT_NEAR(length(square(a)), 1, 1e-15);
-  }
-}
-
 }  // namespace
 }  // namespace dialwright::proof
