@@ -104,6 +104,7 @@ TEST(SceneJudge, FollowsAChordToItsMiddle) {
   EXPECT_TRUE(track({0.3, 0.1}, {0.31, 0.1}));
   EXPECT_TRUE(track({0.5, kWinter}, {0.5, kSummer})) << "an hour line is straight";
   EXPECT_FALSE(track({-1.2, kWinter}, {1.2, kWinter})) << "across the hyperbola";
+  EXPECT_TRUE(track({kPi - 0.01, -1}, {0.01 - kPi, -1})) << "the shorter way round";
   // From one line to another: the middle sun's shadow is elsewhere.
   const Punto a = shadowOfStyle({0.3, kWinter}), b = shadowOfStyle({0.3, kSummer});
   EXPECT_FALSE(judge.isTrack(a, b, meaning({0.3, kWinter}, {0.6, kSummer})));

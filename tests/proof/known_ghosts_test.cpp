@@ -36,6 +36,7 @@ const Group kGroups[] = {
          // A direction that is taken for its opposite, and for that of an upright wall.
          {Item::mnuUni, "CkQibla txtLAT=12 txtDecl=20 txtReclinZ=50", Qibla, 2120, 6566, 0, 2120},
          {Item::M_Inclinati, "CkQibla txtReclinZ=60", Qibla, 0, 0, 9028, 9028},
+         {Item::mnuUni, "CkQibla txtLAT=0 txtLON=80 txtReclinZ=0", Qibla, 2, 4690, 4688, 4555},
          // Noon: a level row where it is upright, none at all, or none of a sun North of the
          // zenith.
          {Item::M_Inclinati, "chkOreAstronomiche optY", Hours, 334, 533, 45, 536},

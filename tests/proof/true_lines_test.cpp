@@ -1,9 +1,8 @@
-// What true shadows keep of lines and numerals: straight lines in as few strokes as they need, the
-// place's own azimuth, names and edges that follow the sun.
+// What true shadows change of whole lines: straight ones in as few strokes as they need, and the
+// names of days.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <string>
 
 #include "support/proven_dial.hpp"
 
@@ -27,6 +26,16 @@ TEST(TrueLines, StraightLinesAreWhole) {
     for (const Punto end : {s.from, s.to}) ends += distance(end, centre) < 1e-6;
   }
   EXPECT_GE(ends, 10u);
+}
+
+// On a wall that looks North the solstices' layers swap their days, where true shadows don't.
+TEST(TrueLines, AChainsCurvesSwapTheirNamesOtherwise) {
+  ProvenDial chain(Item::mnucatenaria, "Ck_DayLightCurves txtDecl=150");
+  chain.draw();
+  const LayerId named = chain.sheet.layer("solstice°");
+  const auto summer = std::ranges::find(chain.strokes, named, &ProvenStroke::layer);
+  ASSERT_NE(summer, chain.strokes.end());
+  EXPECT_NEAR(summer->meaning.first.declination, proof::radians(23.445), 1e-6);
 }
 
 }  // namespace
