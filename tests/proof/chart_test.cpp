@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "proof/scenes.hpp"
+#include "proof/sky.hpp"
 
 namespace dialwright::proof {
 namespace {
@@ -47,21 +47,6 @@ TEST(Chart, KeepsAnglesAndIsUndone) {
       EXPECT_NEAR(dot(across, up) / (length(across) * length(up)), 0, 1e-5);
       EXPECT_NEAR(length(across) / length(up), std::cos(day), 1e-5);
     }
-  }
-}
-
-TEST(Chart, ItsSceneTellsDayFromNight) {
-  Panel panel;
-  panel.choose(Item::mnuDia);
-  panel.setText(Field::TxtRadius, "0.4");
-  const auto scene = sceneOf(panel);
-  ASSERT_TRUE(scene);
-  const double day = radians(20);
-  for (const auto& [hour, lit] : {std::pair{0.0, true}, {100.0, true}, {120.0, false}}) {
-    const Punto spot = *scene->surface->shadow({}, scene->sky.towards({radians(hour), day}));
-    const Judgement judgement = scene->judge(spot, CurveFamily::Declinations, Sun{Sun::kOpen, day});
-    EXPECT_EQ(judgement.lit, lit) << hour;
-    EXPECT_EQ(judgement.miss < 1e-12, lit) << hour;
   }
 }
 

@@ -135,11 +135,13 @@ TEST(Figures, HoursOfEqualAnglesAndTheirHorizon) {
 
 // Numerals carry no sun; true ones stand where theirs throws the shadow.
 TEST(Figures, NumeralsStandInTheLight) {
-  for (const auto& [item, settings] : {std::pair{Item::mnuCCs, "OptConvex TxtRadius=.4 ckArabi"},
-                                       {Item::mnuCCs, "Optconcave TxtRadius=.4 ckArabi"},
-                                       {Item::mnuChapeau, "ckArabi"},
-                                       {Item::mnuFontana_H3, "ckRomani ckFunction"},
-                                       {Item::mnucatenaria, "ckRomani ckFunction txtDecl=30"}}) {
+  for (const auto& [item, settings] :
+       {std::pair{Item::mnuCCs, "OptConvex TxtRadius=.4 ckArabi"},
+        {Item::mnuCCs, "Optconcave TxtRadius=.4 ckArabi"},
+        {Item::mnuChapeau, "ckArabi"},
+        {Item::mnuFontana_H3, "ckRomani ckFunction"},
+        {Item::mnuCorn_flat, "ckRomani ckFunction Ck_DayLightCurves"},
+        {Item::mnucatenaria, "ckRomani ckFunction txtDecl=30"}}) {
     for (const bool trueOnly : {false, true}) {
       SCOPED_TRACE(testing::Message() << rowOf(item).name << ' ' << settings << ' ' << trueOnly);
       ProvenDial dial(item, "chkOreAstronomiche txtLineofdeclination=-20 TxtHour=1");

@@ -42,10 +42,6 @@ struct ProvenStroke {
   }
 };
 
-struct ProofTally {
-  std::size_t strokes = 0, genuine = 0, ghosts = 0, strays = 0;
-};
-
 class ProvenDial : public DialCase {
  public:
   explicit ProvenDial(Item item, std::string_view settings = {}) : DialCase(item) {
@@ -84,11 +80,10 @@ class ProvenDial : public DialCase {
 
   // Of the last proof; families without strokes are left out.
   const proof::Scene& scene() const { return *scene_; }
-  std::map<CurveFamily, ProofTally> tallies() const {
-    std::map<CurveFamily, ProofTally> all;
+  std::map<CurveFamily, proof::LayerProof> tallies() const {
+    std::map<CurveFamily, proof::LayerProof> all;
     for (const ProvenStroke& stroke : strokes) {
-      ProofTally& sum = all[stroke.meaning.family];
-      ++sum.strokes;
+      proof::LayerProof& sum = all[stroke.meaning.family];
       sum.genuine += stroke.finding == proof::Finding::True;
       sum.ghosts += stroke.finding == proof::Finding::Ghost;
       sum.strays += stroke.finding == proof::Finding::Stray;
