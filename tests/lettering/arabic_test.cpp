@@ -73,13 +73,5 @@ TEST(Arabic, RotationIsRigid) {
     expectTurned(Digits(number), Digits(number, 1, 2, 90 + 37), 37, 1, 2);
 }
 
-TEST(Arabic, AZeroSizeDrawsNothingVisible) {
-  Slate slate;
-  slate.panel.setText(Field::txtArabi, "0");
-  DisegnaNumeroArabo(slate.run, 0.1, 0.2, 90, 8, 1);
-  EXPECT_FALSE(slate.lines().empty());
-  for (const InkSpot& spot : slate.spots()) EXPECT_EQ(spot.x + spot.y, 0.1 + 0.2);
-}
-
 }  // namespace
 }  // namespace dialwright
