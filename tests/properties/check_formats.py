@@ -120,12 +120,14 @@ PATH = re.compile(r"([MLhA])([^MLhAz]*)")
 
 
 def svg_shapes(text):
-    """Each stroke, box, dot, circle or arc: its kind, two places, and a circle's or arc's radii."""
+    """Each layer's label, then its strokes, boxes, dots, circles and arcs: kind, two places, and radii."""
     for name, rest in ELEMENT.findall(text):
         of = dict(re.findall(r'([\w:-]+)="([^"]*)"', rest))
         if name == "g" and of.get("id") == "texts":
             return
-        if name == "rect":
+        if name == "g" and "inkscape:label" in of:
+            yield "g", of["inkscape:label"], None, None
+        elif name == "rect":
             x, y, w, h = (float(of[key]) for key in ("x", "y", "width", "height"))
             yield "B", (x, y), (x + w, y + h), None
         elif name in ("circle", "ellipse"):
@@ -150,12 +152,16 @@ def svg_shapes(text):
 
 
 def check_svg(path, rows, sheet):
-    order = {}
+    order, layer = {}, None
     for row in rows:
         order.setdefault(row.layer, len(order))
     found = svg_shapes(path.read_text(encoding="utf-8"))
     for row in sorted(rows, key=lambda each: order[each.layer]):
         kind, a, b, radii = next(found)
+        if row.layer != layer:
+            layer = row.layer
+            assert (kind, a) == ("g", layer), f"SVG: {kind} {a} for the layer {layer}"
+            kind, a, b, radii = next(found)
         if row.dot:
             wanted, ends = "P", row.placed * 2
         elif row.kind == "C":
