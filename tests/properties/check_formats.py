@@ -3,16 +3,13 @@
 usage: check_formats.py SOURCE_DIR PROGRAM
 
 The entity list is the truth; DXF, SVG and PDF are read by readers of their own and held against it
-stroke by stroke, in drawing order; texts are not compared. LibreCAD, where it is installed, must turn some DXF files
-into pages.
+stroke by stroke, in drawing order. Texts are not compared.
 """
 import csv
 import json
 import math
-import os
 import random
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -290,15 +287,6 @@ def check_pdf(path, rows, sheet):
     assert not pen.left and pen.shape() == (None, []), "PDF: more than the list"
 
 
-def check_librecad(dxf):
-    page = dxf.with_suffix(".pdf")
-    page.unlink()  # that of the run
-    own = {"QT_QPA_PLATFORM": "offscreen", "HOME": dxf.parent, "XDG_RUNTIME_DIR": dxf.parent}
-    subprocess.run(["librecad", "dxf2pdf", "-a", dxf.name], cwd=dxf.parent, check=True, timeout=120,
-                   capture_output=True, env=os.environ | own)
-    assert page.read_bytes().startswith(b"%PDF"), "LibreCAD made no page"
-
-
 BOXES = ["chkOreAstronomiche", "Ck_DayLightCurves", "ck_Lemniscate", "ck_Italiche", "ckTemp", "ckArabi", "ckRomani",
          "ckAlt", "ck_Sustilare"]
 
@@ -324,8 +312,6 @@ def main():
                 check_dxf(files[3], rows, sheet)
                 check_svg(files[1], [row for row in rows if not row.empty], sheet)
                 check_pdf(files[2], rows, sheet)
-                if number % 10 == 0 and shutil.which("librecad"):  # which takes its time
-                    check_librecad(files[3])
             except (AssertionError, StopIteration):
                 print("in", *map(str, command))
                 raise
