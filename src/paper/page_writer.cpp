@@ -5,7 +5,6 @@
 #include "paper/ink.hpp"
 #include "paper/picture.hpp"
 #include "paper/surface.hpp"
-#include "paper/target_printer.hpp"
 
 namespace dialwright {
 
@@ -22,10 +21,6 @@ constexpr double kTick = 1.5;
 constexpr double kLongTick = 2.5;
 constexpr double kRulerLift = 2.2;  // from the page's lower edge
 constexpr double kLabelSize = 2.4;
-
-void toPageCorner(cairo_t* cairo) {
-  cairo_translate(cairo, kMarginX * kTwipsPerMeter, kMarginY * kTwipsPerMeter);
-}
 
 // --- Margins. Positions are millimetres from the page's corner.
 
@@ -127,7 +122,7 @@ class PdfDocument : public PaperDocument {
     if (!surface_) {
       surface_ = pdfSurface(to_, kPaperW, kPaperH);
       cairo_ = pdfContext(surface_.get());
-      toPageCorner(cairo_.get());
+      cairo_translate(cairo_.get(), kMarginX * kTwipsPerMeter, kMarginY * kTwipsPerMeter);
     }
     if (cut) return std::make_unique<CutTarget>(cairo_.get(), look);
     return std::make_unique<CairoTarget>(cairo_.get(), look);
@@ -139,21 +134,6 @@ class PdfDocument : public PaperDocument {
   CairoSink to_;
   CairoSurface surface_;
   CairoContext cairo_;
-};
-
-// The sheet's printer on a PDF. Its pages' corner is that of the printable part.
-class PdfPrinter : public TargetPrinter<CairoTarget> {
- public:
-  explicit PdfPrinter(cairo_t* cairo) : TargetPrinter(cairo), cairo_(cairo) {}
-
-  void newPage() override {
-    target_.flush();
-    cairo_show_page(cairo_);
-  }
-  void endDocument() override { target_.flush(); }
-
- private:
-  cairo_t* cairo_;
 };
 
 }  // namespace
@@ -186,18 +166,6 @@ std::string writePages(const SheetPlot& sheet, const Sink& sink, const PagesOpti
   PdfDocument document(sink);
   std::string problem = layPages(sheet, document, options);
   return problem.empty() ? document.end() : problem;
-}
-
-std::string writePrintout(const Sink& sink, const std::function<void(Printer&)>& job) {
-  CairoSink to{sink};
-  const CairoSurface surface = pdfSurface(to, kPaperW, kPaperH);
-  const CairoContext cairo = pdfContext(surface.get());
-  toPageCorner(cairo.get());
-  {
-    PdfPrinter printer(cairo.get());
-    job(printer);
-  }
-  return finish(surface.get(), to);
 }
 
 }  // namespace dialwright

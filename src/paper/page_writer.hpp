@@ -1,8 +1,6 @@
-// The sheet on A4 paper: its pages at true size with crop marks, and what the sheet's own printing
-// makes.
+// The sheet on A4 paper: its pages at true size with crop marks.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,8 +42,5 @@ inline constexpr double kMarginY = (kPaperH - kPageH) / 2;
 // The same as a PDF.
 [[nodiscard]] std::string writePages(const SheetPlot& sheet, const Sink& sink,
                                      const PagesOptions& options = {});
-
-// A PDF of A4 pages of what the job prints: PrintAll or PrintArea.
-[[nodiscard]] std::string writePrintout(const Sink& sink, const std::function<void(Printer&)>& job);
 
 }  // namespace dialwright

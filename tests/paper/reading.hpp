@@ -116,19 +116,6 @@ class PdfReader {
     }
     return {-1, -1};
   }
-  // The points of all paths of the first page in order, in the PDF's own units.
-  std::vector<std::pair<double, double>> pathPoints() const {
-    std::vector<std::pair<double, double>> points;
-    const std::string svg = output("pdftocairo -svg it.pdf -");
-    for (std::size_t at = svg.find(" d=\""); at != std::string::npos; at = svg.find(" d=\"", at)) {
-      at += 4;
-      std::string path = svg.substr(at, svg.find('"', at) - at);
-      for (char& c : path) c = c >= 'A' ? ' ' : c;
-      std::istringstream numbers(path);
-      for (std::pair<double, double> p; numbers >> p.first >> p.second;) points.push_back(p);
-    }
-    return points;
-  }
   Picture rendered(int page, int dotsPerInch) const {
     output("pdftoppm -png -gray -singlefile -f " + std::to_string(page) + " -r " +
            std::to_string(dotsPerInch) + " it.pdf it");

@@ -17,7 +17,7 @@ import zlib
 from pathlib import Path
 
 try:
-    from ezdxf.lldxf.tagger import ascii_tags_loader
+    import ezdxf
 except ImportError:
     print("skipped: python3-ezdxf is not installed")
     sys.exit(0)
@@ -85,20 +85,9 @@ def near(a, b, slack=NEAR):
 
 # --- DXF: the drawing's own origin, y up, nothing cut
 
-def dxf_entities(path):
-    with open(path, encoding="cp1252") as file:
-        entity = {}
-        for code, value in ascii_tags_loader(file):
-            if code == 0:
-                yield entity
-                entity = {}
-            entity[code] = value
-
-
 def check_dxf(path, rows, sheet):
-    found = dxf_entities(path)
-    while next(found).get(2) != "ENTITIES":
-        pass
+    document = ezdxf.readfile(path)
+    found = iter(document.modelspace())
     for row in rows:
         wanted, kind = [row.ends], {"P": "POINT", "L": "LINE", "B": "LINE", "C": "ARC" if row.end else "CIRCLE"}[row.kind]
         if row.kind == "B":
@@ -106,19 +95,19 @@ def check_dxf(path, rows, sheet):
             wanted = [((x1, y2), (x2, y2)), ((x2, y2), (x2, y1)), ((x2, y1), (x1, y1)), ((x1, y1), (x1, y2))]
         for ends in wanted:
             entity = next(found)
-            place = [(float(entity[10]), -float(entity[20]))]
-            if 11 in entity:
-                place.append((float(entity[11]), -float(entity[21])))
-            assert entity[0] == kind and entity[8] == row.layer, f"DXF {entity} for {row}"
+            has = entity.dxfattribs()
+            places = [(has[name].x, -has[name].y) for name in ("location", "center", "start", "end") if name in has]
+            same = entity.dxftype() == kind and has["layer"] == row.layer
             # A box of an inverted drawing turns its corners as it goes.
-            turned = row.kind == "B" and sheet.invert
-            assert turned or all(map(near, place, ends)) or row.far(), f"DXF {entity} for {row}"
-            if row.kind == "C":
-                assert abs(float(entity[40]) - row.radius) < NEAR, f"DXF {entity} for {row}"
+            same &= row.kind == "B" and sheet.invert != "" or all(map(near, places, ends)) or row.far()
+            same &= row.kind != "C" or abs(has["radius"] - row.radius) < NEAR
             if kind == "ARC":
-                for code, angle in ((50, row.start), (51, row.end)):
-                    assert abs(float(entity[code]) - math.degrees(angle)) < 1e-3, f"DXF {entity} for {row}"
-    assert next(found)[0] == "ENDSEC"
+                angles = math.degrees(row.start), math.degrees(row.end)
+                same &= near((has["start_angle"], has["end_angle"]), angles)
+            assert same, f"DXF {entity} {has} for {row}"
+    assert next(found, None) is None, "DXF: more than the list"
+    errors = [error.message for error in document.audit().errors]
+    assert not errors, errors[:3]
 
 
 # --- SVG: millimetres of the sheet, layer by layer in the order of their first ink
@@ -128,12 +117,14 @@ PATH = re.compile(r"([MLhA])([^MLhAz]*)")
 
 
 def svg_shapes(text):
-    """Each stroke, box, dot, circle or arc: its kind, two places, and a circle's or arc's radii."""
+    """Each layer's label, then its strokes, boxes, dots, circles and arcs: kind, two places, and radii."""
     for name, rest in ELEMENT.findall(text):
         of = dict(re.findall(r'([\w:-]+)="([^"]*)"', rest))
         if name == "g" and of.get("id") == "texts":
             return
-        if name == "rect":
+        if name == "g" and "inkscape:label" in of:
+            yield "g", of["inkscape:label"], None, None
+        elif name == "rect":
             x, y, w, h = (float(of[key]) for key in ("x", "y", "width", "height"))
             yield "B", (x, y), (x + w, y + h), None
         elif name in ("circle", "ellipse"):
@@ -158,12 +149,16 @@ def svg_shapes(text):
 
 
 def check_svg(path, rows, sheet):
-    order = {}
+    order, layer = {}, None
     for row in rows:
         order.setdefault(row.layer, len(order))
     found = svg_shapes(path.read_text(encoding="utf-8"))
     for row in sorted(rows, key=lambda each: order[each.layer]):
         kind, a, b, radii = next(found)
+        if row.layer != layer:
+            layer = row.layer
+            assert (kind, a) == ("g", layer), f"SVG: {kind} {a} for the layer {layer}"
+            kind, a, b, radii = next(found)
         if row.dot:
             wanted, ends = "P", row.placed * 2
         elif row.kind == "C":
@@ -183,29 +178,31 @@ def check_svg(path, rows, sheet):
 NUMBER = re.compile(rb"-?[0-9.]+")
 
 
-def pdf_paths(data):
-    """The page's height, and the sub-paths that are stroked: lists of places and of words for their kind."""
+def pdf_shapes(data):
+    """The page's height, and what is stroked in order: a kind and places, of a curve all that it goes through."""
     begin = re.search(rb"stream\r?\n", data).end()
     words = zlib.decompressobj().decompress(data[begin:]).split()
     text = words.index(b"BT") if b"BT" in words else len(words)
     height = float(words[words.index(b"cm") - 1])
-    numbers, paths = [], []
+    numbers, shapes = [], []
     for word in words[:text]:
         if NUMBER.fullmatch(word):
             numbers.append(float(word))
             continue
         places = [(x / 72 * 25.4, y / 72 * 25.4) for x, y in zip(numbers[::2], numbers[1::2])]
-        if word == b"m":
-            paths.append([places[0]])
-        elif word == b"l":
-            paths[-1].append(places[0])
+        if word == b"l":
+            shapes.append(("L", [at, places[0]]))
+        elif word == b"c" and begun:
+            shapes.append(("C", [at, places[2]]))
         elif word == b"c":
-            paths[-1] += ["curve", places[2]]
+            shapes[-1][1].append(places[2])
         elif word == b"re":
             (x, y), (w, h) = places
-            paths.append(["box", (x, y), (x + w, y + h)])
+            shapes.append(("B", [(x, y), (x + w, y + h)]))
+        begun = word == b"m"
+        at = places[-1] if places else None
         numbers = []
-    return height / 72 * 25.4, [path for path in paths if len(path) > 1]  # a closed one ends in a bare move
+    return height / 72 * 25.4, shapes
 
 
 def off_sheet(places, sheet):
@@ -239,66 +236,55 @@ def off_segment(p, a, b):
 
 
 class Pen:
-    """Walks along the PDF's paths as the strokes of the list ask for it."""
+    """Walks along the PDF's shapes; one is done when each of its places is an entity's end."""
 
-    def __init__(self, paths):
-        self.paths, self.path, self.at, self.place = iter(paths), [None], 0, None
+    def __init__(self, shapes):
+        self.shapes, self.left = iter(shapes), []
 
-    def next_path(self):
-        assert self.at >= len(self.path) - 1, f"PDF: {self.path[self.at:]} is not in the list"
-        self.path, self.at = next(self.paths, [None]), 0
-        self.place = self.path[0]
-
-    def take_all(self):
-        self.next_path()
-        self.at = len(self.path) - 1
-        return self.path
-
-    def follow(self, a, b):
-        """Goes on to the other end of a stroke; False when the path has no such stroke here."""
-        for start, end in ((a, b), (b, a)):
-            if self.place is None or isinstance(self.place, str) or not near(start, self.place):
-                continue
-            for at in range(self.at, len(self.path) - 1):
-                if off_segment(end, self.path[at], self.path[at + 1]) <= 1.5 * NEAR:
-                    self.place = end
-                    self.at = at + 1 if near(end, self.path[at + 1]) else at
-                    return True
-                if not near(self.path[at + 1], self.place, 2 * NEAR):
-                    break  # the stroke does not end here
-        return False
+    def shape(self):
+        if not self.left:
+            self.kind, self.places = next(self.shapes, (None, []))
+            self.left = self.places
+        return self.kind, self.places
 
     def stroke(self, a, b):
-        if not self.follow(a, b) and not near(a, b, 2 * NEAR):  # less than Cairo's own steps may have melted away
-            self.next_path()
-            assert self.follow(a, b), f"PDF: {self.path[:3]} for {a} {b}"
+        kind, places = self.shape()
+        if kind == "L" and all(off_segment(end, *places) <= 1.5 * NEAR for end in (a, b)):
+            self.left = [place for place in self.left if not near(place, a) and not near(place, b)]
+        else:  # less than Cairo's own steps may have melted away
+            assert near(a, b, 2 * NEAR), f"PDF: {kind} {places} for {a} {b}"
+
+    def take(self, kind, row):
+        seen, places = self.shape()
+        assert seen == kind, f"PDF: {seen} {places} for {row}"
+        self.left = []
+        return places
 
 
 def check_pdf(path, rows, sheet):
-    height, paths = pdf_paths(path.read_bytes())
+    height, shapes = pdf_shapes(path.read_bytes())
     assert abs(height - sheet.height) < NEAR
-    pen = Pen(paths)
+    pen = Pen(shapes)
     for row in rows:
         if row.kind == "L":
             if seen := cut(*row.placed, sheet):
                 pen.stroke(*seen)
         elif row.dot:
             if sheet.holds(row.placed[0]):
-                dot = pen.take_all()
-                assert len(dot) == 2 and near(dot[0], row.placed[0]), f"PDF: {dot} for {row}"
+                dot = pen.take("L", row)
+                assert all(map(near, dot, row.placed * 2)), f"PDF: {dot} for {row}"
         elif off_sheet(row.placed if row.kind == "B" else row.arc(256), sheet):
             continue
         elif row.kind == "B":
-            kind, *corners = pen.take_all()
             # Cairo rounds corner and sides, each to the 256th of a point.
-            assert kind == "box" and all(map(near, corners, row.corners(), (NEAR, 2 * NEAR))), f"PDF: {corners} for {row}"
+            corners = pen.take("B", row)
+            assert all(map(near, corners, row.corners(), (NEAR, 2 * NEAR))), f"PDF: {corners} for {row}"
         else:
             (x, y), (wide, high) = row.placed[0], row.radii()
-            for place in pen.take_all():
-                if not isinstance(place, str):
-                    off = math.hypot(place[0] - x, (place[1] - y) * wide / high) - wide
-                    assert abs(off) < 2 * NEAR, f"PDF: {place} for {row}"
-    assert next(pen.paths, None) is None, "PDF: more than the list"
+            for place in pen.take("C", row):
+                off = math.hypot(place[0] - x, (place[1] - y) * wide / high) - wide
+                assert abs(off) < 2 * NEAR, f"PDF: {place} for {row}"
+    assert not pen.left and pen.shape() == (None, []), "PDF: more than the list"
 
 
 BOXES = ["chkOreAstronomiche", "Ck_DayLightCurves", "ck_Lemniscate", "ck_Italiche", "ckTemp", "ckArabi", "ckRomani",

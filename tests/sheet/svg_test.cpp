@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <regex>
 
 #include "sheet/paper_ink.hpp"
@@ -36,120 +35,62 @@ class SvgTest : public testing::Test {
 
 using Texts = std::vector<std::string>;
 
-TEST_F(SvgTest, TheSheetIsAtTrueScaleInMillimetresAndItsAxesTurnAsOnTheSheet) {
+TEST_F(SvgTest, TheSheetIsAtTrueScaleInMillimetresAndTextsAreNotMirrored) {
   EXPECT_EQ(countOf(svg(), "width=\"400mm\" height=\"300mm\" viewBox=\"0 0 400 300\""), 1u);
-  sheet.xLine(0, 0, 0.1, -0.0500004, kWhite);
-  sheet.xLine(0, 0, 0.1, -0.05, kWhite, {.layer = sheet.layer("AssiXY")});
   sheet.Dati("stays", 0.1, 0);
-  sheet.Scala(10);  // the screen's, which doesn't matter
   sheet.invertX();
-  EXPECT_EQ(paths(), (Texts{"M200 150L100 100", "M200 150L300 100"}));
   EXPECT_EQ(all("<text x=\"([^\"]*)\""), Texts{"300"});
 }
 
 TEST_F(SvgTest, AStrokeThatSharesAnEndGoesOnWithThePath) {
-  struct Case {
-    std::vector<Segment> strokes;
-    const char* path;
-  };
-  const Case kCases[] = {
-      {{{1, 0, 0, 0}, {3, 0, 1, 0}, {6, 0, 3, 0}}, "M200 150L210 150L230 150L260 150"},  // backward
-      {{{0, 0, 1, 0}, {1, 0, 3, 0}, {3, 0, 6, 0}}, "M200 150L210 150L230 150L260 150"},
-      {{{1, 0, 0, 0}, {0, 0, 0, 9}, {0, 9, 0, 9}}, "M210 150L200 150L200 240"},  // a last one of no
-      {{{0, 0, 1, 0}, {0, 0, 0, 1}}, "M210 150L200 150L200 160"}};               // length
-  for (const Case& one : kCases) {
-    sheet.Clear();
-    for (const auto& [x1, y1, x2, y2] : one.strokes)
-      sheet.xLine(x1 / 100, y1 / 100, x2 / 100, y2 / 100, kWhite);
-    EXPECT_EQ(paths(), Texts{one.path});
-  }
-}
-
-TEST_F(SvgTest, AnotherColourWidthLayerOrPlaceBeginsAPath) {
-  sheet.xLine(0, 0, 0.01, 0, kWhite);
-  sheet.xLine(0.01, 0, 0.02, 0, palette(12));
-  sheet.xLine(0.02, 0, 0.03, 0, palette(12), {.width = 4});
-  sheet.xLine(0.03, 0, 0.04, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
-  sheet.xLine(0.05, 0, 0.06, 0, palette(12), {.width = 4, .layer = sheet.layer("other")});
-  EXPECT_EQ(paths().size(), 5u);
+  const LayerId other = sheet.layer("other");
+  for (const double x : {0.0, 0.01}) sheet.xLine(x, 0, x + 0.01, 0, kWhite);
+  for (const double x : {0.03, 0.04}) sheet.xLine(x, 0, x - 0.01, 0, palette(12));
+  sheet.xLine(0.04, 0, 0.05, 0, palette(12), {.width = 4});
+  sheet.xLine(0.05, 0, 0.06, 0, palette(12), {.width = 4, .layer = other});
+  sheet.xLine(0.07, 0, 0.08, 0, palette(12), {.width = 4, .layer = other});
+  EXPECT_EQ(paths(), (Texts{"M200 150L210 150L220 150", "M220 150L230 150L240 150",
+                            "M240 150L250 150", "M250 150L260 150", "M270 150L280 150"}));
   EXPECT_EQ(countOf(svg(), "stroke-width=\"1\""), 3u);
 }
 
 TEST_F(SvgTest, PointsOfACurveAreOnePathOfRoundDots) {
-  for (const double x : {0.0, 0.01}) sheet.xPset(x, 0, palette(12));
   sheet.xPset(0.03, 0, palette(9));
   sheet.xCircle(0.04, 0, 0, palette(9));  // without a radius
-  EXPECT_EQ(paths(), (Texts{"M200 150h0M210 150h0", "M230 150h0M240 150h0"}));
+  EXPECT_EQ(paths(), Texts{"M230 150h0M240 150h0"});
   EXPECT_EQ(countOf(svg(), "stroke-linecap=\"round\""), 1u);
 }
 
-TEST_F(SvgTest, LayersAreGroupsInTheOrderOfTheirFirstInk) {
-  const LayerId eq = sheet.layer("eq");
-  sheet.xLine(0, 0, 0, 0, kWhite, {.layer = sheet.layer("empty")});
-  sheet.xLine(0, 0, 0.1, 0, kWhite, {.layer = eq});
-  sheet.xPset(0, 0, kWhite);
-  sheet.xLine(0.1, 0, 0.2, 0, kWhite, {.layer = eq});
-  sheet.Dati("words", 0, 0);
-  EXPECT_EQ(all("inkscape:groupmode=\"layer\" id=\"([^\"]*)\""),
-            (Texts{"layer1", "layer2", "texts"}));
-  EXPECT_EQ(all("inkscape:label=\"([^\"]*)\""), (Texts{"eq", "0", "texts"}));
-  EXPECT_EQ(paths(), (Texts{"M200 150L300 150L400 150", "M200 150h0"}));
-}
-
-TEST_F(SvgTest, ShapesHaveTheirOutlineAndOnlyTheClosedOnesAFill) {
+TEST_F(SvgTest, OnlyClosedShapesHaveAFill) {
   const double quarter = std::acos(0);
   sheet.xCircle(0, 0, 0.1, kWhite, {.fill = 255, .endAngle = quarter});
   sheet.xCircle(0, 0, 0.1, kWhite, {.fill = 255, .startAngle = -quarter, .endAngle = -2 * quarter});
-  sheet.xCircle(0, 0, 0.1, kWhite, {.startAngle = -quarter, .endAngle = 2 * quarter});
   sheet.xPlineStart({});
   for (const double y : {0.0, 0.1}) sheet.xPLineVertex(0.1, y, palette(12), {});
   sheet.xPlineEnd({});
   EXPECT_EQ(paths(), (Texts{"M300 150A100 100 0 0 0 270.711 79.289A100 100 0 0 0 200 50",
                             "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150z",
-                            "M200 150L200 50A100 100 0 0 0 129.289 79.289A100 100 0 0 0 100 150",
                             "M300 150L300 250"}));
   EXPECT_EQ(countOf(svg(), " fill=\"#ff0000\""), 1u);
   sheet.xCircle(0, 0, 0.05, palette(12), {.fill = palette(9), .startAngle = 1});
-  for (const double aspect : {0.5, 2.0}) sheet.xCircle(0, 0, 0.05, kWhite, {.aspect = aspect});
   sheet.xBox(0.1, 0.05, -0.1, -0.05, palette(12), true);
-  for (const char* shape :
-       {"fill=\"#0000ff\" cx=\"200\" cy=\"150\" r=\"50\"/>", "rx=\"50\" ry=\"25\"/>",
-        "rx=\"25\" ry=\"50\"/>",
-        "fill=\"#ff0000\" x=\"100\" y=\"100\" width=\"200\" height=\"100\"/>"}) {
+  for (const char* shape : {"fill=\"#0000ff\" cx=\"200\"", "fill=\"#ff0000\" x=\"100\""})
     EXPECT_EQ(countOf(svg(), shape), 1u) << shape;
-  }
-}
-
-TEST_F(SvgTest, WhatIsFarIsCutOrLeftOut) {
-  const double huge = std::numeric_limits<double>::max();
-  sheet.xLine(huge, huge, -huge, huge, kWhite);
-  sheet.xCircle(huge, 0, 1, kWhite);
-  sheet.xCircle(0, 0, -1, kWhite);
-  sheet.xBox(0, 0, huge, 1, kWhite, true);
-  sheet.xLine(0, 0, 1e9, 0, kWhite);
-  EXPECT_EQ(paths(), Texts{"M200 150L400 150"});
-  EXPECT_EQ(countOf(svg(), "<circle") + countOf(svg(), "<rect"), 0u);
 }
 
 TEST_F(SvgTest, InksAreForWhitePaperUnlessTheDarkSheetIsAskedFor) {
-  sheet.xLine(0, 0, 0.1, 0, kWhite);
   sheet.xLine(0, 0, 0.1, 0, palette(14));
   sheet.xCircle(0, 0, 0.1, palette(12), {.fill = kBlack});
-  const std::string paper = svg(), dark = svg(true);
-  EXPECT_EQ(countOf(paper, "#ffffff"), 1u) << "a fill of the ground's colour";
-  EXPECT_EQ(countOf(paper, "#000000"), 1u);
-  EXPECT_EQ(countOf(paper, "#ffff00"), 0u);
-  for (const char* own : {"stroke=\"#ffffff\"", "stroke=\"#ffff00\"",
-                          "<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"}) {
-    EXPECT_EQ(countOf(dark, own), 1u) << own;
-  }
+  EXPECT_EQ(countOf(svg(), "#ffffff"), 1u) << "a fill of the ground's colour";
+  EXPECT_EQ(countOf(svg(), "#ffff00"), 0u);
+  EXPECT_EQ(countOf(svg(true), "stroke=\"#ffff00\""), 1u);
+  EXPECT_EQ(countOf(svg(true), "<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"), 1u);
 }
 
 TEST_F(SvgTest, TextsStandBelowTheirUpperLeftCornerInTheSheetsScale) {
   for (const char* text : {"one", "   "}) sheet.Dati(text, -0.2, -0.15);
   sheet.Dati("two");
   EXPECT_EQ(all("<text x=\"0\" y=\"([^\"]*)\""), (Texts{"2.619", "6.058"}));
-  EXPECT_EQ(all("font-size=\"([^\"]*)\""), Texts{"2.822"});
   sheet.Scala(10);
   EXPECT_EQ(all("font-size=\"([^\"]*)\""), Texts{"28.219"});
 }
@@ -164,19 +105,17 @@ TEST_F(SvgTest, HostileNamesAndTextsAreEscaped) {
 }
 
 TEST(PaperInkTest, NoInkIsLighterThanRedAndTheDarkOnesStay) {
-  const auto light = [](Rgb colour) {  // relative luminance
-    return 0.2126 * std::pow(redOf(colour) / 255.0, 2.2) +
-           0.7152 * std::pow(greenOf(colour) / 255.0, 2.2) +
-           0.0722 * std::pow(blueOf(colour) / 255.0, 2.2);
-  };
   for (int number = 0; number < 16; ++number) {
-    const Rgb ink = inkOnPaper(palette(number));
+    const auto light = [](Rgb colour) {  // relative luminance
+      return 0.2126 * std::pow(redOf(colour) / 255.0, 2.2) +
+             0.7152 * std::pow(greenOf(colour) / 255.0, 2.2) +
+             0.0722 * std::pow(blueOf(colour) / 255.0, 2.2);
+    };
+    const Rgb own = palette(number), ink = inkOnPaper(own);
     EXPECT_LT(light(ink), 0.22) << number;
-    EXPECT_EQ(ink == palette(number), light(palette(number)) < 0.21 || number == 12) << number;
+    EXPECT_EQ(ink == own, light(own) < 0.21 || number == 12) << number;
+    EXPECT_EQ(redOf(own) == greenOf(own), redOf(ink) == greenOf(ink)) << "the hue stays " << number;
   }
-  const Rgb yellow = inkOnPaper(palette(14));
-  EXPECT_EQ(redOf(yellow), greenOf(yellow)) << "the hue stays";
-  EXPECT_EQ(blueOf(yellow), 0);
 }
 
 }  // namespace

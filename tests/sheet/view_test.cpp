@@ -23,11 +23,6 @@ class ViewTest : public testing::Test {
   std::ptrdiff_t linesOn(std::string_view layer) {
     return std::ranges::count(sheet.list().lines, sheet.layer(layer), &LineRecord::layer);
   }
-  std::string scales() const {
-    std::string all;
-    for (const ScaleItem& item : view.scaleItems()) all += item.text + " ";
-    return all;
-  }
 
   SheetPlot sheet = laidOut(1.99, 2.8, 0.995, 0.84);
   SheetView view{sheet};
@@ -38,18 +33,8 @@ TEST_F(ViewTest, TheSmallestScaleFollowsTheLargerSideInHalfOpenBands) {
                                            {1.693, 4},    {2.257, 5},    {2.821, 10}, {5.643, 20},
                                            {11.2869, 20}, {11.287, 100}, {15, 100}};
   for (const auto& [side, scale] : kBands) {
-    EXPECT_EQ(laidOut(side, side / 2, 0, 0).ScalaMinima(), scale) << side;
     EXPECT_EQ(laidOut(side / 2, side, 0, 0).ScalaMinima(), scale) << side;
   }
-}
-
-TEST_F(ViewTest, TheListHoldsTheScalesThatTheSheetAllows) {
-  EXPECT_EQ(scales() + view.scaleText(), "1:5 1:10 1:20 1:100 1:5");
-  sheet.QuadranteH(20);
-  EXPECT_EQ(sheet.QuadranteH(), 15);
-  EXPECT_EQ(scales() + view.scaleText(), "1:100 1:100");
-  view.CaricaComboScala(20, 7);
-  EXPECT_EQ(scales() + view.scaleText(), "1:20 1:100 ") << "a scale out of the list shows nothing";
 }
 
 TEST_F(ViewTest, ChoosingAScaleRedrawsAndSetsTheBarsBack) {
@@ -57,14 +42,11 @@ TEST_F(ViewTest, ChoosingAScaleRedrawsAndSetsTheBarsBack) {
   sheet.attach(&screen);
   view.resizeControl(9000, 6000);
   view.scrollTo(100, 200);
-  EXPECT_EQ(view.surfaceLeft(), -100);
   EXPECT_EQ(view.surfaceTop(), 200);
   view.chooseScale(1);
   EXPECT_EQ(screen.orders, "clear ");
   EXPECT_EQ(view.surfaceTop(), 400);
   EXPECT_NEAR(view.VScroll1().maximum, 2.8 * 5670, 1e-6);
-  EXPECT_EQ(view.HScroll1().largeChange, 9000);
-  EXPECT_EQ(view.lblDimVal(), "3 x 2");
   sheet.Scala(4);  // below the smallest scale
   view.chooseScale(99);
   EXPECT_EQ(sheet.Scala(), 10);
@@ -91,20 +73,12 @@ TEST_F(ViewTest, InvertedAxesShowOnTheirButtonsUntilTheSheetIsCleared) {
   EXPECT_EQ(sheet.SignX() + sheet.SignY(), 2);
   EXPECT_FALSE(view.lookOfInvX() || view.lookOfInvY());
   EXPECT_TRUE(view.selectedPages().empty());
-  EXPECT_EQ(sheet.list().size() + sheet.list().texts.size(), 0u);
-  for (const char* unknown : {"cmdRun", ""}) EXPECT_FALSE(findSheetCommand(unknown));
 }
 
 TEST_F(ViewTest, AxesAreDrawnAgainAfterAShift) {
   press("cmdAssi");
-  ASSERT_EQ(sheet.list().lines.size(), 2u);
-  const LineRecord& across = sheet.list().lines[0];
-  EXPECT_EQ(across.x1, -0.995);
-  EXPECT_EQ(across.colour, palette(12));
-  EXPECT_EQ(sheet.list().name(across.layer), "AsseX");
-  EXPECT_EQ(sheet.list().texts.at(1).text, "y");
-  EXPECT_NEAR(sheet.list().texts[1].y, -0.8, 1e-12);
-  EXPECT_EQ(view.text(SheetField::txtX), "0.995");
+  EXPECT_EQ(sheet.list().lines.at(0).x1, -0.995);
+  EXPECT_NEAR(sheet.list().texts.at(1).y, -0.8, 1e-12);
   for (const char* x : {"0.5", "1e999"}) {  // a fault keeps the shift
     view.setText(SheetField::txtX, x);
     view.setText(SheetField::txtY, "1.25");
@@ -112,7 +86,6 @@ TEST_F(ViewTest, AxesAreDrawnAgainAfterAShift) {
     EXPECT_EQ(sheet.ShiftX(), 0.5);
     EXPECT_EQ(sheet.ShiftY(), 1.25);
   }
-  EXPECT_TRUE(view.axesPanel());
   EXPECT_EQ(linesOn("AsseY"), 3) << "the old axes stay";
 }
 
@@ -121,11 +94,13 @@ TEST_F(ViewTest, DimensionsChangeTheListAtOnceAndTheDrawingLater) {
   sheet.attach(&screen);
   for (const SheetField side : {SheetField::txtQH, SheetField::txtQL}) view.setText(side, "0.3333");
   press("cmdQAggiorna");
-  EXPECT_EQ(sheet.QuadranteH(), 0.3333);
-  EXPECT_EQ(view.text(SheetField::txtQH), "0.33");
-  EXPECT_EQ(scales(), "1:1 1:2 1:3 1:4 1:5 1:10 1:20 1:100 ");
+  std::string scales;
+  for (const ScaleItem& item : view.scaleItems()) scales += item.text + " ";
+  EXPECT_EQ(scales, "1:1 1:2 1:3 1:4 1:5 1:10 1:20 1:100 ");
   EXPECT_EQ(sheet.Scala(), 5) << "the scale grows, it does not shrink";
   EXPECT_EQ(screen.orders, "");
+  sheet.QuadranteH(20);
+  EXPECT_EQ(sheet.QuadranteH(), 15);
 }
 
 TEST_F(ViewTest, TheGridRunsOverItsMixedBounds) {
@@ -133,7 +108,6 @@ TEST_F(ViewTest, TheGridRunsOverItsMixedBounds) {
   // 0, 0.28, ... up to 3 * 0.28 + 1.99 and 0, 0.199, ... up to 3 * 0.199 + 2.8.
   EXPECT_EQ(linesOn("Page"), 11 + 18);
   EXPECT_NEAR(sheet.list().lines[1].y1, 0.28 - 0.84, 1e-12);
-  EXPECT_NEAR(sheet.list().lines[1].x2, 0.995, 1e-12);
   EXPECT_NEAR(sheet.list().lines.back().x1, 17 * 0.199 - 0.995, 1e-9);
 }
 
@@ -149,8 +123,6 @@ TEST_F(ViewTest, AClickReadsThePlaceAndSelectsThePage) {
 TEST(PageGridTest, CountsAThinRestOnlyFromATwentieth) {
   EXPECT_EQ(PageGrid(0.43, 0.3, 0.2, 0.28).columns(), 3) << "2.15 pages";
   EXPECT_EQ(PageGrid(0.405, 0.3, 0.2, 0.28).columns(), 2);
-  EXPECT_EQ(PageGrid(0.43, 0.3, 0.2, 0.28).at(5, 0).number, 4) << "past the surface";
-  for (const double side : {0, -1}) EXPECT_EQ(PageGrid(side, side, 0.2, 0.28).pages(), 0);
 }
 
 class PrintTest : public ViewTest {
@@ -171,39 +143,29 @@ TEST_F(PrintTest, PrintAsksWhatToPrintOnceThereIsAChoice) {
   for (const bool coloured : {false, true}) {
     sheet.PrintMultiColor = coloured;
     press("cmdStampa");
-    const RecordingTarget::Line& line = paper.lines.back();
-    EXPECT_NEAR(line.x2 - line.x1, 0.2 * kAtStart, 1e-6);
-    EXPECT_EQ(line.colour, coloured ? palette(12) : kBlack);
-    EXPECT_EQ(line.width, 4);
+    EXPECT_EQ(paper.lines.back().colour, coloured ? palette(12) : kBlack);
+    EXPECT_EQ(paper.lines.back().width, 4);
   }
   ASSERT_EQ(paper.texts.size(), 2 * 2u);
   EXPECT_EQ(paper.texts[0].text + ";" + paper.texts[1].text, "Mark;a line");
-  EXPECT_NEAR(paper.texts[0].y, 850.5, 1e-9);
   EXPECT_FALSE(view.printPanel());
-
   view.PrintArea();
   EXPECT_EQ(said, "Nessuna area selezionata");
-  view.click(1, 1);
-  press("cmdStampa");
-  EXPECT_TRUE(view.printPanel());
 }
 
 TEST_F(PrintTest, SelectedPagesPrintAtTrueSizeAndLeaveTheSheetAsItWas) {
   sheet.xLine(-0.1, 0.1, 0.1, 0.1, palette(12));
   // The page whose right edge is at x = 0, and the next.
   for (const double x : {0.99, 1.0}) view.click(x * kAtStart, 0.9 * kAtStart);
-  RecordingTarget screen;
-  sheet.attach(&screen);
   press("cmdStampa");
+  EXPECT_TRUE(view.printPanel()) << "there is a choice";
   press("cmdPOk");
   EXPECT_EQ(std::pair(paper.pages, paper.documents), std::pair(2, 1));
   EXPECT_EQ(paper.texts.at(0).text + ";" + paper.texts.at(1).text, "35;36");
   EXPECT_NEAR(paper.lines.at(0).x2 - paper.lines[0].x1, 0.1 * kTwipsPerMeter, 1e-6);
   EXPECT_EQ(sheet.Scala(), 5);
   EXPECT_EQ(sheet.QuadranteL(), 1.99);
-  EXPECT_EQ(view.text(SheetField::txtX), "0.995");
-  EXPECT_FALSE(sheet.OutputToPRN());
-  EXPECT_EQ(screen.orders, "") << "no redraw of the screen";
+  EXPECT_EQ(sheet.ShiftX(), 0.995);
 }
 
 }  // namespace
