@@ -6,7 +6,6 @@
 
 #include "ui/application.hpp"
 #include "ui/az_drawing.hpp"
-#include "ui/az_instructions.hpp"
 
 namespace dialwright {
 namespace {
@@ -68,13 +67,6 @@ TEST_F(BoardWindowTest, TransfersTheSiteOnlyWhenAsked) {
   button("cmdTrans").click();
   EXPECT_EQ(program.panel().text(Field::txtLAT), "10.25");
   EXPECT_EQ(transfers.size(), 1);
-}
-
-TEST_F(BoardWindowTest, ShowsItsInstructionsAndCloses) {
-  button("cmdInfo").click();
-  EXPECT_TRUE(window.findChild<AzInstructions*>()->isVisible());
-  button("cmdExit").click();
-  EXPECT_FALSE(window.isVisible());
 }
 
 // The sun stands to the left of one who faces the wall, so that the shadow of a positive az falls
