@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "app/drivers.hpp"
 #include "app/workplace.hpp"
 
 namespace dialwright {
@@ -31,10 +30,6 @@ TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
   std::filesystem::remove(folder / "DialwrightDXF");
   folder.put("DialwrightDXF", "a file in its place");
   EXPECT_EQ(start().CartellaDXF(), folder / "DialwrightDXF");
-}
-
-TEST(Drivers, DrawEveryDialThatIsNotSilent) {
-  for (const Item dial : dialItems()) EXPECT_NE(draws(dial), isSilent(dial)) << rowOf(dial).name;
 }
 
 TEST_F(ProgramTest, TheDataButtonWritesAfterTheFirstRun) {

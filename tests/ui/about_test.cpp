@@ -15,26 +15,19 @@ namespace {
 
 class AboutTest : public ::testing::Test, protected Workplace {};
 
-TEST_F(AboutTest, StartsTheSystemsToolOrSaysThatThereIsNone) {
-  std::vector<std::string> said;
-  program.ports.message = [&](std::string_view text) { said.emplace_back(text); };
+TEST_F(AboutTest, SaysThatThereIsNoToolOfTheSystem) {
+  std::string said;
+  program.ports.message = [&said](std::string_view text) { said = text; };
   AboutWindow window(program);
   EXPECT_EQ(named<QLabel>("lblVersion", window).text(), "Version " DIALWRIGHT_VERSION);
-  QAbstractButton& system = named<QAbstractButton>("cmdSysInfo", window);
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", QByteArray::fromStdString(folder.path().string()));
-  system.click();
-  EXPECT_EQ(said, std::vector<std::string>{"System Information Is Unavailable At This Time"});
-
-  folder.put("hardinfo", "#!/bin/sh\n: > \"$0.started\"\n");
-  std::filesystem::permissions(folder / "hardinfo", std::filesystem::perms::owner_all);
-  system.click();
+  named<QAbstractButton>("cmdSysInfo", window).click();
   qputenv("PATH", path);
-  const auto started = [this] { return std::filesystem::exists(folder / "hardinfo.started"); };
-  EXPECT_TRUE(QTest::qWaitFor(started, 20000));
+  EXPECT_EQ(said, "System Information Is Unavailable At This Time");
 }
 
-TEST_F(AboutTest, TheSplashGoesByAClickAKeyOrByItself) {
+TEST_F(AboutTest, TheSplashGoesByAClickOrByItself) {
   QPointer<QWidget> splash;
   const auto show = [&] {
     Splash::show(program);
@@ -47,10 +40,6 @@ TEST_F(AboutTest, TheSplashGoesByAClickAKeyOrByItself) {
   ASSERT_TRUE(visible());
   EXPECT_EQ(named<QLabel>("lblVersion", *splash).text(), "Release " DIALWRIGHT_VERSION);
   QTest::mouseClick(splash, Qt::LeftButton);
-  EXPECT_FALSE(visible());
-  show();
-  QWidget other;  // a key may be pressed anywhere
-  QTest::keyPress(&other, Qt::Key_A);
   EXPECT_FALSE(visible());
   show();
   EXPECT_TRUE(visible());

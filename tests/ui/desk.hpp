@@ -4,7 +4,6 @@
 
 #include <QLineEdit>
 #include <QStringList>
-#include <string>
 
 #include "ui/application.hpp"
 #include "ui/main_window.hpp"
