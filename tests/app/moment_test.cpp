@@ -14,22 +14,6 @@ Panel universal() {
   return panel;
 }
 
-// Positions of a published ephemeris (JPL DE405 by the library ephem): degrees.
-TEST(Moment, SunStandsWhereAnEphemerisHasIt) {
-  const Panel panel = universal();
-  struct Case {
-    proof::Instant clock;
-    double height, azimuth;
-  };
-  for (const Case& c :
-       {Case{{2026, 6, 21, 10.5}, 56.894, -57.959}, Case{{1810, 2, 3, 14.25}, 24.305, 24.098},
-        Case{{2190, 11, 30, 8.75}, 7.118, -48.586}}) {
-    const SkyPlace at = placeInSky(panel, sunAt(panel, c.clock));
-    EXPECT_NEAR(at.height, c.height, 0.01);
-    EXPECT_NEAR(at.azimuth, c.azimuth, 0.01);
-  }
-}
-
 TEST(Moment, DialTellsLocalTimeOrThatOfTheZone) {
   Panel panel = universal();
   panel.setText(Field::txtLON, "-7.5");

@@ -1,36 +1,17 @@
 // The running program: start-up, new sheets, runs apart, the buttons of the map.
-#include "app/program.hpp"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "app/drivers.hpp"
-#include "sheet/entity_list.hpp"
-#include "support/folder.hpp"
+#include "app/workplace.hpp"
 
 namespace dialwright {
 namespace {
 
-class ProgramTest : public ::testing::Test {
- protected:
-  Program start(const char* language = "") const {
-    return Program({folder.path(), DIALWRIGHT_DATA_DIR, language});
-  }
-
-  const Folder folder;
-};
-
-// To be compared with ==: to tell where texts of this length differ takes gigabytes.
-std::string entitiesOf(const Program& program) {
-  std::string list;
-  writeEntityList(program.sheet().list(), [&](std::string_view chunk) { list += chunk; });
-  return list;
-}
+class ProgramTest : public ::testing::Test, protected Workplace {};
 
 // Their middles differ by a digit.
 TEST_F(ProgramTest, StartsAsAfterAClickOnProgramOneAndGivesNewSheets) {
-  Program program = start();
   EXPECT_EQ(program.panel().chosen(), Item::M_Light);
   EXPECT_EQ(program.panel().text(Field::TxtInizio), "9");
   EXPECT_DOUBLE_EQ(program.sheet().ShiftY(), 2.80 / 3.333333);
@@ -51,62 +32,16 @@ TEST_F(ProgramTest, StartsWhereItsExportFolderCannotBe) {
   EXPECT_EQ(start().CartellaDXF(), folder / "DialwrightDXF");
 }
 
-TEST(Drivers, DrawEveryDialThatIsNotSilent) {
-  for (const Item dial : dialItems()) EXPECT_NE(draws(dial), isSilent(dial)) << rowOf(dial).name;
-}
-
-// Fields that make no surface have no shadow: a cone that widens.
-TEST_F(ProgramTest, TrueShadowsOfSenselessFieldsAreNone) {
-  const auto lines = [&](const char* lower, bool onlyTrue) {
-    Program program = start();
-    program.click(Item::mnuCorncon);
-    program.type(Field::TxtStilo, lower);
-    program.panel().setState(Field::ckTrue, onlyTrue);
-    program.CmdRun_Click();
-    return program.sheet().list().lines.size();
-  };
-  EXPECT_GT(lines("0.6", false), 10000u);
-  EXPECT_LT(lines("0.6", true), 100u);
-  EXPECT_GT(lines("0.3", true), 10000u);
-}
-
 TEST_F(ProgramTest, TheDataButtonWritesAfterTheFirstRun) {
-  Program program = start("it");
-  EXPECT_EQ(program.press("cmdData"), Press::Disabled);
-  program.CmdRun_Click();
-  EXPECT_EQ(program.press("cmdData"), Press::Done);
-  const auto& texts = program.sheet().list().texts;
+  Program italian = start("it");
+  EXPECT_EQ(italian.press("cmdData"), Press::Disabled);
+  italian.CmdRun_Click();
+  EXPECT_EQ(italian.press("cmdData"), Press::Done);
+  const auto& texts = italian.sheet().list().texts;
   EXPECT_EQ(std::ranges::count(texts, "Elevazione dello stilo  -42.48719°", &TextRecord::text), 1);
 }
 
-// A run apart, adopted, is the run itself: list, layers, meanings, texts at the cursor, record.
-TEST_F(ProgramTest, AdoptsARunAsIfItWereItsOwn) {
-  Program own = start(), apart = start();
-  for (Program* program : {&own, &apart}) {
-    program->sheet().list().keepMeanings(true);
-    program->view().press(SheetCommand::CmdGriglia);
-  }
-  for (const Item dial : {Item::M_Light, Item::mnuUni, Item::mnuBall}) {
-    own.click(dial);
-    own.CmdRun_Click();
-    apart.click(dial);
-    SpareRun run = apart.prepareRun(false);
-    apart.make(run, {});
-    EXPECT_EQ(run.result, RunResult::Drawn);
-    apart.adopt(std::move(run));
-    EXPECT_EQ(apart.press("cmdData"), own.press("cmdData"));
-    EXPECT_TRUE(entitiesOf(apart) == entitiesOf(own)) << rowOf(dial).name;
-    EXPECT_EQ(apart.sheet().caption(), own.sheet().caption());
-    EXPECT_EQ(apart.params().PiGreco, own.params().PiGreco);
-  }
-  const DisplayList &list = apart.sheet().list(), &due = own.sheet().list();
-  for (std::size_t line = 0; line < list.lines.size(); ++line) {
-    ASSERT_EQ(list.meaningOfLine(line).family, due.meaningOfLine(line).family);
-  }
-}
-
 TEST_F(ProgramTest, KeepsWhatTheUserHasMadeOfPanelAndSheetWhenARunTakesItsPlace) {
-  Program program = start();
   program.click(Item::mnuBall);
   program.type(Field::txtDecl, "12");  // which the ball dial's run sets to 0
   program.view().press(SheetCommand::CmdGriglia);
@@ -126,7 +61,6 @@ TEST_F(ProgramTest, KeepsWhatTheUserHasMadeOfPanelAndSheetWhenARunTakesItsPlace)
 }
 
 TEST_F(ProgramTest, AsksBeforeAProjectIsClosed) {
-  Program program = start();
   SalvaProgetto(folder / "a.sun", program.panel(), program.sheet());
   program.CaricaProgetto(folder / "a.sun");
   program.CmdRun_Click();
@@ -141,15 +75,12 @@ TEST_F(ProgramTest, AsksBeforeAProjectIsClosed) {
 }
 
 TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
-  Program program = start();
   EXPECT_EQ(program.press("cmdNothing"), Press::Unknown);
   EXPECT_EQ(program.press("cmdPlot"), Press::Disabled) << "program 1 has no map";
   program.click(Item::mnuUni);
   EXPECT_EQ(program.press("cmdPlot"), Press::Disabled) << "not before it is loaded";
   EXPECT_EQ(program.press("cmdStati"), Press::Done);
   EXPECT_EQ(program.panel().text(Field::cmbStati), kWholeWorld);
-  EXPECT_FALSE(program.panel()[Field::Distance1].visible);
-  EXPECT_TRUE(program.panel()[Field::lblFiltro].visible);
   EXPECT_EQ(program.press("cmdPlot"), Press::Done);
   EXPECT_EQ(program.press("Option_P"), Press::Done);
   EXPECT_FALSE(program.panel().on(Field::Option_P));
@@ -157,7 +88,6 @@ TEST_F(ProgramTest, LoadsAndPlotsTheMapOnTheDialsThatShowIt) {
 
 // A map by the style of the run, on a panel that has another one by now, is no shadow of that one.
 TEST_F(ProgramTest, JudgesAPressAfterTheRunWithTrueShadows) {
-  Program program = start();
   program.click(Item::mnuUni);
   program.type(Field::txtLON, "0");
   program.click(Field::ckTrue, true);

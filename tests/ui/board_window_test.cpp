@@ -5,8 +5,6 @@
 #include <QPlainTextEdit>
 
 #include "ui/application.hpp"
-#include "ui/az_drawing.hpp"
-#include "ui/az_instructions.hpp"
 
 namespace dialwright {
 namespace {
@@ -50,47 +48,21 @@ TEST_F(BoardWindowTest, AFieldIsReplacedWholeAndTakesNumbersOnly) {
   EXPECT_EQ(text("txtLON").text().left(6), "12.643");
 }
 
-TEST_F(BoardWindowTest, CalculatesWhatStandsInTheFieldAndTellsTheWindow) {
+TEST_F(BoardWindowTest, TransfersResultsAtOnceAndTheSiteWhenAsked) {
   EXPECT_GE(text("txtYear").text().toInt(), 2024) << "it opens at this moment";
   enter("txtAngle", "12.5", Qt::Key_Return);
   EXPECT_EQ(transfers.size(), 1);
   const QString told = named<QPlainTextEdit>("txtResult", window).toPlainText();
   EXPECT_TRUE(told.contains("Declination of the dial: "));
   EXPECT_NE(program.panel().text(Field::txtDelta), "23.45");
-}
 
-TEST_F(BoardWindowTest, TransfersTheSiteOnlyWhenAsked) {
   const std::string site = program.panel().text(Field::txtLAT);
   EXPECT_EQ(text("txtLAT").text().toStdString(), site);
   enter("txtLAT", "10.25");
   EXPECT_EQ(program.panel().text(Field::txtLAT), site);
-  EXPECT_TRUE(transfers.empty());
   button("cmdTrans").click();
   EXPECT_EQ(program.panel().text(Field::txtLAT), "10.25");
-  EXPECT_EQ(transfers.size(), 1);
-}
-
-TEST_F(BoardWindowTest, ShowsItsInstructionsAndCloses) {
-  button("cmdInfo").click();
-  EXPECT_TRUE(window.findChild<AzInstructions*>()->isVisible());
-  button("cmdExit").click();
-  EXPECT_FALSE(window.isVisible());
-}
-
-// The sun stands to the left of one who faces the wall, so that the shadow of a positive az falls
-// to the right of the perpendicular and meets the wall there.
-TEST(AzDrawing, ThePositiveAngleHasItsShadowToTheRight) {
-  AzDrawing drawing([](std::string_view text) { return std::string(text); });
-  drawing.resize(520, 380);
-  const QImage image = drawing.grab().toImage();
-  double shadow = 0, sun = 0;  // how far to the right the colours stand, above and below
-  for (int y = 0; y < 380; ++y) {
-    for (int x = 0; x < 520; ++x) {
-      if (image.pixelColor(x, y).hslSaturation() > 100) (y < 230 ? shadow : sun) += x - 260;
-    }
-  }
-  EXPECT_GT(shadow, 0);
-  EXPECT_LT(sun, 0);
+  EXPECT_EQ(transfers.size(), 2);
 }
 
 }  // namespace

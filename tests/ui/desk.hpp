@@ -4,20 +4,11 @@
 
 #include <QLineEdit>
 #include <QStringList>
-#include <string>
 
-#include "sheet/entity_list.hpp"
 #include "ui/application.hpp"
 #include "ui/main_window.hpp"
 
 namespace dialwright {
-
-// To be compared with ==: to tell where texts of this length differ takes gigabytes.
-inline std::string entitiesOf(const Program& program) {
-  std::string list;
-  writeEntityList(program.sheet().list(), [&](std::string_view chunk) { list += chunk; });
-  return list;
-}
 
 struct Desk : Workplace {
   Desk() {

@@ -64,7 +64,6 @@ TEST(DialPicture, OfEachDialFillsItsCardAndBreaksOffWhenAsked) {
     for (int at = 0; at < size; ++at) {
       ink += image.pixelColor(at % 216, at / 216) != QColor(Qt::black) ? 1 : 0;
     }
-    EXPECT_EQ(size, 216 * 162);
     EXPECT_TRUE(0.02 < ink / size && ink / size < 0.6) << ink;
   }
   options.cancelled = [] { return true; };
