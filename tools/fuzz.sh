@@ -18,7 +18,7 @@ names=("$@")
 run() {
   local name=$1 own=build/fuzz/corpus/$1
   mkdir -p "$own"
-  nice -n 19 build/fuzz/bin/fuzz_"$name" -max_total_time=$((60 * minutes)) -timeout=60 -rss_limit_mb=4096 -max_len=16384 \
+  nice -n 19 build/fuzz/bin/fuzz_"$name" -max_total_time=$((60 * minutes)) -timeout=300 -rss_limit_mb=4096 -max_len=16384 \
     -artifact_prefix=build/fuzz/"$name"- -print_final_stats=1 "$own" fuzz/corpus/"$name" >build/fuzz/"$name".log 2>&1
 }
 

@@ -66,8 +66,7 @@ const Casters& Scene::castersOf(CurveFamily family) const {
 }
 
 bool Scene::isLit(const Place& place, Vec sunwards) const {
-  return sunwards.z >= kGrazing && dot(place.normal, sunwards) >= kGrazing &&
-         (!alsoLit || alsoLit(place, sunwards));
+  return sunwards.z >= kGrazing && dot(place.normal, sunwards) >= kGrazing;
 }
 
 std::optional<Vec> Scene::sunwardsAt(Punto spot, CurveFamily family, const Sun& sun) const {

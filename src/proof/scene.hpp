@@ -2,7 +2,6 @@
 // judgement of a point of the drawing.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -33,8 +32,6 @@ struct Scene {
   Sky sky{0};
   std::shared_ptr<const Surface> surface;
   std::vector<Casters> casters;
-  // A further condition of light, if any: the place, its normal, and the sun's direction.
-  std::function<bool(const Place&, Vec sunwards)> alsoLit;
 
   const Casters& castersOf(CurveFamily family) const;
   // Of a sun that leaves one of its numbers open, the one that the point itself tells is taken.

@@ -25,8 +25,7 @@ std::vector<Polyline> shadowOf(const Scene& scene, const Sun& sun) {
   const auto visit = [&](Vec point) {
     const auto spot = scene.surface->shadow(point, sunwards);
     const auto place = spot ? scene.surface->place(*spot) : std::nullopt;
-    const bool lit = place && dot(place->normal, sunwards) > 0 &&
-                     (!scene.alsoLit || scene.alsoLit(*place, sunwards));
+    const bool lit = place && dot(place->normal, sunwards) > 0;
     const bool jumps = lit && !line.empty() &&
                        std::hypot(spot->x - line.back().x, spot->y - line.back().y) > kJump;
     if (!lit || jumps) finish();
