@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <sstream>
+#include <thread>
 
 #include "app/drivers.hpp"
 #include "paper/picture.hpp"
@@ -189,7 +190,7 @@ TEST_F(Properties, AProjectDrawsWhatItsPanelDraws) {
   EXPECT_GT(compared, 24);
 }
 
-// One program runs while another one stands still in the middle of its run.
+// One program runs while another one stands still in the middle of its run, or runs in a thread.
 TEST_F(Properties, ProgramsDoNotMeet) {
   std::optional<RandomPanel> other;
   std::string drawnByOther;
@@ -208,6 +209,11 @@ TEST_F(Properties, ProgramsDoNotMeet) {
       };
       program->CmdRun_Click();
       EXPECT_TRUE(entityList(*program) == alone);
+      std::string beside;
+      std::thread thread([&] { beside = drawn(*other); });
+      EXPECT_TRUE(drawn(panel) == alone);
+      thread.join();
+      EXPECT_TRUE(beside == drawnByOther);
     }
     other = panel;
     drawnByOther = alone;

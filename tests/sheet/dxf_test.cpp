@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ctime>
 #include <regex>
 #include <string>
 
@@ -124,6 +125,16 @@ TEST_F(DxfTest, LayerNamesStayOnOneLineInWindows1252) {
     sheet.xLine(0, 0, 1, 1, kWhite, {.layer = sheet.layer(name)});
   }
   EXPECT_EQ(values(8), "23.445\xb0 a_b__c ____& _ _ 0 ");
+}
+
+TEST(DxfName, RunsTheDateTogether) {
+  std::tm now{};
+  now.tm_year = 106;
+  now.tm_mday = 5;
+  now.tm_hour = 10;
+  now.tm_min = 9;
+  now.tm_sec = 45;
+  EXPECT_EQ(DXF_DefaultName(now), "DXF20061510945");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
-// The about window, the splash, the icon, and the choice of light or dark.
+// The about window, the splash, the icon, and the colours of light and dark.
 #include "ui/about_window.hpp"
 
+#include <QColorSpace>
 #include <QFile>
 #include <QMenu>
 #include <QPointer>
@@ -50,6 +51,33 @@ TEST(Icon, IsTheOneThatPackagesInstall) {
   QFile file(DIALWRIGHT_SOURCE_DIR "/packaging/icons/dialwright.svg");
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   EXPECT_EQ(QString::fromUtf8(file.readAll()), iconSvg());
+}
+
+// The contrast of the Web Content Accessibility Guidelines, 1 to 21.
+double contrast(const QColor& a, const QColor& b) {
+  const auto linear = QColorSpace(QColorSpace::SRgb)
+                          .transformationToColorSpace(QColorSpace(QColorSpace::SRgbLinear));
+  const auto luminance = [&linear](const QColor& colour) {
+    const QColor light = linear.map(colour);
+    return 0.2126 * light.redF() + 0.7152 * light.greenF() + 0.0722 * light.blueF();
+  };
+  const double one = luminance(a) + 0.05, other = luminance(b) + 0.05;
+  return std::max(one, other) / std::min(one, other);
+}
+
+TEST(Palettes, EveryTextStandsOutFromItsGround) {
+  using P = QPalette;
+  constexpr std::pair<P::ColorRole, P::ColorRole> kPairs[] = {
+      {P::WindowText, P::Window},       {P::Text, P::Base},
+      {P::Text, P::AlternateBase},      {P::PlaceholderText, P::Base},
+      {P::ButtonText, P::Button},       {P::HighlightedText, P::Highlight},
+      {P::ToolTipText, P::ToolTipBase}, {P::Link, P::Base}};
+  for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+    for (const auto& [text, ground] : kPairs) {
+      EXPECT_GE(contrast(palette.color(text), palette.color(ground)), 4.5) << text;
+      EXPECT_GE(contrast(palette.color(P::Disabled, text), palette.color(P::Disabled, ground)), 3);
+    }
+  }
 }
 
 TEST_F(AboutTest, LightAndDarkAreChosenInAMenu) {

@@ -68,6 +68,13 @@ TEST(Demonstrations, TheFountainsPlanTakesTheLatitudeOfTheRunBefore) {
       const CircleRecord centre = dial.sheet.list().circles.at(1);
       const Spot tip = kFloor.tipShadow(0.2, sun(rad(latitude), rad(32.5), rad(23.45)));
       EXPECT_LT(distance({centre.x, -centre.y}, tip), 1e-8);
+      // The tangents run along the shadow's way, since base and rim are alike.
+      for (const auto& [ink, fromLast] : {std::pair{1, 2}, {10, 1}}) {
+        if (trueOnly) continue;
+        const LineRecord tangent = dial.linesIn(palette(ink)).end()[-fromLast];
+        EXPECT_NEAR(std::abs(tangent.x1 - tangent.x2), std::abs(tip.x), 1e-8);
+        EXPECT_NEAR(std::abs(tangent.y1 - tangent.y2), std::abs(tip.y), 1e-8);
+      }
     }
     EXPECT_EQ(dial.panel.text(Field::txtDecl), "0");
   }
